@@ -1,27 +1,34 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <memory>
 #include <vector>
 
 #include "host/HostModel.h"
 
 namespace kestrel {
 
-/// One task that carries factors, with everything that an iteration needs of it. Fetched once,
-/// when the analysis is prepared: a host call costs far more than the arithmetic.
+/// One task that carries factors. Its groups and cost items are ranges of the flat lists of
+/// AnalysisState; each range starts where the one before it ends.
 struct FactorTask {
     host::TaskPtr task;
-    bool ordinary = true;              ///< impacts are applied to ordinary tasks only
-    std::vector<std::int32_t> series;    ///< factor IDs of the series group, in field order
-    std::vector<std::int32_t> parallel;  ///< factor IDs of the parallel group, in field order
-    std::vector<std::shared_ptr<host::CostItem>> costItems;
-    std::string label;                 ///< "20 - Drawings", for messages
+    bool ordinary = true;        ///< impacts are applied to ordinary tasks only
+    std::uint32_t seriesEnd = 0;    ///< in groupFactors: end of the series group
+    std::uint32_t parallelEnd = 0;  ///< in groupFactors: end of the parallel group
+    std::uint32_t costEnd = 0;      ///< in costItems
 };
 
-/// The state of one analysis, rebuilt by every preparation.
+/// This iteration's multipliers of one factor: 1 and 1 when it does not occur.
+struct Impact {
+    double duration = 1.0;
+    double cost = 1.0;
+};
+
+/// The state of one analysis, rebuilt by every preparation. What an iteration needs of the host
+/// is fetched once and kept flat: a host call costs far more than the arithmetic.
 struct AnalysisState {
     bool active = false;         ///< an analysis of a plan that holds factors is under way
+    bool broken = false;         ///< a handler failed: no further figures of this analysis count
     bool logIterations = false;  ///< write each task's factors into "Risk Factors Iterations"
 
     host::PlanPtr plan;  ///< the plan that the event delivered
@@ -29,9 +36,18 @@ struct AnalysisState {
     std::shared_ptr<host::AnalysisOptions> options;
     std::shared_ptr<host::SummaryTask> summary;
 
-    std::vector<FactorTask> factorTasks;     ///< tasks with at least one factor, in plan order
-    std::vector<double> baseCosts;           ///< costs before the analysis; see PrepareAnalysis
-    std::vector<std::int32_t> visits;        ///< per factor: visits by tasks in one iteration
+    std::vector<FactorTask> factorTasks;       ///< tasks with at least one factor, in plan order
+    std::vector<std::uint32_t> groupFactors;   ///< register indices, series then parallel group
+    std::vector<std::shared_ptr<host::CostItem>> costItems;  ///< of the factor tasks
+    std::vector<std::int32_t> visits;          ///< per factor: visits by tasks in one iteration
+
+    /// Costs before the analysis of every task whose field text is not empty. A text without any
+    /// ID makes this list longer than costItems; they are paired by running position all the same.
+    std::vector<double> baseCosts;
+
+    std::vector<double> randomNumbers;  ///< per factor: the number drawn in this iteration
+    std::vector<Impact> impacts;        ///< per factor: its impact in this iteration
+
     std::vector<double> ProjectFinishSamples;  ///< plan finish of each iteration, day serials
     std::vector<double> ProjectCostSamples;    ///< plan cost of each iteration
 };

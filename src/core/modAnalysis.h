@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/modGlobals.h"
+
+/// The add-in's part in one risk analysis of the host. A failing host call ends the step and
+/// travels on to the caller; nothing is rolled back.
+namespace kestrel {
+
+/// Names of the host groups that hold the factors' sampled variables.
+inline constexpr const char* kDurationGroup = "RISKFACTORTASKS";
+inline constexpr const char* kCostGroup = "RISKFACTORCOST";
+inline constexpr const char* kFactorGroupPrefix = "RISKFACTOR";
+
+/// Before the analysis: loads the register, gives the host one sampled variable per factor for
+/// its duration impact and one for its cost impact (percent x 100), lists the tasks that carry
+/// factors and takes a snapshot of their costs. An assigned ID that the register lacks raises
+/// DataError naming the task.
+void PrepareAnalysis(modGlobals& globals, const host::PlanPtr& plan);
+
+/// After each iteration: decides which factors occur, changes the durations and costs of the
+/// tasks that carry them, recalculates, and records the plan's finish and cost.
+void ApplyIteration(modGlobals& globals);
+
+/// After the analysis: sets each factor's DurSens and CostSens, the correlation of its impacts
+/// with the plan's finish and cost. The factor's history is read as it stands, one element per
+/// visit of a task, against the project series at the same positions.
+void CalculateSensitivities(modGlobals& globals);
+
+}  // namespace kestrel
