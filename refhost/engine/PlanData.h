@@ -17,6 +17,11 @@ namespace refhost {
 using Minute = std::int64_t;
 inline constexpr Minute kMinutesPerDay = 1440;
 
+/// The date as a number: days since 1899-12-30, the time as the fraction.
+inline double DateSerial(Minute date) {
+    return static_cast<double>(date) / static_cast<double>(kMinutesPerDay);
+}
+
 /// Working time within a day, in minutes from its midnight: 0 <= from < to <= 1440.
 struct Shift {
     int from = 0;
@@ -73,8 +78,8 @@ struct TaskData {
     std::string id;
     std::string name;
     std::int16_t type = kOrdinary;
-    std::int32_t parent = -1;    ///< index of the enclosing summary in plan order; -1 for none
-    std::int32_t duration = 0;   ///< of an ordinary task
+    std::int32_t parent = -1;   ///< index of the enclosing summary in plan order; -1 for none
+    std::int32_t duration = 0;  ///< of an ordinary task
     std::optional<Minute> noEarlierThan;
     std::optional<ThreePoint> distribution;
     std::vector<Link> links;

@@ -12,7 +12,7 @@ namespace kestrel {
 /// AnalysisState; each range starts where the one before it ends.
 struct FactorTask {
     host::TaskPtr task;
-    bool ordinary = true;        ///< impacts are applied to ordinary tasks only
+    bool ordinary = true;           ///< impacts are applied to ordinary tasks only
     std::uint32_t seriesEnd = 0;    ///< in groupFactors: end of the series group
     std::uint32_t parallelEnd = 0;  ///< in groupFactors: end of the parallel group
     std::uint32_t costEnd = 0;      ///< in costItems
@@ -36,10 +36,10 @@ struct AnalysisState {
     std::shared_ptr<host::AnalysisOptions> options;
     std::shared_ptr<host::SummaryTask> summary;
 
-    std::vector<FactorTask> factorTasks;       ///< tasks with at least one factor, in plan order
-    std::vector<std::uint32_t> groupFactors;   ///< register indices, series then parallel group
+    std::vector<FactorTask> factorTasks;      ///< tasks with at least one factor, in plan order
+    std::vector<std::uint32_t> groupFactors;  ///< register indices, series then parallel group
     std::vector<std::shared_ptr<host::CostItem>> costItems;  ///< of the factor tasks
-    std::vector<std::int32_t> visits;          ///< per factor: visits by tasks in one iteration
+    std::vector<std::int32_t> visits;  ///< per factor: visits by tasks in one iteration
 
     /// Costs before the analysis of every task whose field text is not empty. A text without any
     /// ID makes this list longer than costItems; they are paired by running position all the same.

@@ -70,13 +70,13 @@ void BuildSampledVariables(modGlobals& globals, host::Plan& plan) {
     const auto costs = FetchGroup(*groups, kCostGroup, "Risk Factor Costs")->Members();
     std::size_t n = 0;
     for (const auto& factor : globals.RiskFactors) {
-        const std::string name = FetchGroup(*groups, kFactorGroupPrefix + std::to_string(++n),
-                                            factor->strDescription)
-                                     ->Name();
+        const std::string name =
+            FetchGroup(*groups, kFactorGroupPrefix + std::to_string(++n), factor->strDescription)
+                ->Name();
         factor->durationMember =
             FetchMember(*durations, name, {factor->dblMin, factor->dblML, factor->dblMax});
-        factor->costMember = FetchMember(
-            *costs, name, {factor->dblCostMin, factor->dblCostML, factor->dblCostMax});
+        factor->costMember =
+            FetchMember(*costs, name, {factor->dblCostMin, factor->dblCostML, factor->dblCostMax});
         factor->PrepObjForAnalysis();
     }
 }

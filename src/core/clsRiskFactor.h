@@ -19,18 +19,18 @@ class clsRiskFactor {
  public:
     /// @name What the user sees and files hold
     ///@{
-    double dblMin = 100;                      ///< duration impact, percent
-    double dblML = 100;                       ///< duration impact, percent
-    double dblMax = 100;                      ///< duration impact, percent
-    double dblCostMin = 100;                  ///< cost impact, percent
-    double dblCostML = 100;                   ///< cost impact, percent
-    double dblCostMax = 100;                  ///< cost impact, percent
-    double dblProb = 100;                     ///< chance of occurring in an iteration, 0 to 100
+    double dblMin = 100;      ///< duration impact, percent
+    double dblML = 100;       ///< duration impact, percent
+    double dblMax = 100;      ///< duration impact, percent
+    double dblCostMin = 100;  ///< cost impact, percent
+    double dblCostML = 100;   ///< cost impact, percent
+    double dblCostMax = 100;  ///< cost impact, percent
+    double dblProb = 100;     ///< chance of occurring in an iteration, 0 to 100
     std::string strDescription = "unknown";
-    std::string strID;                        ///< position in the register, from 1, in decimal
-    double m_dCostSens = 100;                 ///< cost sensitivity of the last analysis, -1 to 1
-    double dblDurSens = 100;                  ///< duration sensitivity, -1 to 1; 100: never analysed
-    std::int32_t CorrelatedTo = 0;            ///< ID of the factor that this one follows; 0 none
+    std::string strID;              ///< position in the register, from 1, in decimal
+    double m_dCostSens = 100;       ///< cost sensitivity of the last analysis, -1 to 1
+    double dblDurSens = 100;        ///< duration sensitivity, -1 to 1; 100: never analysed
+    std::int32_t CorrelatedTo = 0;  ///< ID of the factor that this one follows; 0 none
     ///@}
 
     /// The uniform number in [0, 1) that decides occurrence in the current iteration; 0 until

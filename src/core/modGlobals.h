@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "core/clsRiskFactor.h"
 #include "core/AnalysisState.h"
+#include "core/clsRiskFactor.h"
 #include "host/HostModel.h"
 #include "platform/Desktop.h"
 

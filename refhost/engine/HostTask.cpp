@@ -1,0 +1,58 @@
+#include "refhost/engine/HostTask.h"
+
+namespace refhost {
+namespace {
+
+class HostUserValues final : public host::UserValues {
+ public:
+    HostUserValues(std::shared_ptr<HostPlan> plan, std::size_t task)
+        : plan_(std::move(plan)), task_(task) {}
+
+    std::string Item(const std::string& name) override {
+        const std::string* text = FindText(plan_->Live().Data().tasks[task_].userValues, name);
+        return text ? *text : std::string();
+    }
+    void PutItem(const std::string& name, const std::string& text) override {
+        plan_->Live().SetUserValue(task_, name, text);
+    }
+
+ private:
+    std::shared_ptr<HostPlan> plan_;
+    std::size_t task_;
+};
+
+class HostCostItem final : public host::CostItem {
+ public:
+    HostCostItem(std::shared_ptr<HostPlan> plan, std::size_t item)
+        : plan_(std::move(plan)), item_(item) {}
+
+    double Cost() override { return plan_->Live().Cost(item_); }
+    void PutCost(double cost) override { plan_->Live().PutCost(item_, cost); }
+
+ private:
+    std::shared_ptr<HostPlan> plan_;
+    std::size_t item_;
+};
+
+}  // namespace
+
+std::vector<host::TaskPtr> HostTask::ChildTasks() {
+    std::vector<host::TaskPtr> children;
+    for (const std::size_t child : plan_->Live().Children(index_))
+        children.push_back(std::make_shared<HostTask>(plan_, child));
+    return children;
+}
+
+std::shared_ptr<host::UserValues> HostTask::UserValues() {
+    return std::make_shared<HostUserValues>(plan_, index_);
+}
+
+std::vector<std::shared_ptr<host::CostItem>> HostTask::CostItems() {
+    std::vector<std::shared_ptr<host::CostItem>> items;
+    const LivePlan& live = plan_->Live();
+    for (std::size_t item = live.FirstCost(index_); item < live.FirstCost(index_ + 1); ++item)
+        items.push_back(std::make_shared<HostCostItem>(plan_, item));
+    return items;
+}
+
+}  // namespace refhost

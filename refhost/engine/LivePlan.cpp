@@ -1,0 +1,150 @@
+#include "refhost/engine/LivePlan.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "util/Errors.h"
+
+namespace refhost {
+
+LivePlan::LivePlan(PlanData data)
+    : data_(std::move(data)),
+      calendar_(data_.calendar.value_or(Calendar::Standard()), data_.start),
+      network_(data_, calendar_),
+      children_(data_.tasks.size()) {
+    for (std::size_t i = 0; i < data_.tasks.size(); ++i) {
+        const TaskData& task = data_.tasks[i];
+        durations_.push_back(task.duration);
+        firstCost_.push_back(costs_.size());
+        for (const CostEntry& entry : task.costItems) costs_.push_back(entry.cost);
+        if (task.parent >= 0) children_[static_cast<std::size_t>(task.parent)].push_back(i);
+    }
+    firstCost_.push_back(costs_.size());
+}
+
+PlanData LivePlan::Snapshot() const {
+    PlanData data = data_;
+    for (std::size_t i = 0; i < data.tasks.size(); ++i) {
+        data.tasks[i].duration = durations_[i];
+        for (std::size_t k = 0; k < data.tasks[i].costItems.size(); ++k)
+            data.tasks[i].costItems[k].cost = costs_[firstCost_[i] + k];
+    }
+    return data;
+}
+
+std::int32_t LivePlan::Duration(std::size_t task) {
+    if (data_.tasks[task].type == kOrdinary) return durations_[task];
+    const auto [start, finish] = StartAndFinish(task);
+    const std::int64_t span = finish - start;
+    if (span > std::numeric_limits<std::int32_t>::max())
+        throw kestrel::ArithmeticError("Summary task " + data_.tasks[task].id + " - " +
+                                       data_.tasks[task].name + " lasts " + std::to_string(span) +
+                                       " minutes, which is more than a duration can hold.");
+    return static_cast<std::int32_t>(span);
+}
+
+void LivePlan::PutDuration(std::size_t task, std::int32_t duration) {
+    if (data_.tasks[task].type != kOrdinary || durations_[task] == duration) return;
+    durations_[task] = duration;
+    Changed();
+}
+
+void LivePlan::PutCost(std::size_t item, double cost) {
+    if (costs_[item] == cost) return;
+    costs_[item] = cost;
+    Changed();
+}
+
+void LivePlan::SetText(const std::string& name, const std::string& text) {
+    if (SetNamedText(data_.texts, name, text)) data_.analysis.upToDate = false;
+}
+
+void LivePlan::SetUserValue(std::size_t task, const std::string& name, const std::string& text) {
+    if (SetNamedText(data_.tasks[task].userValues, name, text)) data_.analysis.upToDate = false;
+}
+
+void LivePlan::AddUserField(const std::string& name, std::int16_t type) {
+    data_.userFields.push_back({name, type});
+}
+
+void LivePlan::PutAutoCalculate(bool automatic) {
+    if (!automatic && pending_.empty()) Refresh();
+    automatic_ = automatic;
+}
+
+void LivePlan::Recalculate() {
+    if (!stale_) return;
+    RunSchedule(durations_, costs_);
+    stale_ = false;
+    pending_ = {};
+}
+
+/// Brings scheduled values up to what the caller may see now.
+void LivePlan::Refresh() {
+    if (automatic_) {
+        Recalculate();
+    } else if (!pending_.empty()) {
+        RunSchedule(pending_, baseCosts_);
+        pending_ = {};
+    }
+}
+
+void LivePlan::RunSchedule(std::span<const std::int32_t> durations, std::span<const double> costs) {
+    finish_ = network_.Schedule(durations);
+    double sum = 0;
+    for (const double cost : costs) sum += cost;
+    cost_ = sum;
+}
+
+Minute LivePlan::FinishDate() {
+    Refresh();
+    return calendar_.DateOf(finish_);
+}
+
+double LivePlan::TotalCost() {
+    Refresh();
+    return cost_;
+}
+
+std::pair<std::int64_t, std::int64_t> LivePlan::StartAndFinish(std::size_t task) {
+    Refresh();
+    if (data_.tasks[task].type == kOrdinary) return {network_.Start(task), network_.Finish(task)};
+    bool any = false;
+    std::pair<std::int64_t, std::int64_t> whole{0, 0};
+    std::vector<std::size_t> below(children_[task]);
+    while (!below.empty()) {
+        const std::size_t child = below.back();
+        below.pop_back();
+        if (data_.tasks[child].type != kOrdinary) {
+            below.insert(below.end(), children_[child].begin(), children_[child].end());
+            continue;
+        }
+        const std::int64_t start = network_.Start(child);
+        const std::int64_t finish = network_.Finish(child);
+        whole.first = any ? std::min(whole.first, start) : start;
+        whole.second = any ? std::max(whole.second, finish) : finish;
+        any = true;
+    }
+    return whole;
+}
+
+void LivePlan::KeepBase() {
+    baseDurations_ = durations_;
+    baseCosts_ = costs_;
+}
+
+void LivePlan::BeginIteration(std::span<const std::int32_t> drawn) {
+    std::copy(drawn.begin(), drawn.end(), durations_.begin());
+    std::copy(baseCosts_.begin(), baseCosts_.end(), costs_.begin());
+    pending_ = drawn;
+    stale_ = true;
+}
+
+void LivePlan::RestoreBase() {
+    durations_ = baseDurations_;
+    costs_ = baseCosts_;
+    pending_ = {};
+    stale_ = true;
+}
+
+}  // namespace refhost

@@ -1,0 +1,178 @@
+#include "refhost/engine/NetworkCompiler.h"
+
+#include <algorithm>
+#include <functional>
+#include <queue>
+
+#include "util/Errors.h"
+
+namespace refhost {
+
+NetworkCompiler::NetworkCompiler(const PlanData& plan, WorkCalendar& calendar)
+    : plan_(plan),
+      calendar_(calendar),
+      children_(plan.tasks.size()),
+      ownNode_(plan.tasks.size(), kNone),
+      resultNode_(plan.tasks.size(), kNone) {
+    for (std::size_t i = 0; i < plan.tasks.size(); ++i) {
+        taskByID_.emplace(plan.tasks[i].id, i);
+        const std::int32_t parent = plan.tasks[i].parent;
+        if (parent >= 0) children_[static_cast<std::size_t>(parent)].push_back(i);
+    }
+    AddTaskNodes();
+    for (std::size_t i = 0; i < plan.tasks.size(); ++i) {
+        AddLinks(i);
+        PassDownGate(i);
+    }
+}
+
+std::uint32_t NetworkCompiler::AddNode(Network::Kind kind, std::size_t task) {
+    nodes_.push_back({kind, static_cast<std::uint32_t>(task), 0, {}, {}});
+    return static_cast<std::uint32_t>(nodes_.size() - 1);
+}
+
+/// Ordinary tasks, and gates for those summaries that are constrained or stand below one.
+void NetworkCompiler::AddTaskNodes() {
+    for (std::size_t i = 0; i < plan_.tasks.size(); ++i) {
+        const TaskData& task = plan_.tasks[i];
+        const bool ordinary = task.type == kOrdinary;
+        const bool constrained = task.noEarlierThan || !task.links.empty();
+        const bool belowGate =
+            task.parent >= 0 && ownNode_[static_cast<std::size_t>(task.parent)] != kNone;
+        if (!ordinary && !constrained && !belowGate) continue;
+        ownNode_[i] = AddNode(ordinary ? Network::Kind::Ordinary : Network::Kind::Gate, i);
+        if (task.noEarlierThan)
+            nodes_.back().floor = calendar_.WorkingMinutesUntil(*task.noEarlierThan);
+    }
+}
+
+void NetworkCompiler::AddLinks(std::size_t task) {
+    for (const Link& link : plan_.tasks[task].links) {
+        const auto from = taskByID_.find(link.from);
+        if (from == taskByID_.end())
+            throw kestrel::DataError("Task " + Label(task) + " has a link from task " + link.from +
+                                     ", which the plan lacks; remove the link.");
+        const std::uint32_t source = SourceNode(from->second);
+        const bool onFinish =
+            link.type == LinkType::FinishToStart || link.type == LinkType::FinishToFinish;
+        const bool boundsStart =
+            link.type == LinkType::FinishToStart || link.type == LinkType::StartToStart;
+        Node& node = nodes_[ownNode_[task]];
+        (boundsStart ? node.startBounds : node.finishBounds)
+            .push_back({source, onFinish, link.lag});
+    }
+}
+
+void NetworkCompiler::PassDownGate(std::size_t task) {
+    const std::int32_t parent = plan_.tasks[task].parent;
+    if (parent < 0 || ownNode_[static_cast<std::size_t>(parent)] == kNone) return;
+    const std::uint32_t gate = ownNode_[static_cast<std::size_t>(parent)];
+    nodes_[ownNode_[task]].startBounds.push_back({gate, false, 0});
+    nodes_[ownNode_[task]].finishBounds.push_back({gate, true, 0});
+}
+
+std::uint32_t NetworkCompiler::SourceNode(std::size_t task) {
+    return plan_.tasks[task].type == kOrdinary ? ownNode_[task] : ResultNode(task);
+}
+
+/// A summary's result waits for the results and tasks directly below it. Summaries that hold no
+/// ordinary task at any depth add nothing.
+std::uint32_t NetworkCompiler::ResultNode(std::size_t summary) {
+    if (resultNode_[summary] != kNone) return resultNode_[summary];
+    const std::uint32_t result = AddNode(Network::Kind::Result, summary);
+    resultNode_[summary] = result;
+    for (const std::size_t child : children_[summary]) {
+        const std::uint32_t below = SourceNode(child);
+        if (nodes_[below].kind == Network::Kind::Result && nodes_[below].startBounds.empty())
+            continue;
+        nodes_[result].startBounds.push_back({below, false, 0});
+        nodes_[result].finishBounds.push_back({below, true, 0});
+    }
+    return result;
+}
+
+/// Nodes in an order in which each comes after all that it waits for, otherwise as near to plan
+/// order as can be.
+std::vector<std::uint32_t> NetworkCompiler::Sorted() const {
+    std::vector<std::vector<std::uint32_t>> followers(nodes_.size());
+    std::vector<std::uint32_t> waiting(nodes_.size(), 0);
+    for (std::uint32_t n = 0; n < nodes_.size(); ++n)
+        for (const auto* bounds : {&nodes_[n].startBounds, &nodes_[n].finishBounds})
+            for (const Wait& wait : *bounds) {
+                followers[wait.node].push_back(n);
+                ++waiting[n];
+            }
+    using Entry = std::pair<std::uint32_t, std::uint32_t>;  // task, node
+    std::priority_queue<Entry, std::vector<Entry>, std::greater<>> ready;
+    for (std::uint32_t n = 0; n < nodes_.size(); ++n)
+        if (waiting[n] == 0) ready.emplace(nodes_[n].task, n);
+    std::vector<std::uint32_t> order;
+    order.reserve(nodes_.size());
+    while (!ready.empty()) {
+        const std::uint32_t n = ready.top().second;
+        ready.pop();
+        order.push_back(n);
+        for (const std::uint32_t follower : followers[n])
+            if (--waiting[follower] == 0) ready.emplace(nodes_[follower].task, follower);
+    }
+    if (order.size() < nodes_.size()) RefuseLoop(waiting);
+    return order;
+}
+
+/// Walks backwards among the nodes that are still waiting until one comes round again.
+void NetworkCompiler::RefuseLoop(const std::vector<std::uint32_t>& waiting) const {
+    const auto blocker = [&](std::uint32_t n) {
+        for (const auto* bounds : {&nodes_[n].startBounds, &nodes_[n].finishBounds})
+            for (const Wait& wait : *bounds)
+                if (waiting[wait.node] > 0) return wait.node;
+        return kNone;
+    };
+    const auto first = std::find_if(waiting.begin(), waiting.end(), [](auto w) { return w > 0; });
+    auto node = static_cast<std::uint32_t>(first - waiting.begin());
+    for (std::size_t i = 0; i < nodes_.size(); ++i) node = blocker(node);
+    std::vector<std::uint32_t> tasks;
+    const std::uint32_t start = node;
+    do {
+        if (tasks.empty() || tasks.back() != nodes_[node].task) tasks.push_back(nodes_[node].task);
+        node = blocker(node);
+    } while (node != start);
+    if (tasks.size() > 1 && tasks.back() == tasks.front()) tasks.pop_back();
+    std::reverse(tasks.begin(), tasks.end());
+    std::string chain;
+    for (const std::uint32_t task : tasks) chain += Label(task) + " -> ";
+    throw kestrel::DataError("The links form a loop: " + chain + Label(tasks.front()) +
+                             "; remove one of these links.");
+}
+
+void NetworkCompiler::CompileInto(Network& network) {
+    const std::vector<std::uint32_t> order = Sorted();
+    std::vector<std::uint32_t> stepOfNode(nodes_.size());
+    for (std::uint32_t i = 0; i < order.size(); ++i) stepOfNode[order[i]] = i;
+
+    const auto append = [&](const std::vector<Wait>& bounds) {
+        for (const Wait& wait : bounds)
+            network.sources_.push_back(
+                {2 * stepOfNode[wait.node] + (wait.onFinish ? 1u : 0u), wait.lag});
+        return static_cast<std::uint32_t>(network.sources_.size());
+    };
+    network.stepOf_.assign(plan_.tasks.size(), 0);
+    for (const std::uint32_t n : order) {
+        const Node& node = nodes_[n];
+        Network::Step step;
+        step.floor = node.floor;
+        step.task = node.task;
+        step.kind = node.kind;
+        step.startEnd = append(node.startBounds);
+        step.finishEnd = append(node.finishBounds);
+        if (step.kind == Network::Kind::Ordinary)
+            network.stepOf_[step.task] = static_cast<std::uint32_t>(network.steps_.size());
+        network.steps_.push_back(step);
+    }
+    network.times_.assign(2 * network.steps_.size(), 0);
+}
+
+std::string NetworkCompiler::Label(std::size_t task) const {
+    return plan_.tasks[task].id + " - " + plan_.tasks[task].name;
+}
+
+}  // namespace refhost

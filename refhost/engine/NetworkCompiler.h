@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "refhost/engine/Network.h"
+
+namespace refhost {
+
+/// Builds the steps of a Network: lists what each step waits for, sorts them so that each comes
+/// after all of those, and turns the dependencies into slots.
+class NetworkCompiler {
+ public:
+    NetworkCompiler(const PlanData& plan, WorkCalendar& calendar);
+    void CompileInto(Network& network);
+
+ private:
+    static constexpr std::uint32_t kNone = ~0u;
+
+    /// One dependency: `node`'s start (or finish) plus the lag.
+    struct Wait {
+        std::uint32_t node;
+        bool onFinish;
+        std::int32_t lag;
+    };
+    struct Node {
+        Network::Kind kind;
+        std::uint32_t task;
+        std::int64_t floor = 0;
+        std::vector<Wait> startBounds;
+        std::vector<Wait> finishBounds;
+    };
+
+    std::uint32_t AddNode(Network::Kind kind, std::size_t task);
+    void AddTaskNodes();
+    void AddLinks(std::size_t task);
+    void PassDownGate(std::size_t task);
+    /// The node that a link from the task reads; made on demand for a summary.
+    std::uint32_t SourceNode(std::size_t task);
+    std::uint32_t ResultNode(std::size_t summary);
+    std::vector<std::uint32_t> Sorted() const;
+    [[noreturn]] void RefuseLoop(const std::vector<std::uint32_t>& waiting) const;
+    std::string Label(std::size_t task) const;
+
+    const PlanData& plan_;
+    WorkCalendar& calendar_;
+    std::unordered_map<std::string, std::size_t> taskByID_;
+    std::vector<std::vector<std::size_t>> children_;
+    std::vector<Node> nodes_;
+    std::vector<std::uint32_t> ownNode_;     ///< per task: its ordinary node or gate
+    std::vector<std::uint32_t> resultNode_;  ///< per summary
+};
+
+}  // namespace refhost

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/HostModel.h"
+#include "refhost/engine/HostPlan.h"
+#include "refhost/engine/Settings.h"
+
+namespace refhost {
+
+/// The reference host's application object: one open plan, per-user settings, and the add-ins
+/// that listen to its analyses.
+class ReferenceHost final : public host::Application {
+ public:
+    ReferenceHost(Settings& settings, std::string installationFolder)
+        : settings_(settings), path_(std::move(installationFolder)) {}
+
+    void Open(std::shared_ptr<HostPlan> plan) { plan_ = std::move(plan); }
+    const std::shared_ptr<HostPlan>& OpenPlan() const { return plan_; }
+
+    /// Raise the events to every listener, in order of subscription.
+    void RaiseBeforeRiskAnalysis();
+    void RaiseAfterRiskIteration();
+    void RaiseAfterRiskAnalysis();
+
+    bool Busy() const { return busy_; }
+    const std::string& StatusText() const { return status_; }
+
+    host::PlanPtr ActivePlan() override { return plan_; }
+    std::string Path() override { return path_; }
+    std::string GetSetting(const std::string& application, const std::string& section,
+                           const std::string& key, const std::string& fallback) override {
+        return settings_.Get(application, section, key, fallback);
+    }
+    void SaveSetting(const std::string& application, const std::string& section,
+                     const std::string& key, const std::string& value) override {
+        settings_.Save(application, section, key, value);
+    }
+    std::int32_t VersionMajor() override { return 8; }
+    std::int32_t VersionMinor() override { return 1; }
+    std::int32_t VersionRevision() override { return 0; }
+    void PutBusy(bool busy) override { busy_ = busy; }
+    void PutStatusText(const std::string& text) override { status_ = text; }
+    void Subscribe(host::AnalysisEvents& sink) override { sinks_.push_back(&sink); }
+    void Unsubscribe(host::AnalysisEvents& sink) override { std::erase(sinks_, &sink); }
+
+ private:
+    Settings& settings_;
+    std::string path_;
+    std::shared_ptr<HostPlan> plan_;
+    std::vector<host::AnalysisEvents*> sinks_;
+    bool busy_ = false;
+    std::string status_;
+};
+
+}  // namespace refhost
