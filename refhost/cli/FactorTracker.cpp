@@ -1,0 +1,76 @@
+#include "refhost/cli/FactorTracker.h"
+
+#include "core/Occurrence.h"
+#include "store/RegisterDocument.h"
+#include "store/TaskField.h"
+#include "util/Errors.h"
+
+namespace refhost {
+namespace {
+
+/// A register that is not well formed would load as an empty one, and the analysis would store
+/// that in its place.
+void RefuseBrokenRegister(kestrel::Desktop& desktop, const std::string& text) {
+    if (text.empty()) return;
+    try {
+        desktop.ParseXml(text);
+    } catch (const kestrel::DataError& error) {
+        throw kestrel::DataError(
+            std::string("The plan's text 'RiskFactors', its register, is not well-formed XML (") +
+            error.what() + "); load the register again from a risk factors file.");
+    }
+}
+
+void LoadRegister(kestrel::modGlobals& globals, ReferenceHost& application) {
+    RefuseBrokenRegister(globals.desktop, application.OpenPlan()->GetText(kestrel::kRegisterText));
+    globals.application = std::shared_ptr<host::Application>(&application, [](auto*) {});
+    kestrel::LoadRegisterFromPlan(globals, *application.OpenPlan());
+}
+
+}  // namespace
+
+FactorTracker::FactorTracker(ReferenceHost& application, kestrel::Desktop& desktop)
+    : application_(application), globals_(desktop) {
+    LoadRegister(globals_, application);
+    carried_.assign(Register().size(), false);
+    occurred_.assign(Register().size(), false);
+    occurrences_.assign(Register().size(), 0);
+    FindCarryingTasks();
+}
+
+void FactorTracker::FindCarryingTasks() {
+    const PlanData& plan = application_.OpenPlan()->Live().Data();
+    for (std::size_t i = 0; i < plan.tasks.size(); ++i) {
+        const std::string* field = FindText(plan.tasks[i].userValues, kestrel::kRiskFactorsField);
+        if (!field) continue;
+        bool any = false;
+        for (const bool inSeries : {true, false})
+            for (const std::int32_t id :
+                 kestrel::ListedIDs(kestrel::GetRiskList(*field, inSeries))) {
+                any = true;
+                if (id >= 1 && static_cast<std::size_t>(id) <= carried_.size())
+                    carried_[static_cast<std::size_t>(id) - 1] = true;
+            }
+        if (any && plan.tasks[i].type == kOrdinary) carryingTasks_.push_back(i);
+    }
+}
+
+void FactorTracker::Follow() {
+    const std::vector<double>& drawn = application_.OpenPlan()->NumbersHandedOut();
+    if (drawn.size() != Register().size()) return;  // no add-in, or one that ended early
+    for (const auto& factor : Register()) factor->ResetRisk();
+    kestrel::ShareRandomNumbers(Register(), drawn);
+    for (std::size_t i = 0; i < Register().size(); ++i) {
+        occurred_[i] = carried_[i] && kestrel::Occurs(*Register()[i]);
+        if (occurred_[i]) ++occurrences_[i];
+    }
+}
+
+FactorTracker::Factors FactorTracker::ReadRegister(ReferenceHost& application,
+                                                   kestrel::Desktop& desktop) {
+    kestrel::modGlobals globals(desktop);
+    LoadRegister(globals, application);
+    return globals.RiskFactors;
+}
+
+}  // namespace refhost

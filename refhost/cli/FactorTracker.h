@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "core/modGlobals.h"
+#include "refhost/engine/ReferenceHost.h"
+
+namespace refhost {
+
+/// Follows the factors of the open plan through an analysis from what the host itself sees: the
+/// register and fields in the plan, the numbers that it handed out and the values that it drew.
+class FactorTracker {
+ public:
+    /// Reads register and assignments. Raises kestrel::DataError when the register cannot be
+    /// read.
+    FactorTracker(ReferenceHost& application, kestrel::Desktop& desktop);
+
+    /// After each iteration: which factors occurred in it.
+    void Follow();
+
+    using Factors = std::vector<std::shared_ptr<kestrel::clsRiskFactor>>;
+    const Factors& Register() const { return globals_.RiskFactors; }
+    /// Of the last iteration, per factor; a factor that no task carries never occurs.
+    const std::vector<bool>& Occurred() const { return occurred_; }
+    /// Iterations in which the factor has occurred.
+    const std::vector<std::int64_t>& Occurrences() const { return occurrences_; }
+    /// Positions of the ordinary tasks that carry factors, in plan order.
+    const std::vector<std::size_t>& CarryingTasks() const { return carryingTasks_; }
+
+    /// The register as the plan holds it now, with the sensitivities of the last analysis.
+    static Factors ReadRegister(ReferenceHost& application, kestrel::Desktop& desktop);
+
+ private:
+    void FindCarryingTasks();
+
+    ReferenceHost& application_;
+    kestrel::modGlobals globals_;
+    std::vector<bool> carried_;
+    std::vector<bool> occurred_;
+    std::vector<std::int64_t> occurrences_;
+    std::vector<std::size_t> carryingTasks_;
+};
+
+}  // namespace refhost

@@ -1,0 +1,92 @@
+#include "refhost/cli/SettingsFile.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/Files.h"
+#include "util/Errors.h"
+
+namespace refhost {
+namespace {
+
+std::string FullKey(const std::string& application, const std::string& section,
+                    const std::string& key) {
+    return application + "/" + section + "/" + key;
+}
+
+/// A value on one line: line breaks and "\" are written as "\n", "\r" and "\\".
+std::string Escaped(const std::string& value) {
+    std::string text;
+    for (const char c : value) {
+        if (c == '\n')
+            text += "\\n";
+        else if (c == '\r')
+            text += "\\r";
+        else if (c == '\\')
+            text += "\\\\";
+        else
+            text += c;
+    }
+    return text;
+}
+
+std::string Unescaped(std::string_view text) {
+    std::string value;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\' || i + 1 == text.size()) {
+            value += text[i];
+            continue;
+        }
+        const char code = text[++i];
+        value += code == 'n' ? '\n' : code == 'r' ? '\r' : code;
+    }
+    return value;
+}
+
+}  // namespace
+
+std::string SettingsFile::DefaultPath() {
+    const char* folder = std::getenv("XDG_CONFIG_HOME");
+    if (folder && *folder) return std::string(folder) + "/kestrel/settings";
+    const char* home = std::getenv("HOME");
+    return std::string(home && *home ? home : ".") + "/.config/kestrel/settings";
+}
+
+std::string SettingsFile::Get(const std::string& application, const std::string& section,
+                              const std::string& key, const std::string& fallback) {
+    Load();
+    const auto found = values_.find(FullKey(application, section, key));
+    return found == values_.end() ? fallback : found->second;
+}
+
+void SettingsFile::Save(const std::string& application, const std::string& section,
+                        const std::string& key, const std::string& value) {
+    Load();
+    values_[FullKey(application, section, key)] = value;
+    std::string text;
+    for (const auto& [name, stored] : values_) text += name + "=" + Escaped(stored) + "\n";
+    std::error_code ignored;  // a folder that cannot be made shows in the write itself
+    std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), ignored);
+    kestrel::ReplaceWholeFile(path_, text);
+}
+
+void SettingsFile::Load() {
+    if (std::exchange(loaded_, true)) return;
+    std::error_code failure;
+    if (!std::filesystem::is_regular_file(path_, failure)) return;
+    std::string text;
+    try {
+        text = kestrel::ReadWholeFile(path_);
+    } catch (const kestrel::DataError&) {
+        return;
+    }
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        const std::string_view line(text.data() + start, end - start);
+        if (const std::size_t equals = line.find('='); equals != std::string_view::npos)
+            values_[std::string(line.substr(0, equals))] = Unescaped(line.substr(equals + 1));
+        start = end + 1;
+    }
+}
+
+}  // namespace refhost

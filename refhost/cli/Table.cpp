@@ -1,0 +1,62 @@
+#include "refhost/cli/Table.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace refhost {
+namespace {
+
+/// Reads one UTF-8 character at `position` and moves past it.
+char32_t NextCharacter(const std::string& text, std::size_t& position) {
+    const auto lead = static_cast<unsigned char>(text[position++]);
+    const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
+    char32_t character = more == 0 ? lead : lead & (0x3Fu >> more);
+    for (int i = 0; i < more && position < text.size(); ++i)
+        character = (character << 6) | (static_cast<unsigned char>(text[position++]) & 0x3Fu);
+    return character;
+}
+
+std::size_t CharacterWidth(char32_t c) {
+    const bool combining =
+        (c >= 0x300 && c <= 0x36F) || c == 0x200B || (c >= 0xFE00 && c <= 0xFE0F);
+    const bool wide = (c >= 0x1100 && c <= 0x115F) || (c >= 0x2E80 && c <= 0xA4CF) ||
+                      (c >= 0xAC00 && c <= 0xD7A3) || (c >= 0xF900 && c <= 0xFAFF) ||
+                      (c >= 0xFF00 && c <= 0xFF60) || (c >= 0x1F300 && c <= 0x1FAFF) ||
+                      (c >= 0x20000 && c <= 0x3FFFD);
+    return combining ? 0 : wide ? 2 : 1;
+}
+
+}  // namespace
+
+std::size_t DisplayWidth(const std::string& text) {
+    std::size_t width = 0;
+    for (std::size_t position = 0; position < text.size();)
+        width += CharacterWidth(NextCharacter(text, position));
+    return width;
+}
+
+std::string Table::Text() const {
+    std::vector<std::size_t> widths;
+    for (std::size_t c = 0; c < columns_.size(); ++c) {
+        widths.push_back(DisplayWidth(columns_[c].header));
+        for (const auto& row : rows_) widths[c] = std::max(widths[c], DisplayWidth(row[c]));
+    }
+    std::string text;
+    const auto addRow = [&](const auto& cellOf) {
+        std::string line;
+        for (std::size_t c = 0; c < columns_.size(); ++c) {
+            const std::string& cell = cellOf(c);
+            const std::string padding(widths[c] - DisplayWidth(cell), ' ');
+            if (c > 0) line += "  ";
+            line += columns_[c].align == Align::Right ? padding + cell : cell + padding;
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + "\n";
+    };
+    addRow([&](std::size_t c) -> const std::string& { return columns_[c].header; });
+    for (const auto& row : rows_)
+        addRow([&](std::size_t c) -> const std::string& { return row[c]; });
+    return text;
+}
+
+}  // namespace refhost

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/Json.h"
+#include "refhost/cli/Output.h"
+
+namespace refhost {
+
+/// Writes one JSON object a line for each iteration: per factor the number drawn, whether it
+/// occurs and the two multipliers drawn; per ordinary task that carries factors its duration as
+/// sampled and as applied; the plan's finish (day serial) and cost.
+class TraceWriter {
+ public:
+    TraceWriter(ReferenceHost& application, const FactorTracker& factors, const std::string& path)
+        : application_(application), factors_(factors), output_(path) {}
+
+    void Write(std::int32_t iteration, std::span<const std::int32_t> drawn, double finish,
+               double cost);
+    void Commit() { output_.Commit(); }
+
+ private:
+    void WriteFactors();
+    void WriteMultipliers(std::string_view key, const char* group);
+
+    ReferenceHost& application_;
+    const FactorTracker& factors_;
+    Output output_;
+    JsonWriter json_;
+};
+
+}  // namespace refhost
