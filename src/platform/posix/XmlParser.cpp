@@ -1,0 +1,192 @@
+#include "platform/posix/XmlParser.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "util/Errors.h"
+
+namespace kestrel {
+namespace {
+
+std::string ToString(const xmlChar* text) {
+    return text ? reinterpret_cast<const char*>(text) : std::string();
+}
+
+std::string ToString(const xmlChar* begin, const xmlChar* end) {
+    return {reinterpret_cast<const char*>(begin), reinterpret_cast<const char*>(end)};
+}
+
+std::string QualifiedName(const xmlChar* prefix, const xmlChar* localName) {
+    return prefix ? ToString(prefix) + ":" + ToString(localName) : ToString(localName);
+}
+
+DataError ErrorAtLine(int line, const std::string& message) {
+    return DataError("line " + std::to_string(line) + ": " + message);
+}
+
+/// Collects the parser's events into a tree. Nothing may be thrown through the parser's C code:
+/// the first failure is kept, stops the parser and is raised by Finish.
+class TreeBuilder {
+ public:
+    explicit TreeBuilder(xmlParserCtxt& parser) : parser_(parser) {}
+
+    template <typename Event>
+    void Handle(Event event) noexcept {
+        if (failure_) return;
+        try {
+            event();
+        } catch (...) {
+            failure_ = std::current_exception();
+            xmlStopParser(&parser_);
+        }
+    }
+
+    void StartElement(XmlNode element) {
+        element.line = StartLine();
+        if (open_.size() == static_cast<std::size_t>(kXmlMaximumDepth))
+            throw ErrorAtLine(element.line, "elements stand more than " +
+                                                std::to_string(kXmlMaximumDepth) +
+                                                " deep in each other; flatten the document");
+        open_.push_back(std::move(element));
+    }
+
+    void EndElement() {
+        XmlNode element = std::move(open_.back());
+        open_.pop_back();
+        if (open_.empty())
+            document_.root = std::move(element);
+        else
+            open_.back().children.push_back(std::move(element));
+    }
+
+    void AddText(std::string_view text) {
+        if (open_.empty()) return;
+        std::vector<XmlNode>& siblings = open_.back().children;
+        if (siblings.empty() || siblings.back().IsElement()) siblings.push_back(XmlNode::Text({}));
+        siblings.back().text += text;
+    }
+
+    int CurrentLine() const { return parser_.input ? parser_.input->line : 0; }
+
+    XmlDocument Finish() {
+        if (failure_) std::rethrow_exception(failure_);
+        if (document_.IsEmpty()) throw ErrorAtLine(1, "the document is empty");
+        return std::move(document_);
+    }
+
+ private:
+    /// The parser reports an element at the end of its start tag; the tag began at the last "<",
+    /// which cannot stand within one.
+    int StartLine() const {
+        const xmlParserInput* input = parser_.input;
+        if (!input) return 0;
+        const auto last = std::find(std::make_reverse_iterator(input->cur),
+                                    std::make_reverse_iterator(input->base), '<');
+        const auto tag = last.base();
+        if (tag == input->base) return input->line;
+        return input->line - static_cast<int>(std::count(tag, input->cur, '\n'));
+    }
+
+    xmlParserCtxt& parser_;
+    XmlDocument document_;
+    std::vector<XmlNode> open_;
+    std::exception_ptr failure_;
+};
+
+TreeBuilder& BuilderOf(void* data) { return *static_cast<TreeBuilder*>(data); }
+
+void OnStartElement(void* data, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
+                    int namespaceCount, const xmlChar** namespaces, int attributeCount,
+                    int /*defaulted*/, const xmlChar** attributes) {
+    TreeBuilder& builder = BuilderOf(data);
+    builder.Handle([&] {
+        XmlNode element = XmlNode::Element(QualifiedName(prefix, localName));
+        element.uri = ToString(uri);
+        for (int i = 0; i < namespaceCount; ++i) {
+            const xmlChar* const* declaration = namespaces + 2 * i;
+            element.attributes.push_back(
+                {declaration[0] ? "xmlns:" + ToString(declaration[0]) : "xmlns",
+                 ToString(declaration[1])});
+        }
+        for (int i = 0; i < attributeCount; ++i) {
+            // Local name, prefix, namespace, first character of the value, end of the value.
+            const xmlChar* const* attribute = attributes + 5 * i;
+            element.attributes.push_back(
+                {QualifiedName(attribute[1], attribute[0]), ToString(attribute[3], attribute[4])});
+        }
+        builder.StartElement(std::move(element));
+    });
+}
+
+void OnEndElement(void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
+    TreeBuilder& builder = BuilderOf(data);
+    builder.Handle([&] { builder.EndElement(); });
+}
+
+void OnText(void* data, const xmlChar* text, int length) {
+    TreeBuilder& builder = BuilderOf(data);
+    builder.Handle([&] { builder.AddText(ToString(text, text + length)); });
+}
+
+/// RefuseUnsafeXml sees only encodings that are simple to read; this catches all others.
+void OnDocumentType(void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
+    TreeBuilder& builder = BuilderOf(data);
+    builder.Handle([&] {
+        throw ErrorAtLine(builder.CurrentLine(),
+                          "the document has a document type declaration (DOCTYPE); remove it");
+    });
+}
+
+/// Taking errors here also keeps the parser from printing them.
+void OnError(void* data, xmlErrorPtr error) {
+    if (error->level < XML_ERR_ERROR) return;
+    TreeBuilder& builder = BuilderOf(data);
+    builder.Handle([&] {
+        std::string message = error->message ? error->message : "the document is malformed";
+        message.erase(message.find_last_not_of(" \t\r\n") + 1);
+        throw ErrorAtLine(error->line, message);
+    });
+}
+
+struct FreeParser {
+    void operator()(xmlParserCtxt* parser) const { xmlFreeParserCtxt(parser); }
+};
+
+}  // namespace
+
+XmlDocument ParseXmlBytes(std::string_view bytes) {
+    RefuseUnsafeXml(bytes);
+    if (bytes.empty()) throw ErrorAtLine(1, "the document is empty");
+    const std::unique_ptr<xmlParserCtxt, FreeParser> parser(
+        xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
+    if (!parser) throw DataError("The document cannot be read: there is not enough memory.");
+
+    // Without NOENT the parser hands over "&" in attributes as "&#38;"; only the five built-in
+    // entities can occur, as there is no DTD. HUGE lifts the limit on the length of a text; depth
+    // and size are bounded here.
+    xmlCtxtUseOptions(parser.get(), XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_HUGE);
+    TreeBuilder builder(*parser);
+    xmlSAXHandler handler{};
+    handler.initialized = XML_SAX2_MAGIC;
+    handler.startElementNs = OnStartElement;
+    handler.endElementNs = OnEndElement;
+    handler.characters = OnText;
+    handler.ignorableWhitespace = OnText;
+    handler.cdataBlock = OnText;
+    handler.internalSubset = OnDocumentType;
+    handler.serror = OnError;
+    *parser->sax = handler;
+    parser->userData = &builder;
+    xmlParseDocument(parser.get());
+    return builder.Finish();
+}
+
+}  // namespace kestrel
