@@ -6,25 +6,29 @@
 
 #include "refhost/engine/LivePlan.h"
 #include "refhost/engine/RandomStream.h"
-#include "refhost/engine/Triangular.h"
 
 namespace refhost {
 
-/// Draws the durations of one iteration: every ordinary task with a distribution, in plan order.
+/// Draws the durations of one iteration: every ordinary task with a distribution, in plan order,
+/// each as Triangular::Draw gives it. Works on columns, so that compilers can draw several tasks
+/// with one vector instruction.
 class DurationSampler {
  public:
+    /// Raises kestrel::ArithmeticError naming a task whose draws may not fit 32 bits.
     explicit DurationSampler(const LivePlan& plan);
 
     /// One duration per task, whole minutes, halves rounded to even; tasks without a
-    /// distribution keep theirs. Valid until the next draw. Raises kestrel::ArithmeticError
-    /// naming a task whose draw does not fit 32 bits.
+    /// distribution keep theirs. Valid until the next draw.
     std::span<const std::int32_t> Draw(RandomStream& stream);
 
  private:
-    const LivePlan& plan_;
+    void AddDistribution(const TaskData& task, std::size_t position);
+
     std::vector<std::int32_t> durations_;
-    std::vector<Triangular> distributions_;
     std::vector<std::uint32_t> tasks_;  ///< that each distribution belongs to
+    std::vector<double> low_, mode_, high_, threshold_;
+    std::vector<double> uniform_;
+    std::vector<std::int32_t> drawn_;
 };
 
 }  // namespace refhost
