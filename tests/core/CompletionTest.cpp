@@ -1,0 +1,159 @@
+#include <gmock/gmock.h>
+
+#include "core/AnalysisFixture.h"
+#include "core/modPearsons.h"
+
+namespace kestrel::test {
+namespace {
+
+TEST(Pearson, CorrelatesAndGivesTheFixedAnswersOfDegenerateSeries) {
+    struct Row {
+        std::vector<double> x, y;
+        double expected;
+    };
+    const Row rows[] = {
+        {{1, 2, 3}, {2, 4, 7}, 2.5 / std::sqrt(19.0 / 3)},
+        {{1, 2, 4}, {10, 20, 40}, 1},
+        {{1, 2, 4}, {-1, -2, -4}, -1},
+        {{1, 2, 3}, {5, 5, 5}, 0},
+        {{5, 5, 5}, {1, 2, 3}, 0},
+        {{3}, {9}, 1},
+        {{}, {}, 1},
+    };
+    for (const Row& row : rows) {
+        double mean = 0, deviation = 0;
+        EXPECT_NEAR(ArrayPearson(row.x, row.y, row.x.size(), false, mean, deviation), row.expected,
+                    1e-12);
+    }
+    double mean = 0, deviation = 4;
+    EXPECT_DOUBLE_EQ(ArrayPearson({1, 2, 3}, {2, 4, 6}, 3, true, mean, deviation), 0.5)
+        << "a deviation that is known is not computed again";
+}
+
+TEST(Pearson, RaisesInsteadOfLettingGoAFigureThatIsNotFinite) {
+    EXPECT_THROW(ArrayMean({}, 0), ArithmeticError);
+    EXPECT_THROW(ArrayMean({1e308, 1e308}, 2), ArithmeticError);
+    EXPECT_THROW(ArrayStdDev({1e200, -1e200}, 2, 0), ArithmeticError);
+    ImpactHistory history;
+    history.Append(1.1, 2);
+    double mean = 2, deviation = 1;
+    EXPECT_THROW(CollectionPearson({1, 2, 3}, history, true, mean, deviation), std::out_of_range);
+}
+
+/// Three iterations with factor 1 on two tasks, factor 2 on none.
+void RunThree(AnalysisFixture& fixture) {
+    for (const double finish : {10.0, 20.0, 40.0}) {
+        fixture.host.plan->finish = finish;
+        fixture.Iterate({0.5, 0.5}, {100 + finish, 100}, {100, 100});
+    }
+}
+
+TEST(Completion, CorrelatesHistoriesAsTheyStandOneElementPerVisit) {
+    AnalysisFixture fixture;
+    fixture.StoreRegister({Factor("A", 100), Factor("Unused", 100)});
+    for (const char* id : {"1", "2"}) fixture.host.AddTask(id, "Dig", "1");
+    fixture.Before();
+    RunThree(fixture);
+    const ImpactHistory& history = fixture.globals.RiskFactors[0]->m_colValues;
+    ASSERT_EQ(history.Count(), 6u);
+    EXPECT_EQ(history.At(1), 1.1);
+    EXPECT_EQ(history.At(2), 1.2);
+    fixture.After();
+
+    double mean = 0, deviation = 0;
+    const double expected = ArrayPearson({10, 20, 40}, {1.1, 1.1, 1.2}, 3, false, mean, deviation);
+    EXPECT_EQ(fixture.globals.RiskFactors[0]->dblDurSens, expected);
+    EXPECT_EQ(fixture.globals.RiskFactors[0]->m_dCostSens, 0) << "the cost never varies";
+    EXPECT_EQ(fixture.globals.RiskFactors[1]->dblDurSens, 0) << "no task carries it";
+    EXPECT_EQ(fixture.host.application->busy, (std::vector<bool>{true, false}));
+    EXPECT_EQ(fixture.host.application->statusTexts, (std::vector<std::string>{"A", "Unused"}));
+
+    fixture.globals.RiskFactors.clear();
+    LoadRegisterFromPlan(fixture.globals, *fixture.host.plan);
+    EXPECT_NEAR(fixture.globals.RiskFactors[0]->dblDurSens, expected, 1e-14);
+}
+
+TEST(Completion, ClearsTheLogsAndKeepsTheRegisterWhenNoIterationRan) {
+    AnalysisFixture fixture;
+    fixture.StoreRegister({Factor("A", 100)});
+    const auto task = fixture.host.AddTask("1", "Dig", "1");
+    const std::string stored = fixture.host.plan->texts["RiskFactors"];
+    fixture.Before();
+    task->texts["Risk Factors Iterations"] = "100";
+    fixture.After();
+    EXPECT_EQ(task->texts["Risk Factors Iterations"], "");
+    EXPECT_EQ(fixture.host.plan->texts["RiskFactors"], stored);
+    EXPECT_TRUE(fixture.host.plan->autoCalculate);
+}
+
+TEST(Listener, HearsEventsBetweenStartAndStopOnly) {
+    AnalysisFixture fixture;
+    fixture.listener.StartSchedulon();
+    ASSERT_EQ(fixture.host.application->sinks.size(), 1u);
+    fixture.StoreRegister({Factor("A", 100)});
+    fixture.host.application->sinks[0]->PlanBeforeRiskAnalysis(fixture.host.plan);
+    EXPECT_TRUE(fixture.globals.analysis.active);
+    fixture.host.application->sinks[0]->PlanBeforeRiskAnalysis(nullptr);
+    EXPECT_FALSE(fixture.globals.analysis.active);
+    fixture.listener.StopSchedulon();
+    fixture.listener.StopSchedulon();
+    EXPECT_TRUE(fixture.host.application->sinks.empty());
+    EXPECT_EQ(fixture.host.log.Count("Application.Unsubscribe"), 1u);
+}
+
+/// An analysis of four events on a plan with a summary, costs, both groups and the log on.
+struct WholeAnalysis {
+    AnalysisFixture fixture;
+    int failures = 0;
+
+    WholeAnalysis() {
+        fixture.host.application->settings[{"RiskFactors", "RiskFactors", "ShowIterations"}] =
+            "TRUE";
+        fixture.StoreRegister({Factor("A", 100), Factor("B", 60, 1)});
+        const auto summary = fixture.host.AddTask("1", "Works", "2");
+        fixture.host.AddTask("2", "Dig", "(1(P));(2)", summary.get())->AddCost(100);
+        fixture.host.log.calls.clear();
+    }
+    void Run() {
+        Try([&] { fixture.Before(); });
+        for (int i = 0; i < 2; ++i) Try([&] { OneIteration(i); });
+        Try([&] { fixture.After(); });
+    }
+    void OneIteration(int i) {
+        const auto group = fixture.host.plan->Find(kCostGroup);
+        const bool prepared = group && group->members.size() == 2;
+        fixture.host.plan->finish = 10 + i;
+        const std::vector<double> drawn(prepared ? 2 : 0, 110.0 + i);
+        fixture.Iterate({0.5, 0.5}, drawn, drawn);
+    }
+    template <typename Event>
+    void Try(Event event) {
+        try {
+            event();
+        } catch (const HostError&) {
+            ++failures;
+        }
+    }
+};
+
+TEST(Listener, PassesOnAFailingHostCallAtAnyPositionAndNeverStoresAFigureFromIt) {
+    WholeAnalysis whole;
+    const std::string before = whole.fixture.host.plan->texts["RiskFactors"];
+    whole.Run();
+    ASSERT_EQ(whole.failures, 0);
+    const std::string after = whole.fixture.host.plan->texts["RiskFactors"];
+    ASSERT_NE(before, after);
+    const std::size_t calls = whole.fixture.host.log.calls.size();
+    for (std::size_t n = 1; n <= calls; ++n) {
+        WholeAnalysis failing;
+        failing.fixture.host.log.FailCall(n);
+        failing.Run();
+        SCOPED_TRACE("call " + std::to_string(n) + ", " + whole.fixture.host.log.calls[n - 1]);
+        EXPECT_LE(failing.failures, 1);
+        const std::string& stored = failing.fixture.host.plan->texts["RiskFactors"];
+        EXPECT_TRUE(stored == before || stored == after) << stored;
+    }
+}
+
+}  // namespace
+}  // namespace kestrel::test
