@@ -1,4 +1,5 @@
-#include <cmath>
+#include <algorithm>
+#include <limits>
 #include <span>
 
 #include "core/IterationLog.h"
@@ -23,46 +24,69 @@ void DecideOccurrences(modGlobals& globals) {
     }
 }
 
-/// A task's groups as this iteration combines them.
+/// A task's groups as this iteration combines them: impacts of the series group multiply, of the
+/// parallel group's durations the largest counts, of its costs the product.
 struct Combined {
-    double duration = 1.0;    ///< the multiplier chosen
-    double cost = 1.0;        ///< product over both groups
-    bool fromSeries = false;  ///< whether the series group gave `duration`
+    Impact series;
+    Impact parallel;
+    bool seriesPresent = false;
+    bool parallelPresent = false;
+
+    /// The larger of the groups that are present.
+    double Duration() const {
+        if (!parallelPresent) return series.duration;
+        if (!seriesPresent) return parallel.duration;
+        return std::max(series.duration, parallel.duration);
+    }
+    double Cost() const { return series.cost * parallel.cost; }
+    /// Whether the log tells the series group's factors: when that group gave the multiplier.
+    /// Without a parallel group a product of exactly 1 tells none.
+    bool FromSeries() const {
+        return seriesPresent &&
+               (parallelPresent ? series.duration > parallel.duration : series.duration != 1.0);
+    }
 };
 
-/// Series factors multiply; of parallel factors the largest counts, and of the two groups the
-/// larger. Costs always multiply, the groups' products being formed apart.
 Combined Combine(const std::vector<Impact>& impacts, std::span<const std::uint32_t> series,
                  std::span<const std::uint32_t> parallel) {
-    Impact inSeries;
-    for (const std::uint32_t index : series) {
-        inSeries.duration *= impacts[index].duration;
-        inSeries.cost *= impacts[index].cost;
-    }
-    Impact inParallel;
-    for (std::size_t i = 0; i < parallel.size(); ++i) {
-        const Impact& impact = impacts[parallel[i]];
-        if (i == 0 || impact.duration > inParallel.duration) inParallel.duration = impact.duration;
-        inParallel.cost *= impact.cost;
-    }
     Combined result;
-    result.fromSeries = parallel.empty()
-                            ? inSeries.duration != inParallel.duration
-                            : !series.empty() && inSeries.duration > inParallel.duration;
-    result.duration = result.fromSeries ? inSeries.duration : inParallel.duration;
-    result.cost = inSeries.cost * inParallel.cost;
+    for (const std::uint32_t index : series) {
+        result.series.duration *= impacts[index].duration;
+        result.series.cost *= impacts[index].cost;
+    }
+    double largest = -std::numeric_limits<double>::infinity();
+    for (const std::uint32_t index : parallel) {
+        largest = std::max(largest, impacts[index].duration);
+        result.parallel.cost *= impacts[index].cost;
+    }
+    result.seriesPresent = !series.empty();
+    result.parallelPresent = !parallel.empty();
+    if (result.parallelPresent) result.parallel.duration = largest;
     return result;
 }
 
-std::int32_t ScaledDuration(host::Task& task, std::int32_t duration, double multiplier) {
+[[noreturn]] void RefuseDuration(host::Task& task, double scaled) {
+    throw ArithmeticError("Task " + TaskLabel(task) + " would last " +
+                          GeneralText(Checked(scaled)) +
+                          ", which is more than a duration can hold; lower the duration "
+                          "percentages of its risk factors.");
+}
+
+void PutScaledDuration(host::Task& task, std::int32_t duration, double multiplier) {
     std::int32_t result = 0;
     const double scaled = duration * multiplier;
-    if (!RoundToInt32(scaled, result))
-        throw ArithmeticError("Task " + TaskLabel(task) + " would last " +
-                              GeneralText(Checked(scaled)) +
-                              ", which is more than a duration can hold; lower the duration "
-                              "percentages of its risk factors.");
-    return result;
+    if (!RoundToInt32(scaled, result)) RefuseDuration(task, scaled);
+    task.PutDuration(result);
+}
+
+void WriteLog(modGlobals& globals, const FactorTask& entry, std::span<const std::uint32_t> series,
+              std::span<const std::uint32_t> parallel, std::int32_t duration,
+              const Combined& combined, bool hasCosts) {
+    IterationLog log(globals.RiskFactors);
+    if (entry.ordinary) log.Read(series, parallel);
+    const bool tellCosts = hasCosts && combined.Cost() != 1.0 && combined.Cost() != 0;
+    entry.task->UserValues()->PutItem(kIterationsField,
+                                      log.Text(duration, combined.FromSeries(), tellCosts));
 }
 
 /// Writes the task's costs from the costs before the analysis; `position` runs over all tasks.
@@ -83,17 +107,11 @@ void ApplyToTasks(modGlobals& globals) {
         const std::int32_t duration = entry.task->Duration();
         Combined combined;
         if (entry.ordinary) combined = Combine(state.impacts, series, parallel);
-        entry.task->PutDuration(ScaledDuration(*entry.task, duration, combined.duration));
-
-        const bool hasCosts = costPosition < entry.costEnd;
-        if (state.logIterations) {
-            IterationLog log(globals.RiskFactors);
-            if (entry.ordinary) log.Read(series, parallel);
-            entry.task->UserValues()->PutItem(
-                kIterationsField, log.Text(duration, combined.fromSeries,
-                                           hasCosts && combined.cost != 1.0 && combined.cost != 0));
-        }
-        PutCosts(state, costPosition, entry.costEnd, combined.cost);
+        PutScaledDuration(*entry.task, duration, combined.Duration());
+        if (state.logIterations)
+            WriteLog(globals, entry, series, parallel, duration, combined,
+                     costPosition < entry.costEnd);
+        PutCosts(state, costPosition, entry.costEnd, combined.Cost());
     }
 }
 
