@@ -37,16 +37,15 @@ class LivePlan {
     }
     /// Ignored for a summary.
     void PutDuration(std::size_t task, std::int32_t duration) {
-        if (summary_[task] || durations_[task] == duration) return;
+        if (summary_[task]) return;
+        NoteChange(durations_[task] != duration);
         durations_[task] = duration;
-        Changed();
     }
     std::size_t FirstCost(std::size_t task) const { return firstCost_[task]; }
     double Cost(std::size_t item) const { return costs_[item]; }
     void PutCost(std::size_t item, double cost) {
-        if (costs_[item] == cost) return;
+        NoteChange(costs_[item] != cost);
         costs_[item] = cost;
-        Changed();
     }
     void SetText(const std::string& name, const std::string& text);
     void SetUserValue(std::size_t task, const std::string& name, const std::string& text);
@@ -80,9 +79,11 @@ class LivePlan {
 
  private:
     std::int32_t SummaryDuration(std::size_t task);
-    void Changed() {
-        stale_ = true;
-        data_.analysis.upToDate = false;
+    /// Without a branch: whether a value differs is chance in an analysis, and costs more to
+    /// guess wrong than to note.
+    void NoteChange(bool changed) {
+        stale_ |= changed;
+        data_.analysis.upToDate &= !changed;
     }
     void Refresh();
     void RunSchedule(std::span<const std::int32_t> durations, std::span<const double> costs);
