@@ -9,11 +9,10 @@
 namespace kestrel {
 namespace {
 
-/// The element's name with the line it was read from, where there is one.
-std::string Place(std::string_view name, const XmlNode& element) {
-    std::string place(name);
-    if (element.line > 0) place += " (line " + std::to_string(element.line) + ")";
-    return place;
+[[noreturn]] void FailNumber(std::string_view name, const XmlNode& element) {
+    std::string message = std::string(name) + " is missing or not a number";
+    if (element.line > 0) message += " (line " + std::to_string(element.line) + ")";
+    throw DataError(message + ".");
 }
 
 const XmlNode* FindChild(std::string_view name, const XmlNode& element) {
@@ -67,13 +66,13 @@ std::string GetChildText(std::string_view name, const XmlNode& element) {
 
 double GetChildNumber(std::string_view name, const XmlNode& element) {
     const XmlNode* child = FindChild(name, element);
-    if (!child) throw DataError(Place(name, element) + " is missing or not a number.");
+    if (!child) FailNumber(name, element);
     std::string text = child->TextContent();
     std::erase(text, '%');
     try {
         return ParseNumber(text);
     } catch (const DataError&) {
-        throw DataError(Place(name, *child) + " is missing or not a number.");
+        FailNumber(name, *child);
     }
 }
 

@@ -100,7 +100,7 @@ TEST_F(RegisterDocument, AFactorThatCannotBeReadIsNamedAndNothingIsAdded) {
         std::string factor;
         const char* message;
     } rows[] = {
-        {"<RiskFactor/>", "Risk factor 2: Name is missing (line 3)."},
+        {"<RiskFactor/>", "Risk factor 2: Name is missing."},
         {"<RiskFactor><Name/></RiskFactor>",
          "Risk factor 2: Minimum is missing or not a number (line 3)."},
         {Factor("B", ""), "Risk factor 2: Probability is missing or not a number (line 4)."},
