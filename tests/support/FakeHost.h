@@ -25,6 +25,23 @@
 ///     host.log.FailCall(3);
 namespace kestrel::test {
 
+/// The element of that name, or nothing.
+template <typename Named>
+std::shared_ptr<Named> FindByName(const std::vector<std::shared_ptr<Named>>& all,
+                                  const std::string& name) {
+    for (const auto& one : all)
+        if (one->name == name) return one;
+    return nullptr;
+}
+
+/// The element at a position from 1, or nothing.
+template <typename Element>
+std::shared_ptr<Element> AtPosition(const std::vector<std::shared_ptr<Element>>& all,
+                                    std::int32_t position) {
+    const auto index = static_cast<std::size_t>(position) - 1;
+    return position >= 1 && index < all.size() ? all[index] : nullptr;
+}
+
 /// Every host call in order, named "Type.Member" ("Task.PutDuration" for a put).
 class CallLog {
  public:

@@ -1,0 +1,132 @@
+#include "util/modToolBox.h"
+
+#include <gtest/gtest.h>
+
+#include "support/FakeDesktop.h"
+#include "support/FakeHost.h"
+#include "util/modLocale.h"
+#include "util/modeHelp.h"
+
+namespace kestrel {
+namespace {
+
+using test::FakeDesktop;
+using test::FakeHost;
+
+TEST(ToolBox, TellsTheAbsenceOfAFileOnlyWhenAsked) {
+    FakeDesktop desktop;
+    EXPECT_FALSE(FileExists(desktop, "", true));
+    EXPECT_FALSE(FileExists(desktop, "/absent/f.xml", false));
+    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_FALSE(FileExists(desktop, "/absent/f.xml", true));
+    EXPECT_EQ(desktop.MessageText(), "The file '/absent/f.xml' does not exist.");
+    EXPECT_TRUE(FileExists(desktop, __FILE__, true));
+}
+
+TEST(ToolBox, BrowsingOffersAllFilesLastAndCleansThePath) {
+    FakeDesktop desktop;
+    desktop.chosenFiles = {std::string(" C:\\a b.xml \0\0", 14)};
+    EXPECT_EQ(BrowseForFile(desktop, "Title", {{"XML", "*.xml"}}, "C:\\"), "C:\\a b.xml");
+    EXPECT_EQ(BrowseForFile(desktop, "Title", {}, ""), "");
+    const FileDialog& dialog = desktop.openDialogs.at(0);
+    EXPECT_EQ(dialog.title, "Title");
+    EXPECT_EQ(dialog.initialFolder, "C:\\");
+    ASSERT_EQ(dialog.filters.size(), 2u);
+    EXPECT_EQ(dialog.filters[1],
+              std::make_pair(std::string("All Files (*.*)"), std::string("*.*")));
+}
+
+TEST(ToolBox, HostVersionIsComparedPartByPart) {
+    const struct {
+        std::int32_t version[3];
+        bool passes;
+    } rows[] = {{{8, 0, 100}, true},  {{8, 0, 99}, false}, {{8, 1, 0}, true},
+                {{7, 9, 500}, false}, {{9, 0, 0}, true},   {{8, 0, 101}, true}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.version));
+        FakeHost host;
+        FakeDesktop desktop;
+        std::copy(std::begin(row.version), std::end(row.version), host.application->version);
+        EXPECT_EQ(CheckHostVersion(*host.application, desktop, 8, 0, 100, false), row.passes);
+        EXPECT_TRUE(desktop.messages.empty());
+        CheckHostVersion(*host.application, desktop, 8, 0, 100, true);
+        EXPECT_EQ(desktop.MessageText(),
+                  row.passes ? ""
+                             : "This functionality requires Quillon Risk Analysis version 8.0.100 "
+                               "or later.\r\n\r\nPlease upgrade to the latest version or contact "
+                               "your administrator.");
+    }
+}
+
+TEST(ToolBox, ListsAreCutAtTheirSeparator) {
+    const struct {
+        const char* list;
+        int index;
+        const char* separator;
+        const char* item;
+    } rows[] = {
+        {"4,5,6", 1, ",", "4"}, {"4,5,6", 2, ",", "5"},  {"4,5,6", 3, ",", "6"},
+        {"4,5,6", 4, ",", ""},  {"4,5,6", 0, ",", ""},   {"12.5%", 1, "%", "12.5"},
+        {"12.5%", 2, "%", ""},  {"a , b", 2, ",", " b"}, {"a--b--c", 2, "--", "b"},
+        {"", 1, ",", ""},       {"abc", 1, "", "abc"},   {"a---b", 2, "--", "-b"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.list << " at " << row.index);
+        EXPECT_EQ(GetListItem(row.list, row.index, row.separator), row.item);
+    }
+    EXPECT_EQ(CountListItems("4,5,6", ","), 3);
+    EXPECT_EQ(CountListItems("", ","), 1);
+    EXPECT_EQ(CountListItems("a--b---", "--"), 3);
+    EXPECT_EQ(CountListItems("abc", ""), 1);
+}
+
+TEST(ToolBox, TheSelectedTaskIsTheGanttViewsRow) {
+    FakeHost host;
+    host.AddTask("10", "First");
+    const auto second = host.AddTask("20", "Second");
+    const struct {
+        const char* view;
+        std::int32_t row;
+        host::TaskPtr task;
+    } rows[] = {{"GanttChart", 2, second},
+                {"GanttChart", 0, nullptr},
+                {"GanttChart", 3, nullptr},
+                {"NetworkView", 2, nullptr}};
+    for (const auto& row : rows) {
+        host.plan->viewType = row.view;
+        host.plan->currentRow = row.row;
+        EXPECT_EQ(GetSelectedTask(*host.application), row.task) << row.view << row.row;
+    }
+    host.application->plan = nullptr;
+    EXPECT_EQ(GetSelectedTask(*host.application), nullptr);
+}
+
+TEST(Help, OpensTheTopicOrTellsTheFailure) {
+    FakeHost host;
+    FakeDesktop desktop;
+    ShowHelpOrTell(*host.application, desktop, kHelpEditor);
+    EXPECT_EQ(desktop.helpTopics.at(0), "C:\\Host\\Help.chm::/Defining_Risk_Factors.html");
+    EXPECT_TRUE(desktop.messages.empty());
+
+    desktop.helpFails = true;
+    ShowHelpOrTell(*host.application, desktop, kHelpEditor);
+    host.log.failing = {"Application.Path"};
+    ShowHelpOrTell(*host.application, desktop, kHelpEditor);
+    ASSERT_EQ(desktop.messages.size(), 2u);
+    for (const auto& message : desktop.messages)
+        EXPECT_EQ(message.text,
+                  "There was a problem opening the Risk Factors on-line help.\r\n"
+                  "Please contact Support for assistance.");
+}
+
+TEST(Locale, ForcesThePointAndGivesBackTheUsersSeparator) {
+    FakeDesktop desktop;
+    desktop.locale[LocaleItem::DecimalSeparator] = std::string(",\0rest", 6);
+    const std::string separator = ForceDecimalPoint(desktop);
+    EXPECT_EQ(GetLocaleString(desktop, LocaleItem::DecimalSeparator), ".");
+    RestoreDecimalSeparator(desktop, separator);
+    EXPECT_EQ(desktop.locale[LocaleItem::DecimalSeparator], ",");
+}
+
+}  // namespace
+}  // namespace kestrel
