@@ -2,6 +2,7 @@
 #include <string>
 
 #include "refhost/files/PlanReader.h"
+#include "refhost/files/ShiftList.h"
 #include "refhost/files/ValueText.h"
 
 namespace refhost {
@@ -9,31 +10,15 @@ namespace {
 
 constexpr std::string_view kTimeWanted = "a time from 00:00 to 24:00";
 
-Shift ReadShift(const StrictElement& element) {
-    element.Allow({"From", "To"}, {});
-    const Shift shift{element.Value("From", ReadTime, kTimeWanted),
-                      element.Value("To", ReadTime, kTimeWanted)};
-    if (shift.from >= shift.to)
-        element.Fail("the shift from " + TimeText(shift.from) + " to " + TimeText(shift.to) +
-                     " does not end after it starts; correct its times, and split a shift that "
-                     "runs over midnight in two.");
-    return shift;
-}
-
-/// The `Shift` children of a day, sorted.
+/// The `Shift` children of a day.
 Shifts ReadShifts(const StrictElement& element) {
     Shifts shifts;
     for (const StrictElement& child : element.Children("Shift")) {
-        const Shift shift = ReadShift(child);
-        for (const Shift& other : shifts)
-            if (shift.from < other.to && other.from < shift.to)
-                child.Fail("the shift from " + TimeText(shift.from) + " to " + TimeText(shift.to) +
-                           " overlaps the one from " + TimeText(other.from) + " to " +
-                           TimeText(other.to) + "; correct their times.");
-        shifts.push_back(shift);
+        child.Allow({"From", "To"}, {});
+        const Shift shift{child.Value("From", ReadTime, kTimeWanted),
+                          child.Value("To", ReadTime, kTimeWanted)};
+        if (const auto complaint = AddShift(shifts, shift)) child.Fail(*complaint);
     }
-    std::sort(shifts.begin(), shifts.end(),
-              [](const Shift& a, const Shift& b) { return a.from < b.from; });
     return shifts;
 }
 

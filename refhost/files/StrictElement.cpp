@@ -13,7 +13,8 @@ bool Contains(StrictElement::Names names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// The text without surrounding white space.
+}  // namespace
+
 std::string_view Trimmed(std::string_view text) {
     constexpr std::string_view kBlanks = " \t\r\n";
     const auto first = text.find_first_not_of(kBlanks);
@@ -21,9 +22,12 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-}  // namespace
-
-std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
+std::string Quoted(std::string_view text) {
+    std::string quoted(1, '\'');
+    quoted += text;
+    quoted += '\'';
+    return quoted;
+}
 
 void FailAt(const std::string& path, int line, std::string_view sentence) {
     const std::string place = line > 0 ? path + ":" + std::to_string(line) : path;
