@@ -1,0 +1,34 @@
+#include "refhost/files/PlanFile.h"
+
+#include "refhost/files/PlanReader.h"
+#include "util/Errors.h"
+
+namespace refhost {
+namespace {
+
+kestrel::XmlDocument Parse(kestrel::Desktop& desktop, std::string_view bytes,
+                           const std::string& path) {
+    try {
+        return desktop.ParseXml(bytes);
+    } catch (const kestrel::DataError& error) {
+        throw kestrel::DataError(path + ": " + error.what());
+    }
+}
+
+bool IsProject(const kestrel::XmlNode& root) {
+    return root.LocalName() == "Project" && root.uri.ends_with("/project");
+}
+
+}  // namespace
+
+LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path) {
+    const kestrel::XmlDocument document = Parse(desktop, bytes, path);
+    if (IsProject(document.root)) return ReadProject(document.root, path);
+    return {ReadPlanElement(document.root, path), {}};
+}
+
+LoadedPlan ReadPlan(kestrel::Desktop& desktop, const std::string& path) {
+    return ParsePlan(desktop, desktop.ReadFile(path), path);
+}
+
+}  // namespace refhost
