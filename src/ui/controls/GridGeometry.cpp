@@ -34,7 +34,7 @@ int GridGeometry::ColumnWidth(int column) const {
     const int width = widths_.at(Index(column));
     if (column != stretch_) return width;
     const int used = std::accumulate(widths_.begin(), widths_.end(), HeaderWidth());
-    return std::max(width, width + width_ - used);
+    return std::max(width, width + width_ - scrollBarWidth - used);
 }
 
 int GridGeometry::VisibleRows() const {

@@ -21,6 +21,8 @@ class GridGeometry {
     int headerHeight = 38;  ///< of each header row, room for two lines
     int rowHeight = 20;
     int rowHeaderWidth = 44;  ///< of the fixed column, where there is one
+    /// Kept free at the right edge, so that columns stay put when a scroll bar comes and goes.
+    int scrollBarWidth = 17;
 
     void Reset(int columns, int fixedRows, bool hasRowHeader);
     void SetColumnCount(int columns);

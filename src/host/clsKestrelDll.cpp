@@ -1,0 +1,42 @@
+#include "host/clsKestrelDll.h"
+
+#include <utility>
+
+#include "util/Errors.h"
+#include "util/Trapped.h"
+#include "util/modLocale.h"
+
+namespace kestrel {
+
+clsKestrelDll::clsKestrelDll(std::function<host::ApplicationPtr()> attach, Desktop& desktop,
+                             ui::FormRunner& runner)
+    : attach_(std::move(attach)), globals_(desktop), runner_(runner) {}
+
+void clsKestrelDll::LaunchStartSchedulon() {
+    if (schedulon_) return;
+    AttachHost();
+    auto listener = std::make_unique<clsSchedulon>(globals_);
+    listener->StartSchedulon();
+    schedulon_ = std::move(listener);
+}
+
+void clsKestrelDll::LaunchStopSchedulon() {
+    if (const auto listener = std::exchange(schedulon_, nullptr)) listener->StopSchedulon();
+}
+
+void clsKestrelDll::Launch(const char* command) {
+    decimalSeparator_ = GetLocaleString(globals_.desktop, LocaleItem::DecimalSeparator);
+    SetLocaleString(globals_.desktop, LocaleItem::DecimalSeparator, ".");
+    Trapped([&] {
+        AttachHost();
+        RunCommand(globals_, runner_, windows_, command);
+    });
+    SetLocaleString(globals_.desktop, LocaleItem::DecimalSeparator, decimalSeparator_);
+}
+
+void clsKestrelDll::AttachHost() {
+    if (!globals_.application) globals_.application = attach_();
+    if (!globals_.application) throw HostError("The add-in could not reach its host.");
+}
+
+}  // namespace kestrel
