@@ -175,7 +175,8 @@ TEST(GridTest, PlacesAgreeWithWhatTheyShow) {
         }
     }
     const auto last = grid.Geometry().CellBounds(0, 2);
-    EXPECT_EQ(last->x + last->width, 300 - grid.Geometry().scrollBarWidth) << "the stretched column takes up the rest";
+    EXPECT_EQ(last->x + last->width, 300 - grid.Geometry().scrollBarWidth)
+        << "the stretched column takes up the rest";
     EXPECT_FALSE(grid.Geometry().CellBounds(1, 0));
 }
 

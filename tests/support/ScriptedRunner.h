@@ -7,7 +7,15 @@
 #include "ui/controls/FormRunner.h"
 #include "ui/controls/Grid.h"
 
-namespace kestrel::ui::test {
+namespace kestrel::test {
+
+using ui::Control;
+using ui::Form;
+using ui::Grid;
+using ui::Key;
+using ui::KeyEvent;
+using ui::MouseEvent;
+using ui::Rect;
 
 /// A user at the keyboard and mouse of one open form.
 class User {
@@ -83,7 +91,7 @@ class User {
 
 /// Shows a form to a script. A form that is still open when the script ends is closed by its
 /// user.
-class ScriptedRunner : public FormRunner {
+class ScriptedRunner : public ui::FormRunner {
  public:
     std::function<void(User&)> script = [](User&) {};
     int shown = 0;  ///< forms that stayed open after loading
@@ -99,4 +107,4 @@ class ScriptedRunner : public FormRunner {
     }
 };
 
-}  // namespace kestrel::ui::test
+}  // namespace kestrel::test
