@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "host/HostModel.h"
 #include "platform/Desktop.h"
@@ -12,6 +14,12 @@ namespace kestrel {
 
 /// Whether the file exists; an empty path never does. With `showMessage` its absence is told.
 bool FileExists(Desktop& desktop, const std::string& path, bool showMessage);
+
+/// Asks for a file to open, with "All Files (*.*)" offered after the given pairs of description
+/// and pattern. Empty when the user cancels or the dialog fails.
+std::string BrowseForFile(Desktop& desktop, const std::string& title,
+                          std::vector<std::pair<std::string, std::string>> filters,
+                          const std::string& initialFolder);
 
 /// Whether the host is at least of the given version; with `showMessage` a refusal is told.
 bool CheckHostVersion(host::Application& application, Desktop& desktop, std::int32_t major,

@@ -1,0 +1,60 @@
+#include "store/RegisterDocument.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "store/TaskField.h"
+#include "store/modXmlToolbox.h"
+#include "util/Errors.h"
+
+namespace kestrel {
+namespace {
+
+std::shared_ptr<clsRiskFactor> ReadFactor(const XmlNode& element, const std::string& id) {
+    auto factor = std::make_shared<clsRiskFactor>();
+    try {
+        factor->LoadRiskFromXML(element);
+    } catch (const DataError& error) {
+        throw DataError("Risk factor " + id + ": " + error.what());
+    }
+    factor->strID = id;
+    return factor;
+}
+
+}  // namespace
+
+XmlDocument NewRegisterDocument() {
+    XmlDocument document;
+    document.root = CreateXmlElement("RiskFactors", {}, "Version", kRegisterVersion);
+    return document;
+}
+
+void SaveRegisterToPlan(modGlobals& globals, host::Plan& plan) {
+    XmlDocument document = NewRegisterDocument();
+    document.root.children.reserve(globals.RiskFactors.size());
+    std::size_t position = 0;
+    for (const auto& factor : globals.RiskFactors) {
+        XmlNode& element = document.root.Append(
+            CreateXmlElement("RiskFactor", {}, "ID", std::to_string(++position)));
+        factor->SaveRiskToXML(element);
+    }
+    plan.SetText(kRegisterText, SerialiseXml(document.root));
+}
+
+void LoadRegisterFromPlan(modGlobals& globals, host::Plan& plan) {
+    EnsureTextField(plan, kRiskFactorsField);
+    EnsureTextField(plan, kIterationsField);
+    const std::string text = plan.GetText(kRegisterText);
+    if (text.empty()) return;
+
+    XmlDocument document;
+    if (!LoadXmlFromString(globals.desktop, document, text)) return;
+    // All are read before one is added, so that a bad factor leaves the register as it was.
+    std::vector<std::shared_ptr<clsRiskFactor>> factors = globals.RiskFactors;
+    for (const XmlNode* element : SelectElements(document, "RiskFactor"))
+        factors.push_back(ReadFactor(*element, std::to_string(factors.size() + 1)));
+    globals.RiskFactors = std::move(factors);
+}
+
+}  // namespace kestrel

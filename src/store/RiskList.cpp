@@ -1,0 +1,138 @@
+#include "store/RiskList.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "util/Errors.h"
+#include "util/NumberText.h"
+
+namespace kestrel {
+namespace {
+
+constexpr std::string_view kParallelMark = "(P)";
+
+std::string_view Trim(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string Without(std::string_view text, std::string_view characters) {
+    std::string kept;
+    for (const char c : text)
+        if (characters.find(c) == characters.npos) kept += c;
+    return kept;
+}
+
+std::string Wrapped(std::string_view list, std::string_view end) {
+    std::string text = "(";
+    text += Trim(list);
+    return text.append(end);
+}
+
+/// The untrimmed pieces between commas; one empty piece for an empty list.
+std::vector<std::string_view> Pieces(std::string_view list) {
+    std::vector<std::string_view> pieces;
+    for (;;) {
+        const auto comma = list.find(',');
+        pieces.push_back(list.substr(0, comma));
+        if (comma == list.npos) return pieces;
+        list.remove_prefix(comma + 1);
+    }
+}
+
+bool IsDelimiter(char c) { return c == '(' || c == ',' || c == ')'; }
+
+/// Position of the first occurrence that stands between delimiters or ends of the list. After an
+/// occurrence that does not count the search goes on `step` characters further.
+std::size_t FindToken(std::string_view list, std::string_view token, std::size_t step) {
+    auto found = list.find(token);
+    while (found != list.npos) {
+        const auto end = found + token.size();
+        const bool startsToken = found == 0 || IsDelimiter(list[found - 1]);
+        const bool endsToken = end == list.size() || IsDelimiter(list[end]);
+        if (startsToken && endsToken) break;
+        found = list.find(token, found + step);
+    }
+    return found;
+}
+
+std::int16_t ToShortID(std::string_view item, std::string_view list) {
+    std::optional<std::int16_t> id;
+    try {
+        id = ToInt16(ParseNumber(item));
+    } catch (const DataError&) {
+        // Told below, together with a number that does not fit.
+    }
+    if (!id)
+        throw DataError("\"" + std::string(Trim(item)) + "\" in \"" + std::string(list) +
+                        "\" is not the number of a risk factor; correct the text.");
+    return *id;
+}
+
+}  // namespace
+
+std::vector<RiskListItem> RiskListItems(std::string_view list) {
+    std::vector<RiskListItem> items;
+    for (const std::string_view piece : Pieces(list)) {
+        const std::string_view text = Trim(piece);
+        if (!text.empty()) items.push_back({text, ToInt32(LeadingNumber(text)).value_or(0)});
+    }
+    return items;
+}
+
+std::string GetRiskList(std::string_view fieldText, bool inSeries) {
+    const bool hasParallel = fieldText.find(kParallelMark) != fieldText.npos;
+    const auto separator = fieldText.find(';');
+    const bool isSplit = separator != fieldText.npos;
+    if (!hasParallel) return inSeries ? Without(fieldText, "()") : std::string();
+    if (!inSeries)
+        return Without(isSplit ? Trim(fieldText.substr(0, separator)) : fieldText, "()P");
+    return isSplit ? Without(Trim(fieldText.substr(separator + 1)), "()") : std::string();
+}
+
+std::string MakeRiskFieldText(std::string& parallelList, std::string& seriesList) {
+    if (!parallelList.empty()) parallelList = Wrapped(parallelList, "(P))");
+    if (!seriesList.empty()) seriesList = Wrapped(seriesList, ")");
+    const bool hasBoth = !parallelList.empty() && !seriesList.empty();
+    return parallelList + (hasBoth ? ";" : "") + seriesList;
+}
+
+RiskIDs ListedIDs(std::string_view list) {
+    RiskIDs ids;
+    for (const RiskListItem& item : RiskListItems(list))
+        if (std::find(ids.begin(), ids.end(), item.id) == ids.end()) ids.push_back(item.id);
+    return ids;
+}
+
+bool RiskListContains(std::string_view list, std::int32_t id) {
+    return FindToken(list, std::to_string(id), 1) != list.npos;
+}
+
+std::string RemoveRiskFromList(std::string_view list, std::int32_t id) {
+    const std::string token = std::to_string(id);
+    const auto found = FindToken(list, token, token.size());
+    if (found == list.npos || token.size() == list.size()) return {};
+
+    // The separator before goes too, or the one after at the start of the list.
+    const std::string_view removed = list.substr(found == 0 ? 0 : found - 1, token.size() + 1);
+    std::string kept;
+    for (auto next = list.find(removed); next != list.npos; next = list.find(removed)) {
+        kept += list.substr(0, next);
+        list.remove_prefix(next + removed.size());
+    }
+    return kept + std::string(list);
+}
+
+std::string RenumberRiskList(std::string_view list, std::int32_t deleted) {
+    std::string renumbered;
+    for (const std::string_view piece : Pieces(list)) {
+        if (piece.data() != list.data()) renumbered += ',';
+        if (Trim(piece).empty()) continue;
+        const std::int32_t id = ToShortID(piece, list);
+        renumbered += std::to_string(id > deleted ? id - 1 : id);
+    }
+    return renumbered;
+}
+
+}  // namespace kestrel
