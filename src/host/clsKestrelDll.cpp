@@ -25,13 +25,12 @@ void clsKestrelDll::LaunchStopSchedulon() {
 }
 
 void clsKestrelDll::Launch(const char* command) {
-    decimalSeparator_ = GetLocaleString(globals_.desktop, LocaleItem::DecimalSeparator);
-    SetLocaleString(globals_.desktop, LocaleItem::DecimalSeparator, ".");
+    decimalSeparator_ = ForceDecimalPoint(globals_.desktop);
     Trapped([&] {
         AttachHost();
         RunCommand(globals_, runner_, windows_, command);
     });
-    SetLocaleString(globals_.desktop, LocaleItem::DecimalSeparator, decimalSeparator_);
+    RestoreDecimalSeparator(globals_.desktop, decimalSeparator_);
 }
 
 void clsKestrelDll::AttachHost() {

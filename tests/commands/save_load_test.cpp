@@ -35,10 +35,11 @@ class SaveLoadTest : public testing::Test {
         desktop.chosenFiles = {path};
         SaveRiskFactorsToFile(globals);
     }
-    void Load(const std::string& content) {
+    void Load(const std::string& content,
+              std::deque<MessageAnswer> answers = {MessageAnswer::Yes}) {
         std::ofstream(path) << content;
         desktop.chosenFiles = {path};
-        desktop.answers = {MessageAnswer::Yes};
+        desktop.answers = std::move(answers);
         LoadRiskFactorsFromFile(globals);
     }
     std::string Written() const {
@@ -127,7 +128,7 @@ TEST_F(SaveLoadTest, AFileThatIsNoRegisterIsRefusedBeforeAnythingChanges) {
          {"no xml", "<Other><RiskFactors/></Other>", "", "<RiskFactors xmlns=\"urn:other\"/>"}) {
         SCOPED_TRACE(content);
         desktop.messages.clear();
-        Load(content);
+        Load(content, {MessageAnswer::Ok});
         ASSERT_EQ(desktop.messages.size(), 1u);
         EXPECT_EQ(desktop.messages[0].text, "The file " + path +
                                                 " is not a valid Risk Factors file or may be "

@@ -170,9 +170,10 @@ TEST_F(EditorTest, CopiesTheSelectedRowsAsText) {
 TEST_F(EditorTest, AccessKeysAreDifferent) {
     Edit([&](User& user) {
         std::set<char32_t> keys;
-        for (const Control* control : user.TheForm().Controls())
-            if (control->Mnemonic() != 0)
-                EXPECT_TRUE(keys.insert(control->Mnemonic()).second) << control->Name();
+        for (const Control* control : user.TheForm().Controls()) {
+            if (control->Mnemonic() == 0) continue;
+            EXPECT_TRUE(keys.insert(control->Mnemonic()).second) << control->Name();
+        }
         EXPECT_EQ(keys.size(), 5u);
     });
 }

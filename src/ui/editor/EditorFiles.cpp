@@ -67,8 +67,7 @@ std::string frmEditRiskFactors::SamplesFolder() {
 }
 
 std::string frmEditRiskFactors::PlanFolder() {
-    return GetRegValue(globals_.desktop, "Software\\Schedulon Software\\Schedulon8x\\Options",
-                       "PlanPath", SamplesFolder());
+    return GetRegValue(globals_.desktop, kHostOptionsKey, kPlanPathValue, SamplesFolder());
 }
 
 void frmEditRiskFactors::Fill(const Factors& factors) {

@@ -65,7 +65,7 @@ bool frmEditRiskFactors::StoreDefaultFactors() {
 }
 
 void frmEditRiskFactors::cmdHelp_Click() {
-    ShowHelpOrTell(*globals_.application, globals_.desktop, "Defining_Risk_Factors.html");
+    ShowHelpOrTell(*globals_.application, globals_.desktop, kHelpEditor);
 }
 
 void frmEditRiskFactors::cmdCancelRisk_Click() { Close(); }
