@@ -14,6 +14,7 @@ LivePlan::LivePlan(PlanData data)
       children_(data_.tasks.size()) {
     for (std::size_t i = 0; i < data_.tasks.size(); ++i) {
         const TaskData& task = data_.tasks[i];
+        summary_.push_back(task.type != kOrdinary);
         durations_.push_back(task.duration);
         firstCost_.push_back(costs_.size());
         for (const CostEntry& entry : task.costItems) costs_.push_back(entry.cost);
@@ -32,8 +33,7 @@ PlanData LivePlan::Snapshot() const {
     return data;
 }
 
-std::int32_t LivePlan::Duration(std::size_t task) {
-    if (data_.tasks[task].type == kOrdinary) return durations_[task];
+std::int32_t LivePlan::SummaryDuration(std::size_t task) {
     const auto [start, finish] = StartAndFinish(task);
     const std::int64_t span = finish - start;
     if (span > std::numeric_limits<std::int32_t>::max())
@@ -41,18 +41,6 @@ std::int32_t LivePlan::Duration(std::size_t task) {
                                        data_.tasks[task].name + " lasts " + std::to_string(span) +
                                        " minutes, which is more than a duration can hold.");
     return static_cast<std::int32_t>(span);
-}
-
-void LivePlan::PutDuration(std::size_t task, std::int32_t duration) {
-    if (data_.tasks[task].type != kOrdinary || durations_[task] == duration) return;
-    durations_[task] = duration;
-    Changed();
-}
-
-void LivePlan::PutCost(std::size_t item, double cost) {
-    if (costs_[item] == cost) return;
-    costs_[item] = cost;
-    Changed();
 }
 
 void LivePlan::SetText(const std::string& name, const std::string& text) {

@@ -32,12 +32,22 @@ class LivePlan {
     /// @name Values
     ///@{
     /// Of a summary: the working minutes between its earliest start and latest finish.
-    std::int32_t Duration(std::size_t task);
+    std::int32_t Duration(std::size_t task) {
+        return summary_[task] ? SummaryDuration(task) : durations_[task];
+    }
     /// Ignored for a summary.
-    void PutDuration(std::size_t task, std::int32_t duration);
+    void PutDuration(std::size_t task, std::int32_t duration) {
+        if (summary_[task] || durations_[task] == duration) return;
+        durations_[task] = duration;
+        Changed();
+    }
     std::size_t FirstCost(std::size_t task) const { return firstCost_[task]; }
     double Cost(std::size_t item) const { return costs_[item]; }
-    void PutCost(std::size_t item, double cost);
+    void PutCost(std::size_t item, double cost) {
+        if (costs_[item] == cost) return;
+        costs_[item] = cost;
+        Changed();
+    }
     void SetText(const std::string& name, const std::string& text);
     void SetUserValue(std::size_t task, const std::string& name, const std::string& text);
     void AddUserField(const std::string& name, std::int16_t type);
@@ -69,6 +79,7 @@ class LivePlan {
     ///@}
 
  private:
+    std::int32_t SummaryDuration(std::size_t task);
     void Changed() {
         stale_ = true;
         data_.analysis.upToDate = false;
@@ -80,6 +91,7 @@ class LivePlan {
     WorkCalendar calendar_;
     Network network_;
     std::vector<std::vector<std::size_t>> children_;
+    std::vector<char> summary_;  ///< per task; beside the big TaskData, for speed
     std::vector<std::int32_t> durations_, baseDurations_;
     std::vector<double> costs_, baseCosts_;  ///< of all tasks, in plan order
     std::vector<std::size_t> firstCost_;     ///< per task, and one past the end

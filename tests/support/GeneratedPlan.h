@@ -20,7 +20,9 @@ struct PlanRecipe {
 /// in series, half in parallel), a register of certain and uncertain factors.
 inline PlanData GeneratedPlan(const PlanRecipe& recipe) {
     std::mt19937 random(12345);
-    const auto below = [&](std::uint32_t bound) { return random() % bound; };
+    const auto below = [&](std::uint32_t bound) {
+        return static_cast<std::uint32_t>(random()) % bound;
+    };
     PlanData plan;
     plan.name = "Generated " + std::to_string(recipe.tasks);
     plan.start = Minute{46027} * kMinutesPerDay + 480;
