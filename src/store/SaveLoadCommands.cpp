@@ -13,7 +13,13 @@
 namespace kestrel {
 namespace {
 
-constexpr const char* kFilter = "RiskFactors (*.xml)|*.xml";
+ui::frmBrowse Browse(modGlobals& globals, const char* title) {
+    ui::frmBrowse browse(globals.desktop);
+    browse.DialogTitle = title;
+    browse.DefaultExt = "XML";
+    browse.Filter = "RiskFactors (*.xml)|*.xml";
+    return browse;
+}
 
 bool HasRegisterRoot(const XmlDocument& document) {
     return document.root.name == "RiskFactors" && document.root.uri.empty();
@@ -71,10 +77,7 @@ void RestoreAssignments(const XmlDocument& document, host::TaskCollection& tasks
 }  // namespace
 
 void SaveRiskFactorsToFile(modGlobals& globals) {
-    ui::frmBrowse browse(globals.desktop);
-    browse.DialogTitle = "Save Risk Factors and Assignments";
-    browse.DefaultExt = "XML";
-    browse.Filter = kFilter;
+    ui::frmBrowse browse = Browse(globals, "Save Risk Factors and Assignments");
     browse.ShowSave();
     if (browse.FileName.empty()) return;
 
@@ -95,10 +98,7 @@ void SaveRiskFactorsToFile(modGlobals& globals) {
 }
 
 void LoadRiskFactorsFromFile(modGlobals& globals) {
-    ui::frmBrowse browse(globals.desktop);
-    browse.DialogTitle = "Load Risk Factors and Assignments";
-    browse.DefaultExt = "XML";
-    browse.Filter = kFilter;
+    ui::frmBrowse browse = Browse(globals, "Load Risk Factors and Assignments");
     browse.ShowOpen();
     if (browse.FileName.empty()) return;
 

@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "store/RegisterDocument.h"
 #include "store/SaveLoadCommands.h"
@@ -37,16 +35,12 @@ class SaveLoadTest : public testing::Test {
     }
     void Load(const std::string& content,
               std::deque<MessageAnswer> answers = {MessageAnswer::Yes}) {
-        std::ofstream(path) << content;
+        desktop.WriteFile(path, content);
         desktop.chosenFiles = {path};
         desktop.answers = std::move(answers);
         LoadRiskFactorsFromFile(globals);
     }
-    std::string Written() const {
-        std::ostringstream text;
-        text << std::ifstream(path).rdbuf();
-        return text.str();
-    }
+    std::string Written() { return desktop.ReadFile(path); }
 
     FakeHost host;
     FakeDesktop desktop;
@@ -113,7 +107,7 @@ TEST_F(SaveLoadTest, NoOrACancelledDialogLeavesThePlanAlone) {
     const std::string before = host.plan->texts["RiskFactors"];
     LoadRiskFactorsFromFile(globals);
     EXPECT_TRUE(desktop.messages.empty());
-    std::ofstream(path) << "<RiskFactors/>";
+    desktop.WriteFile(path, "<RiskFactors/>");
     desktop.chosenFiles = {path};
     LoadRiskFactorsFromFile(globals);
     EXPECT_EQ(desktop.MessageText(), kOverwrite);

@@ -4,9 +4,7 @@
 
 #include <unistd.h>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
 
 #include "host/clsKestrelDll.h"
@@ -72,15 +70,10 @@ class EditorTest : public testing::Test {
         user.Type(text);
     }
 
-    std::string File(const std::string& name, const std::string& content) const {
+    std::string File(const std::string& name, const std::string& content) {
         const std::string path = folder / name;
-        std::ofstream(path) << content;
+        desktop.WriteFile(path, content);
         return path;
-    }
-    static std::string Content(const std::string& path) {
-        std::ostringstream text;
-        text << std::ifstream(path).rdbuf();
-        return text.str();
     }
 
     FakeHost host;

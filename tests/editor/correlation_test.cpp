@@ -132,6 +132,18 @@ TEST_F(EditorTest, RowsSelectedByKeysAreDeletedInOneWalkThatSkipsTheNextRow) {
     EXPECT_EQ(desktop.messages.back().text, "Cannot Delete Selected Risk as Row Empty");
 }
 
+TEST_F(EditorTest, AFactorStillBeingTypedIsDeletedAsOne) {
+    StoreFactors(2, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 2 ? 1 : 0; });
+    Edit([&](User& user) {
+        TypeInto(user, 3, 0, "Frost");
+        desktop.answers = {MessageAnswer::Yes};
+        user.Click("cmdDeleteRisk");
+        EXPECT_EQ(Column(0), "F1 F2  ");
+        EXPECT_FALSE(grid->Editable(2, kLike)) << "the last factor keeps its lock";
+        EXPECT_FALSE(grid->Editable(1, kCorr));
+    });
+}
+
 TEST_F(EditorTest, ABlankRowStopsTheDeletion) {
     StoreFactors(1);
     Edit([&](User& user) {

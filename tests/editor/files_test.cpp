@@ -73,7 +73,6 @@ TEST_F(EditorTest, AFileChosenForAMissingDefaultBecomesTheDefault) {
 
 TEST_F(EditorTest, AFileThatIsRefusedLeavesTheGridAsItWas) {
     StoreFactors(2);
-    const std::string prefix = "The file ";
     const struct {
         const char* name;
         const char* content;
@@ -156,14 +155,15 @@ TEST_F(EditorTest, ATemplateKeepsTheTextsAndLoadsBack) {
     EXPECT_EQ(desktop.saveDialogs[0].title, "Risk Factors Template File");
     EXPECT_EQ(desktop.saveDialogs[0].defaultExtension, "XML");
     EXPECT_EQ(desktop.saveDialogs[0].initialFolder, "C:\\Host\\Samples\\");
-    EXPECT_NE(Content(path).find(
+    const std::string content = desktop.ReadFile(path);
+    EXPECT_NE(content.find(
                   "<RiskFactors Version=\"RiskFactors1.00\"><RiskFactor><Name>F1</Name>"
                   "<Minimum>100.00%</Minimum><MostLikely>100.00%</MostLikely>"
                   "<Maximum>100.13%</Maximum><CostMinimum>100.00%</CostMinimum>"
                   "<CostMostLikely>100.00%</CostMostLikely><CostMaximum>100.00%</CostMaximum>"
                   "<Probability>100.00%</Probability><CorrelatedTo>0</CorrelatedTo></RiskFactor>"),
               std::string::npos);
-    EXPECT_NE(Content(path).find("<CostMaximum>120.50%</CostMaximum>"), std::string::npos);
+    EXPECT_NE(content.find("<CostMaximum>120.50%</CostMaximum>"), std::string::npos);
 }
 
 TEST_F(EditorTest, SavingWithoutANameWarns) {
