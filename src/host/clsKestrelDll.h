@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "core/modGlobals.h"
+#include "host/clsSchedulon.h"
+#include "host/modMain.h"
+#include "ui/controls/FormRunner.h"
+
+namespace kestrel {
+
+/// The add-in's public class: the host makes one and calls its methods from menus and toolbar,
+/// one at a time.
+///
+/// While a command runs the user's decimal separator is ".", for the whole desktop, and
+/// afterwards their own again. A host call that fails, or a document that cannot be read, ends a
+/// command quietly; only a programming fault leaves the separator at ".".
+class clsKestrelDll {
+ public:
+    /// `attach` yields the host that runs the add-in; it is called when the host is first needed.
+    clsKestrelDll(std::function<host::ApplicationPtr()> attach, Desktop& desktop,
+                  ui::FormRunner& runner);
+
+    void LaunchEdit() { Launch("edit"); }
+    void LaunchAssign() { Launch("assign"); }
+    void LaunchShow() { Launch("show"); }
+    void LaunchSave() { Launch("save"); }
+    void LaunchLoad() { Launch("load"); }
+    void LaunchOptions() { Launch("options"); }
+    /// Begins to take part in the host's risk analyses; a second call does nothing. HostError
+    /// when the host cannot be reached.
+    void LaunchStartSchedulon();
+    void LaunchStopSchedulon();
+
+    modGlobals& Globals() { return globals_; }
+
+ private:
+    void Launch(const char* command);
+    void AttachHost();
+
+    std::function<host::ApplicationPtr()> attach_;
+    modGlobals globals_;
+    ui::FormRunner& runner_;
+    CommandWindows windows_;
+    std::string decimalSeparator_;  ///< the user's, while a command runs
+    std::unique_ptr<clsSchedulon> schedulon_;
+};
+
+}  // namespace kestrel

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "core/modGlobals.h"
+#include "util/Errors.h"
+
+namespace kestrel {
+
+/// The host's active plan. Raises HostError when none is open.
+inline host::PlanPtr OpenPlan(const modGlobals& globals) {
+    if (host::PlanPtr plan = globals.application ? globals.application->ActivePlan() : nullptr)
+        return plan;
+    throw HostError("No plan is open in the host; open one and try again.");
+}
+
+}  // namespace kestrel

@@ -1,0 +1,130 @@
+#include "store/SaveLoadCommands.h"
+
+#include <string>
+
+#include "store/OpenPlan.h"
+#include "store/RegisterDocument.h"
+#include "store/TaskField.h"
+#include "store/modXmlToolbox.h"
+#include "ui/browse/frmBrowse.h"
+#include "util/NumberText.h"
+#include "util/Trapped.h"
+
+namespace kestrel {
+namespace {
+
+ui::frmBrowse Browse(modGlobals& globals, const char* title) {
+    ui::frmBrowse browse(globals.desktop);
+    browse.DialogTitle = title;
+    browse.DefaultExt = "XML";
+    browse.Filter = "RiskFactors (*.xml)|*.xml";
+    return browse;
+}
+
+bool HasRegisterRoot(const XmlDocument& document) {
+    return document.root.name == "RiskFactors" && document.root.uri.empty();
+}
+
+/// Files laid out by hand hold line breaks around their texts.
+std::string Trimmed(const std::string& text) {
+    constexpr const char* kBlanks = " \t\r\n";
+    const std::size_t from = text.find_first_not_of(kBlanks);
+    if (from == std::string::npos) return {};
+    return text.substr(from, text.find_last_not_of(kBlanks) - from + 1);
+}
+
+void AppendAssignments(XmlNode& task, const RiskIDs& ids, const char* inSeries) {
+    for (const std::int32_t id : ids) {
+        XmlNode& assigned = task.Append(CreateXmlElement("AssignedRiskFactor", std::to_string(id)));
+        assigned.Append(CreateXmlElement("InSeries", inSeries));
+    }
+}
+
+/// The task with its assignments; without children beyond its ID when it has none.
+XmlNode TaskElement(modGlobals& globals, host::Task& task) {
+    XmlNode element = CreateXmlElement("Task");
+    element.Append(CreateXmlElement("ID", task.ID()));
+    for (const bool inSeries : {true, false}) {
+        RiskIDs ids;
+        GetTaskRiskFactors(globals, task, ids, inSeries);
+        AppendAssignments(element, ids, inSeries ? "1" : "0");
+    }
+    return element;
+}
+
+/// A `Task` element as the text of the task's field.
+std::string FieldText(const XmlNode& element) {
+    std::string parallel, series;
+    for (const XmlNode& child : element.children) {
+        if (child.name != "AssignedRiskFactor" || child.children.empty()) continue;
+        const std::string id = Trimmed(child.children.front().TextContent());
+        if (id.empty()) continue;
+        const bool inSeries = LeadingNumber(child.children.back().TextContent()) != 0;
+        std::string& list = inSeries ? series : parallel;
+        if (!list.empty()) list += ',';
+        list += id;
+    }
+    return MakeRiskFieldText(parallel, series);
+}
+
+void RestoreAssignments(const XmlDocument& document, host::TaskCollection& tasks) {
+    for (const XmlNode* element : SelectElements(document, "Task")) {
+        const host::TaskPtr task = tasks.Item(Trimmed(GetChildText("ID", *element)));
+        if (task) task->UserValues()->PutItem(kRiskFactorsField, FieldText(*element));
+    }
+}
+
+}  // namespace
+
+void SaveRiskFactorsToFile(modGlobals& globals) {
+    ui::frmBrowse browse = Browse(globals, "Save Risk Factors and Assignments");
+    browse.ShowSave();
+    if (browse.FileName.empty()) return;
+
+    const host::PlanPtr plan = OpenPlan(globals);
+    globals.RiskFactors.clear();
+    LoadRegisterFromPlan(globals, *plan);
+    XmlDocument document;
+    LoadXmlFromString(globals.desktop, document, plan->GetText(kRegisterText));
+    if (!HasRegisterRoot(document)) return;
+
+    // An earlier load leaves its tasks in the stored text.
+    std::erase_if(document.root.children, [](const XmlNode& n) { return n.name == "Task"; });
+    for (const host::TaskPtr& task : plan->Tasks()->Enumerate()) {
+        XmlNode element = TaskElement(globals, *task);
+        if (element.children.size() > 1) document.root.Append(std::move(element));
+    }
+    globals.desktop.WriteFile(browse.FileName, SerialiseXmlFile(document.root));
+}
+
+void LoadRiskFactorsFromFile(modGlobals& globals) {
+    ui::frmBrowse browse = Browse(globals, "Load Risk Factors and Assignments");
+    browse.ShowOpen();
+    if (browse.FileName.empty()) return;
+
+    // Every Version loads, and so does a file without one.
+    XmlDocument document;
+    LoadXmlFromFile(globals.desktop, document, browse.FileName);
+    if (!HasRegisterRoot(document)) {
+        globals.desktop.ShowMessage("The file " + browse.FileName +
+                                        " is not a valid Risk Factors file or may be "
+                                        "corrupted and cannot be loaded. ",
+                                    MessageButtons::OkCancel, "");
+        return;
+    }
+    if (globals.desktop.ShowMessage(
+            "The Risk Factors and Risks Assigned to Tasks will be overwritten by selecting the "
+            "Load Risk Factors and Assignments Option",
+            MessageButtons::YesNo, "") != MessageAnswer::Yes)
+        return;
+
+    const host::PlanPtr plan = OpenPlan(globals);
+    Trapped([&] { EnsureTextField(*plan, kRiskFactorsField); });
+    const auto tasks = plan->Tasks();
+    for (const host::TaskPtr& task : tasks->Enumerate())
+        task->UserValues()->PutItem(kRiskFactorsField, "");
+    plan->SetText(kRegisterText, SerialiseXml(document.root));
+    RestoreAssignments(document, *tasks);
+}
+
+}  // namespace kestrel

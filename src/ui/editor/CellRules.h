@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// What the texts of the editor's cells may be. Nothing here knows the grid.
+namespace kestrel::ui {
+
+/// Nothing but blanks.
+bool IsBlank(std::string_view text);
+
+/// Whether a typed character reaches a cell of the column. The set of the number columns holds a
+/// few strays (":", "%" to "(") on purpose. Backspace (8) counts as a character.
+bool AcceptsCharacter(int column, bool locked, char32_t code);
+
+/// A percentage as it is left when its row is left: "50" -> "50.00%", "12.5" -> "12.50%", blank
+/// -> "100.00%". Other forms, such as ".5%" and "12.345%", stay as typed.
+std::string NormalisedPercent(std::string text);
+
+/// The pattern "0.00" and "%": 12.5 -> "12.50%".
+std::string FormatPercentCell(double value);
+
+/// The number of a "Correlated to" cell; nothing when the text is not a whole number.
+std::optional<std::int32_t> WholeNumber(const std::string& text);
+
+}  // namespace kestrel::ui

@@ -1,0 +1,118 @@
+#include "ui/editor/RiskGrid.h"
+
+#include <vector>
+
+#include "ui/editor/CellRules.h"
+
+namespace kestrel::ui {
+namespace {
+
+struct ColumnLayout {
+    const char* header;
+    int width;
+};
+
+// Two lines each. Only the last caption starts on the first line.
+constexpr ColumnLayout kColumns[kRiskColumns] = {
+    {"\r\nDescription", 190}, {"\r\nDur Min", 68},    {"\r\nDur Likely", 68},
+    {"\r\nDur Max", 68},      {"\r\nCost Min", 68},   {"\r\nCost Likely", 72},
+    {"\r\nCost Max", 68},     {"\r\nLikelihood", 72}, {"Likelihood\r\nCorrelated to", 88},
+};
+
+std::string RowNumber(int row) { return std::to_string(row) + "."; }
+
+}  // namespace
+
+void SetUpRiskGrid(Grid& grid) {
+    grid.Clear(kRiskColumns, 1, true);
+    for (int column = 0; column < kRiskColumns; ++column) {
+        grid.SetText(0, column, kColumns[column].header);
+        grid.Geometry().SetColumnWidth(column, kColumns[column].width);
+    }
+    grid.Geometry().SetStretchColumn(kDescriptionColumn);
+}
+
+bool RowHasContent(const Grid& grid, int row) {
+    for (int column = 0; column < grid.ColumnCount(); ++column)
+        if (!IsBlank(grid.Text(row, column))) return true;
+    return false;
+}
+
+int AppendNumberedRow(Grid& grid) {
+    const int row = grid.AddRow();
+    grid.SetText(row, Grid::kRowHeader, RowNumber(row));
+    return row;
+}
+
+void NumberRows(Grid& grid) {
+    for (int row = 1; row < grid.RowCount(); ++row)
+        grid.SetText(row, Grid::kRowHeader, RowNumber(row));
+}
+
+void FillRow(Grid& grid, int row, const clsRiskFactor& factor) {
+    grid.SetText(row, kDescriptionColumn, factor.strDescription);
+    const double percentages[] = {factor.dblMin,     factor.dblML,     factor.dblMax,
+                                  factor.dblCostMin, factor.dblCostML, factor.dblCostMax,
+                                  factor.dblProb};
+    int column = kDurMinColumn;
+    for (const double value : percentages) grid.SetText(row, column++, FormatPercentCell(value));
+    grid.SetText(row, kCorrelatedToColumn, std::to_string(factor.CorrelatedTo));
+}
+
+void FillBlankFigures(Grid& grid, int row) {
+    for (int column = kDurMinColumn; column <= kLikelihoodColumn; ++column)
+        if (IsBlank(grid.Text(row, column))) grid.SetText(row, column, FormatPercentCell(100));
+    if (IsBlank(grid.Text(row, kCorrelatedToColumn))) grid.SetText(row, kCorrelatedToColumn, "0");
+}
+
+void FillBlankCells(Grid& grid) {
+    int unnamed = 0;
+    for (int row = 1; row <= LastRiskRow(grid); ++row) {
+        if (IsBlank(grid.Text(row, kDescriptionColumn)))
+            grid.SetText(row, kDescriptionColumn, "Risk Factor" + std::to_string(++unnamed));
+        FillBlankFigures(grid, row);
+    }
+}
+
+void SetCellEditable(Grid& grid, int row, int column, bool editable) {
+    grid.SetEditable(row, column, editable);
+    grid.SetCellColour(row, column, editable ? kWhite : kSystemGreyText);
+}
+
+void RefreshCellLocks(Grid& grid) {
+    const int last = LastRiskRow(grid);
+    std::vector<bool> follows(static_cast<std::size_t>(last + 1)), followed(follows.size());
+    for (int row = 1; row <= last; ++row) {
+        const int target = WholeNumber(grid.Text(row, kCorrelatedToColumn)).value_or(0);
+        follows[static_cast<std::size_t>(row)] = target > 0;
+        if (IsDataRow(grid, target)) followed[static_cast<std::size_t>(target)] = true;
+    }
+    for (int row = 1; row <= last; ++row) {
+        const auto index = static_cast<std::size_t>(row);
+        SetCellEditable(grid, row, kLikelihoodColumn, !follows[index]);
+        SetCellEditable(grid, row, kCorrelatedToColumn, !followed[index]);
+    }
+}
+
+void CopyLikelihoodToCorrelated(Grid& grid, int row) {
+    const std::string likelihood = grid.Text(row, kLikelihoodColumn);
+    for (int other = 1; other <= LastRiskRow(grid); ++other) {
+        const std::string& target = grid.Text(other, kCorrelatedToColumn);
+        if (IsBlank(target))
+            grid.SetText(other, kCorrelatedToColumn, "0");
+        else if (WholeNumber(target) == row)
+            grid.SetText(other, kLikelihoodColumn, likelihood);
+    }
+}
+
+void RenumberCorrelations(Grid& grid, int removed) {
+    for (int row = 1; row <= LastRiskRow(grid); ++row) {
+        const auto target = WholeNumber(grid.Text(row, kCorrelatedToColumn));
+        if (target == removed)
+            grid.SetText(row, kCorrelatedToColumn, "0");
+        else if (target && *target > removed)
+            grid.SetText(row, kCorrelatedToColumn, std::to_string(*target - 1));
+    }
+}
+
+}  // namespace kestrel::ui

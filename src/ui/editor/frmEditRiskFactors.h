@@ -1,0 +1,115 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/modGlobals.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Form.h"
+#include "ui/controls/Grid.h"
+#include "ui/editor/FactorFiles.h"
+
+namespace kestrel::ui {
+
+/// The risk factor editor: the plan's register in one grid, a factor a row, and below the last
+/// factor a blank row to enter a new one. The grid is the working copy; the plan changes on OK
+/// only.
+class frmEditRiskFactors : public Form {
+ public:
+    explicit frmEditRiskFactors(modGlobals& globals);
+
+    /// Fills the grid from the plan's register; when that holds no factors, as the option
+    /// "OptionSetting" says; after cmdLoadFile from the chosen file. False when the file was
+    /// refused (the user has been told) or none was chosen in place of the grid's factors; the
+    /// grid is then as it was.
+    bool LoadData();
+
+    /// Loads the default factors and stores them in the plan, without showing the form.
+    bool StoreDefaultFactors();
+
+    /// Whether OK stored the grid in the plan.
+    bool RegisterChanged() const { return registerChanged_; }
+    /// The user's language when the form was loaded.
+    std::uint16_t UserLanguage() const { return userLanguage_; }
+
+    Grid Tabulon1{"Tabulon1"};
+    Button cmdDeleteRisk{"cmdDeleteRisk", "&Delete Risk"};
+    Button cmdLoadFile{"cmdLoadFile", "&Load From File"};
+    Button cmdSave{"cmdSave", "&Save To File"};
+    Button cmdHelp{"cmdHelp", "&Help"};
+    Button cmdCancelRisk{"cmdCancelRisk", "Cancel"};
+    Button cmdOKRisk{"cmdOKRisk", "&OK"};
+
+    void cmdDeleteRisk_Click();
+    void cmdLoadFile_Click();
+    void cmdSave_Click();
+    void cmdHelp_Click();
+    void cmdCancelRisk_Click();
+    void cmdOKRisk_Click();
+    bool Tabulon1_KeyDown(const KeyEvent& event);
+    bool Tabulon1_KeyPress(char32_t code);
+    void Tabulon1_MouseDown(const MouseEvent& event);
+
+ protected:
+    void Form_Load() override;
+
+ private:
+    void PlaceControls();
+    void ConnectHandlers();
+
+    /// @name Filling
+    ///@{
+    std::optional<Factors> FactorsToStartWith();
+    std::optional<Factors> FactorsOfFile(const std::string& path);
+    std::string DefaultFile();
+    std::string ExistingFile(const std::string& path);
+    std::string BrowseForFactors(const std::string& filter, const std::string& folder);
+    std::string SamplesFolder();
+    std::string PlanFolder();
+    bool FactorsAreAssigned();
+    void Fill(const Factors& factors);
+    ///@}
+
+    /// @name Rows and cells
+    ///@{
+    void AddBlankRow(bool moveTo, bool force);
+    void CompleteEntryRow();
+    void NormaliseRow();
+    void CheckCorrelationCell();
+    void RefuseCorrelation(const char* message);
+    bool CheckDescriptions();
+    bool InUnnamedEntryRow() const;
+    /// What leaving a cell by other means than the keys of Tabulon1_KeyDown does.
+    void LeaveCell();
+    ///@}
+
+    /// @name Keys
+    ///@{
+    void GoTo(int row, int column);
+    void GoDown();
+    void GoUp();
+    void EnterPressed(bool shift);
+    void TabPressed(bool shift);
+    void StartEditing();
+    void EscapePressed();
+    ///@}
+
+    /// @name Deletion
+    ///@{
+    bool MarksInUse() const;
+    bool DeleteSelectedRows();
+    void DeleteMarkedRows();
+    void DeleteRow(int row);
+    ///@}
+
+    modGlobals& globals_;
+    std::optional<std::string> chosenFile_;     ///< of cmdLoadFile
+    std::vector<std::int32_t> deletedNumbers_;  ///< each as it was when its row was removed
+    std::vector<int> markedRows_;               ///< rows that the mouse has selected, ascending
+    bool registerChanged_ = false;
+    std::uint16_t userLanguage_ = 0;
+};
+
+}  // namespace kestrel::ui

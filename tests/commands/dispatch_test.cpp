@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "host/clsKestrelDll.h"
+#include "support/FakeDesktop.h"
+#include "support/FakeHost.h"
+#include "support/ScriptedRunner.h"
+#include "ui/command_select/frmCommandSelect.h"
+
+namespace kestrel::test {
+namespace {
+
+constexpr const char* kRegister =
+    "<RiskFactors Version=\"RiskFactors1.00\"><RiskFactor><Name>Rain</Name><Minimum>90</Minimum>"
+    "<MostLikely>100</MostLikely><Maximum>110</Maximum><Probability>50</Probability></RiskFactor>"
+    "</RiskFactors>";
+
+class CommandTest : public testing::Test {
+ protected:
+    CommandTest() : addin([this] { return host.application; }, desktop, runner), globals(desktop) {
+        globals.application = host.application;
+        Option("OptionSetting", "3");
+        const auto note = [this](const char* name) {
+            return [this, name](modGlobals&, ui::FormRunner&) { opened += name; };
+        };
+        windows.assign = note("assign ");
+        windows.assignAdvanced = note("advanced ");
+        windows.drivingRisks = note("driving ");
+        windows.options = note("options ");
+    }
+    void Option(const std::string& key, const std::string& value) {
+        host.application->settings[{"RiskFactors", "RiskFactors", key}] = value;
+    }
+    void Run(const std::string& word) { RunCommand(globals, runner, windows, word); }
+
+    FakeHost host;
+    FakeDesktop desktop;
+    ScriptedRunner runner;
+    clsKestrelDll addin;
+    modGlobals globals;
+    CommandWindows windows;
+    std::string opened;
+};
+
+TEST_F(CommandTest, TheSeparatorIsAPointWhileACommandRunsAndTheUsersOwnAfterwards) {
+    std::string during;
+    runner.script = [&](User&) { during = desktop.locale[LocaleItem::DecimalSeparator]; };
+    desktop.locale[LocaleItem::DecimalSeparator] = std::string(",\0;", 3);
+    addin.LaunchEdit();
+    EXPECT_EQ(during, ".");
+    EXPECT_EQ(desktop.locale[LocaleItem::DecimalSeparator], ",");
+
+    host.log.failing = {"Application.ActivePlan"};
+    addin.LaunchShow();
+    EXPECT_EQ(desktop.locale[LocaleItem::DecimalSeparator], ",") << "a host failure is trapped";
+
+    host.log.failing.clear();
+    runner.script = [](User&) { throw std::logic_error("a fault"); };
+    EXPECT_THROW(addin.LaunchEdit(), std::logic_error);
+    EXPECT_EQ(desktop.locale[LocaleItem::DecimalSeparator], ".");
+}
+
+TEST_F(CommandTest, WordsAreMatchedInAnyLetterCase) {
+    Run("OPTIONS");
+    EXPECT_EQ(opened, "options ");
+    runner.shown = 0;
+    Run("Edit");
+    EXPECT_EQ(runner.shown, 1);
+    EXPECT_TRUE(globals.openedFromHost);
+    Run("edit ");
+    Run("unknown");
+    EXPECT_EQ(runner.shown, 1);
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(CommandTest, AnEmptyWordLetsTheUserPick) {
+    runner.script = [](User& user) {
+        user.Press(Key::End);
+        user.Press(Key::Escape);
+    };
+    Run("");
+    EXPECT_EQ(opened, "");
+    runner.script = [](User& user) {
+        EXPECT_EQ(user.Get<ui::ComboBox>("cboCommand").Text(), "edit");
+        user.Press(Key::End);
+        user.Press(Key::Enter);
+    };
+    Run("");
+    EXPECT_EQ(opened, "options ");
+}
+
+TEST_F(CommandTest, AnOlderHostIsRefusedByAllButShow) {
+    host.application->version[2] = 99;
+    host.AddTask("1", "Dig");
+    for (const char* word : {"edit", "assign", "save", "load", "options"}) {
+        SCOPED_TRACE(word);
+        desktop.messages.clear();
+        Run(word);
+        EXPECT_EQ(desktop.MessageText(),
+                  "This functionality requires Quillon Risk Analysis version 8.0.100 or later."
+                  "\r\n\r\nPlease upgrade to the latest version or contact your administrator.");
+    }
+    EXPECT_EQ(opened, "");
+    EXPECT_EQ(host.plan->recalculations, 0);
+    Run("show");
+    EXPECT_EQ(opened, "driving ");
+}
+
+TEST_F(CommandTest, AssignMakesSureOfTasksAndFactors) {
+    Run("assign");
+    EXPECT_EQ(desktop.MessageText(), "There are no tasks to assign risks to.");
+    EXPECT_EQ(host.plan->recalculations, 1);
+    EXPECT_EQ(opened, "");
+
+    host.AddTask("1", "Dig");
+    desktop.messages.clear();
+    Run("assign");
+    EXPECT_EQ(desktop.MessageText(), "No Risk Factors have been loaded into the Plan.");
+    EXPECT_EQ(host.plan->texts["RiskFactors"], "<RiskFactors Version=\"RiskFactors1.00\"/>");
+    EXPECT_FALSE(globals.openedFromHost);
+    EXPECT_EQ(opened, "assign ");
+    EXPECT_EQ(runner.shown, 0) << "the editor works unseen";
+
+    desktop.messages.clear();
+    Option("AssignView", "2");
+    Run("assign");
+    Option("AssignView", "3");
+    Run("assign");
+    EXPECT_EQ(opened, "assign advanced ");
+    EXPECT_EQ(desktop.MessageText(), "");
+    EXPECT_EQ(host.plan->recalculations, 4);
+}
+
+TEST_F(CommandTest, AssignGoesOnWhenTheDefaultFileIsMissing) {
+    host.AddTask("1", "Dig");
+    Option("OptionSetting", "1");
+    Option("FileLocation", "/nowhere.xml");
+    Run("assign");
+    EXPECT_EQ(desktop.MessageText(), "The file '/nowhere.xml' does not exist.");
+    EXPECT_EQ(opened, "assign ");
+}
+
+TEST_F(CommandTest, ShowAsksOnlyWhenTheAnalysisIsOutOfDate) {
+    host.plan->texts["RiskFactors"] = kRegister;
+    Run("show");
+    Run("show");
+    EXPECT_EQ(globals.RiskFactors.size(), 1u) << "replaced, not appended";
+    host.plan->upToDate = false;
+    Run("show");
+    EXPECT_EQ(opened, "driving driving ");
+    EXPECT_EQ(desktop.MessageText(),
+              "The risk analysis is out of date.  To update the risk analysis you need to run it "
+              "again.\r\n\r\nDo you wish to continue anyway?");
+    desktop.answers = {MessageAnswer::Yes};
+    Run("show");
+    EXPECT_EQ(opened, "driving driving driving ");
+}
+
+TEST_F(CommandTest, TheListenerIsStartedOnceAndStoppedOnce) {
+    addin.LaunchStopSchedulon();
+    addin.LaunchStartSchedulon();
+    addin.LaunchStartSchedulon();
+    EXPECT_EQ(host.application->sinks.size(), 1u);
+    addin.LaunchStopSchedulon();
+    addin.LaunchStopSchedulon();
+    EXPECT_TRUE(host.application->sinks.empty());
+
+    host.log.failing = {"Application.Subscribe"};
+    EXPECT_THROW(addin.LaunchStartSchedulon(), HostError);
+    host.log.failing.clear();
+    addin.LaunchStartSchedulon();
+    EXPECT_EQ(host.application->sinks.size(), 1u) << "a failed start can be repeated";
+}
+
+TEST_F(CommandTest, CommandsEndQuietlyWithoutPlanOrHost) {
+    host.application->plan = nullptr;
+    addin.LaunchEdit();
+    addin.LaunchAssign();
+    addin.LaunchShow();
+    clsKestrelDll alone([] { return host::ApplicationPtr(); }, desktop, runner);
+    alone.LaunchEdit();
+    EXPECT_EQ(runner.shown, 0);
+    EXPECT_EQ(desktop.MessageText(), "");
+    EXPECT_THROW(alone.LaunchStartSchedulon(), HostError);
+}
+
+}  // namespace
+}  // namespace kestrel::test

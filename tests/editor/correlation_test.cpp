@@ -1,0 +1,160 @@
+#include "editor/EditorTest.h"
+#include "ui/controls/Colour.h"
+#include "ui/editor/RiskGrid.h"
+
+namespace kestrel::test {
+namespace {
+
+constexpr int kLike = kLikelihoodColumn, kCorr = kCorrelatedToColumn;
+constexpr const char* kToItself = "A Risk Factor cannot be correlated to itself.";
+constexpr const char* kInvalid =
+    "Invalid entry. Please enter the number of the risk factor you wish to correlate this risk "
+    "factor to, for example 12.  Enter 0 to remove correlation.";
+
+TEST_F(EditorTest, AFollowerTakesTheOthersLikelihoodAndLocksBothCells) {
+    StoreFactors(5, [](int i, clsRiskFactor& f) { f.dblProb = 10 * i; });
+    Edit([&](User& user) {
+        TypeInto(user, 3, kCorr, "5");
+        user.Press(Key::Up);
+        EXPECT_EQ(Cell(3, kLike), "50.00%");
+        EXPECT_FALSE(grid->Editable(3, kLike));
+        EXPECT_EQ(grid->CellColour(3, kLike), ui::kSystemGreyText);
+        EXPECT_FALSE(grid->Editable(5, kCorr));
+        TypeInto(user, 5, kLike, "7");
+        user.Press(Key::Down);
+        EXPECT_EQ(Cell(3, kLike), "7.00%");
+
+        TypeInto(user, 3, kLike, "1");
+        TypeInto(user, 5, kCorr, "1");
+        EXPECT_EQ(Cell(3, kLike) + Cell(5, kCorr), "7.00%0") << "locked cells refuse typing";
+
+        TypeInto(user, 3, kCorr, "0");
+        user.Press(Key::Down);
+        EXPECT_TRUE(grid->Editable(3, kLike));
+        EXPECT_EQ(grid->CellColour(5, kCorr), ui::kWhite);
+    });
+    EXPECT_EQ(desktop.MessageText(), "");
+}
+
+TEST_F(EditorTest, CorrelationsThatCannotBeAreRefused) {
+    StoreFactors(11);
+    const struct {
+        const char* typed;
+        const char* message;
+        const char* left;
+    } cases[] = {
+        {"2", kToItself, "0"}, {"12", kInvalid, "0"},
+        {"99", kInvalid, "0"}, {"11", "", "11"},
+        {"1:", "", "1:"},      {"00", "", "00"},
+        {"5%", "", "5%"},      {"99999999999", "", "99999999999"},
+    };
+    Edit([&](User& user) {
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.typed);
+            desktop.messages.clear();
+            TypeInto(user, 2, kCorr, c.typed);
+            user.ClickCell("Tabulon1", 4, 0);
+            EXPECT_EQ(desktop.MessageText(), c.message);
+            EXPECT_EQ(Cell(2, kCorr), c.left);
+        }
+        TypeInto(user, 2, kCorr, "1");
+        user.Press(Key::Back);
+        user.Press(Key::Up);
+        EXPECT_EQ(Cell(2, kCorr), "0") << "blank means none";
+    });
+}
+
+TEST_F(EditorTest, LocksShowTheCorrelationsThatWereStored) {
+    StoreFactors(4, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 4 ? 1 : 0; });
+    Edit([&](User&) {
+        for (int row = 1; row <= 4; ++row) {
+            EXPECT_EQ(grid->Editable(row, kLike), row != 4) << row;
+            EXPECT_EQ(grid->Editable(row, kCorr), row != 1) << row;
+        }
+    });
+}
+
+TEST_F(EditorTest, DeletingARowClosesUpNumbersAndCorrelations) {
+    const int targets[] = {0, 0, 2, 0, 4, 5};
+    StoreFactors(6, [&](int i, clsRiskFactor& f) { f.CorrelatedTo = targets[i - 1]; });
+    auto task = host.AddTask("1", "Dig", "(2,4(P));(1,6)");
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 2, 0);
+        user.Click("cmdDeleteRisk");
+        EXPECT_EQ(grid->RowCount(), 8) << "No deletes nothing";
+        desktop.answers = {MessageAnswer::Yes};
+        user.Press(Key::Delete);
+        EXPECT_EQ(grid->RowCount(), 8) << "the button has the keyboard";
+        user.ClickCell("Tabulon1", 2, 0);
+        user.Press(Key::Delete);
+        EXPECT_EQ(Column(0), "F1 F3 F4 F5 F6  ");
+        EXPECT_EQ(Column(Grid::kRowHeader), "1. 2. 3. 4. 5. 6. ");
+        EXPECT_EQ(Column(kCorr), "0 0 0 3 4  ");
+        EXPECT_EQ(Current(), "2,0");
+        EXPECT_EQ(task->texts["RiskFactors"], "(2,4(P));(1,6)") << "tasks wait for OK";
+        ClickOk(user);
+    });
+    EXPECT_EQ(task->texts["RiskFactors"], "(3(P));(1,5)");
+    EXPECT_EQ(
+        desktop.MessageText(),
+        "Do you want to delete the selected Risk? | Do you want to delete the selected Risk?");
+}
+
+TEST_F(EditorTest, RowsMarkedByMouseAreAllDeleted) {
+    StoreFactors(6, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 5 ? 6 : 0; });
+    auto task = host.AddTask("1", "Dig", "(1,2,3,4,5,6)");
+    MouseEvent ctrl;
+    ctrl.ctrl = true;
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 2, 0);
+        for (const int row : {3, 4, 7}) user.ClickCell("Tabulon1", row, 0, ctrl);
+        desktop.answers = {MessageAnswer::Yes};
+        user.Click("cmdDeleteRisk");
+        EXPECT_EQ(Column(0), "F1 F5 F6  ");
+        EXPECT_EQ(Column(kCorr), "0 3 0  ") << "the entry row, marked too, stays";
+        EXPECT_FALSE(grid->Editable(3, kCorr));
+        ClickOk(user);
+    });
+    EXPECT_EQ(task->texts["RiskFactors"], "(1,2,3)");
+}
+
+TEST_F(EditorTest, RowsSelectedByKeysAreDeletedInOneWalkThatSkipsTheNextRow) {
+    StoreFactors(4);
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 1, 0);
+        user.Press(Key::PageDown, true);
+        EXPECT_EQ(grid->SelectedRows().size(), 5u);
+        desktop.answers = {MessageAnswer::Yes};
+        user.Press(Key::Delete);
+        EXPECT_EQ(Column(0), "F2 F4  ");
+        EXPECT_EQ(Column(Grid::kRowHeader), "1. 2. 3. ");
+    });
+    EXPECT_EQ(desktop.messages.back().text, "Cannot Delete Selected Risk as Row Empty");
+}
+
+TEST_F(EditorTest, AFactorStillBeingTypedIsDeletedAsOne) {
+    StoreFactors(2, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 2 ? 1 : 0; });
+    Edit([&](User& user) {
+        TypeInto(user, 3, 0, "Frost");
+        desktop.answers = {MessageAnswer::Yes};
+        user.Click("cmdDeleteRisk");
+        EXPECT_EQ(Column(0), "F1 F2  ");
+        EXPECT_FALSE(grid->Editable(2, kLike)) << "the last factor keeps its lock";
+        EXPECT_FALSE(grid->Editable(1, kCorr));
+    });
+}
+
+TEST_F(EditorTest, ABlankRowStopsTheDeletion) {
+    StoreFactors(1);
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 2, 0);
+        desktop.answers = {MessageAnswer::Yes};
+        user.Click("cmdDeleteRisk");
+        EXPECT_EQ(desktop.messages.back().text, "Cannot Delete Selected Risk as Row Empty");
+        EXPECT_EQ(Column(0), "F1  ");
+        EXPECT_EQ(user.TheForm().Focus(), grid);
+    });
+}
+
+}  // namespace
+}  // namespace kestrel::test

@@ -1,0 +1,193 @@
+#include "editor/EditorTest.h"
+#include "ui/controls/Colour.h"
+
+namespace kestrel::test {
+namespace {
+
+TEST_F(EditorTest, OpensWithOneNumberedEntryRowOnAnEmptyPlan) {
+    Edit([&](User& user) {
+        EXPECT_EQ(user.TheForm().Caption(), "Edit Risk Factors");
+        EXPECT_EQ(user.TheForm().Focus(), grid);
+        EXPECT_EQ(grid->RowCount(), 2);
+        EXPECT_EQ(Cell(1, Grid::kRowHeader), "1.");
+        EXPECT_EQ(Cell(0, kDescriptionColumn), "\r\nDescription");
+        EXPECT_EQ(Cell(0, kDurLikelyColumn), "\r\nDur Likely");
+        EXPECT_EQ(Cell(0, kCorrelatedToColumn), "Likelihood\r\nCorrelated to");
+        EXPECT_EQ(user.Get<ui::Button>("cmdDeleteRisk").Caption(), "Delete Risk");
+        EXPECT_EQ(desktop.locale[LocaleItem::DecimalSeparator], ".");
+    });
+    EXPECT_EQ(runner.shown, 1);
+    EXPECT_EQ(desktop.locale[LocaleItem::DecimalSeparator], ",");
+}
+
+TEST_F(EditorTest, ADescriptionAloneBecomesAFactorWithDefaults) {
+    Edit([&](User& user) {
+        user.Type("Frost");
+        user.Press(Key::Down);
+        EXPECT_EQ(Cell(1, kDescriptionColumn), "Frost");
+        for (int column = kDurMinColumn; column <= kLikelihoodColumn; ++column)
+            EXPECT_EQ(Cell(1, column), "100.00%") << column;
+        EXPECT_EQ(Cell(1, kCorrelatedToColumn), "0");
+        EXPECT_EQ(Cell(2, Grid::kRowHeader), "2.");
+        EXPECT_EQ(Column(kDescriptionColumn), "Frost  ");
+        EXPECT_EQ(Current(), "2,0");
+        ClickOk(user);
+    });
+    ASSERT_EQ(addin.Globals().RiskFactors.size(), 1u);
+    EXPECT_EQ(addin.Globals().RiskFactors[0]->strDescription, "Frost");
+    EXPECT_NE(host.plan->texts["RiskFactors"].find("<RiskFactor ID=\"1\"><Name>Frost</Name>"),
+              std::string::npos);
+}
+
+TEST_F(EditorTest, AFactorStillBeingTypedIsStoredByOk) {
+    Edit([&](User& user) {
+        user.Type("Frost");
+        ClickOk(user);
+        EXPECT_FALSE(user.TheForm().IsOpen());
+    });
+    EXPECT_EQ(addin.Globals().RiskFactors.size(), 1u);
+}
+
+TEST_F(EditorTest, TheEntryRowWantsItsDescriptionFirst) {
+    Edit([&](User& user) {
+        user.Press(Key::Right);
+        user.Type("5");
+        user.Press(Key::F2);
+        user.Press(Key::Back);
+        EXPECT_EQ(desktop.beeps, 3);
+        EXPECT_EQ(Cell(1, kDurMinColumn), "");
+        EXPECT_FALSE(grid->IsEditing());
+    });
+}
+
+TEST_F(EditorTest, KeysMoveAsTheyShould) {
+    StoreFactors(3);
+    const struct {
+        const char* from;
+        Key key;
+        bool shift;
+        const char* to;
+        int beeps;
+    } cases[] = {
+        {"1,3", Key::Up, false, "1,3", 1},       {"3,3", Key::Up, false, "2,3", 0},
+        {"4,2", Key::Down, false, "4,2", 1},     {"1,2", Key::Enter, true, "1,2", 1},
+        {"3,2", Key::Enter, true, "2,2", 0},     {"4,0", Key::Tab, false, "4,1", 0},
+        {"1,8", Key::Tab, false, "2,0", 0},      {"4,8", Key::Tab, false, "4,8", 0},
+        {"2,0", Key::Tab, true, "1,8", 0},       {"1,0", Key::Tab, true, "1,0", 0},
+        {"2,4", Key::Tab, true, "2,3", 0},       {"2,8", Key::Right, false, "2,8", 0},
+        {"2,0", Key::Left, false, "2,0", 0},     {"2,4", Key::Home, false, "2,0", 0},
+        {"2,4", Key::PageDown, false, "4,4", 0},
+    };
+    Edit([&](User& user) {
+        for (const auto& c : cases) {
+            SCOPED_TRACE(testing::Message() << c.from << " key " << static_cast<int>(c.key));
+            grid->SetCurrentCell(c.from[0] - '0', c.from[2] - '0');
+            desktop.beeps = 0;
+            user.Press(c.key, c.shift);
+            EXPECT_EQ(Current(), c.to);
+            EXPECT_EQ(desktop.beeps, c.beeps);
+            EXPECT_EQ(grid->SelectedRows().size() == 1 ? grid->CurrentRow() : 0,
+                      grid->CurrentRow());
+        }
+        for (const Key key : {Key::Down, Key::Enter}) {
+            grid->SetCurrentCell(1, 2);
+            user.Press(key);
+            EXPECT_EQ(Current(), "2,2");
+        }
+    });
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(EditorTest, LeavingARowNormalisesIt) {
+    StoreFactors(3);
+    const std::function<void(User&)> leave[] = {
+        [](User& u) { u.Press(Key::Down); },
+        [](User& u) { u.Press(Key::Up); },
+        [](User& u) { u.Press(Key::Enter); },
+        [](User& u) { u.Press(Key::Tab); },
+        [](User& u) { u.Press(Key::PageDown); },
+        [](User& u) { u.PressCtrl(Key::Home); },
+        [](User& u) { u.ClickCell("Tabulon1", 3, 4); },
+    };
+    int number = 0;
+    Edit([&](User& user) {
+        for (const auto& how : leave) {
+            SCOPED_TRACE(++number);
+            TypeInto(user, 2, kDurMinColumn, "7.5");
+            EXPECT_EQ(Cell(2, kDurMinColumn), "7.5");
+            how(user);
+            EXPECT_EQ(Cell(2, kDurMinColumn), "7.50%");
+            EXPECT_FALSE(grid->IsEditing());
+        }
+    });
+}
+
+TEST_F(EditorTest, EscapeRestoresTheCellAndThenClosesTheWindow) {
+    StoreFactors(1);
+    const std::string before = host.plan->texts["RiskFactors"];
+    Edit([&](User& user) {
+        user.Press(Key::F2);
+        user.Type("!");
+        EXPECT_EQ(Cell(1, 0), "F1!");
+        user.Press(Key::Escape);
+        EXPECT_EQ(Cell(1, 0), "F1");
+        user.Type("Gone");
+        user.Press(Key::Tab);
+        EXPECT_TRUE(user.TheForm().IsOpen());
+        user.Press(Key::Escape);
+        EXPECT_FALSE(user.TheForm().IsOpen());
+    });
+    EXPECT_EQ(host.plan->texts["RiskFactors"], before);
+}
+
+TEST_F(EditorTest, ArrowsMoveTheCaretWhileACellIsEdited) {
+    StoreFactors(1);
+    Edit([&](User& user) {
+        user.Type("ac|");
+        user.Press(Key::Left);
+        user.Type("b");
+        EXPECT_EQ(Cell(1, 0), "abc");
+        user.Press(Key::Right);
+        user.Press(Key::Back);
+        EXPECT_EQ(Cell(1, 0), "ab");
+        user.Press(Key::Home);
+        user.Press(Key::Delete);
+        EXPECT_EQ(Cell(1, 0), "b") << "Delete deletes a character, not the factor";
+        EXPECT_EQ(Current(), "1,0");
+    });
+}
+
+TEST_F(EditorTest, CopiesTheSelectedRowsAsText) {
+    StoreFactors(2);
+    Edit([&](User& user) {
+        user.Press(Key::Down);
+        user.PressLetter('C', true, false);
+    });
+    EXPECT_EQ(desktop.ClipboardText(),
+              "F2\t100.00%\t100.00%\t100.00%\t100.00%\t100.00%\t100.00%\t100.00%\t0\t\r\n");
+}
+
+TEST_F(EditorTest, AccessKeysAreDifferent) {
+    Edit([&](User& user) {
+        std::set<char32_t> keys;
+        for (const Control* control : user.TheForm().Controls()) {
+            if (control->Mnemonic() == 0) continue;
+            EXPECT_TRUE(keys.insert(control->Mnemonic()).second) << control->Name();
+        }
+        EXPECT_EQ(keys.size(), 5u);
+    });
+}
+
+TEST_F(EditorTest, HelpOpensItsTopicOrTellsThatItCannot) {
+    Edit([&](User& user) {
+        user.Click("cmdHelp");
+        desktop.helpFails = true;
+        user.Click("cmdHelp");
+    });
+    ASSERT_EQ(desktop.helpTopics.size(), 1u);
+    EXPECT_EQ(desktop.helpTopics[0], "C:\\Host\\Help.chm::/Defining_Risk_Factors.html");
+    EXPECT_EQ(desktop.messages.size(), 1u);
+}
+
+}  // namespace
+}  // namespace kestrel::test
