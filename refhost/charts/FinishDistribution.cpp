@@ -119,7 +119,7 @@ class Layout {
         int overhang = 0;
         for (const auto& [name, share] : kMarks) {
             const double serial = Percentile(finish_, share);
-            marks_.push_back({std::string(name) + "  " + date_(serial), serial});
+            marks_.push_back({std::string(name) + " " + date_(serial), serial});
             overhang = std::max(overhang, LabelEnd(marks_.back()) - (drawing_.width - kPad));
         }
         right_ = std::max(left_ + 1, right_ - overhang);
@@ -162,7 +162,7 @@ class Layout {
                     ChartAlign::Right, kChartInk);
         for (const ChartTick& tick : PercentTicks(0, 1, 5)) {
             const int y = Whole(Up(tick.position));
-            drawing_.lines.push_back({left_, y, right_, y, kChartHairline});
+            drawing_.grid.push_back({left_, y, right_, y, kChartHairline});
             AddText(tick.label, right_ + kGap, y + 4, kSmallSize, ChartAlign::Left, kCurve);
         }
     }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ui/driving_risks/frmTornado.h"
 #include "util/Errors.h"
 #include "util/Trapped.h"
 #include "util/modLocale.h"
@@ -10,7 +11,12 @@ namespace kestrel {
 
 clsKestrelDll::clsKestrelDll(std::function<host::ApplicationPtr()> attach, Desktop& desktop,
                              ui::FormRunner& runner)
-    : attach_(std::move(attach)), globals_(desktop), runner_(runner) {}
+    : attach_(std::move(attach)), globals_(desktop), runner_(runner) {
+    windows_.drivingRisks = [](modGlobals& globals, ui::FormRunner& shown) {
+        ui::frmTornado window(globals);
+        shown.ShowModal(window);
+    };
+}
 
 void clsKestrelDll::LaunchStartSchedulon() {
     if (schedulon_) return;

@@ -52,6 +52,7 @@ struct ChartDrawing {
     int height = 0;
     std::string title;  ///< what the picture is, for readers that cannot see it
     std::string font = "Arial";
+    std::vector<ChartLine> grid;  ///< behind the bars
     std::vector<ChartBar> bars;
     std::vector<ChartLine> lines;
     std::vector<ChartCurve> curves;

@@ -12,6 +12,7 @@ namespace kestrel::ui {
 namespace {
 
 constexpr int kPad = 16, kGap = 8, kTitleSize = 16, kTextSize = 12, kSmallest = 9;
+constexpr int kNameGap = 12;  ///< from a name to the plot
 constexpr int kTickLength = 4;
 constexpr int kBelowPlot = 56;         ///< ticks, their labels and the axis title
 constexpr int kComfortableStep = 26;   ///< from bar to bar
@@ -92,7 +93,7 @@ class Layout {
                 if (ShowsValues(chart_.Channel(c)))
                     room = std::max(room, TextWidth(PercentText(point.y), nameSize_) + kGap);
             }
-        left_ = kPad + names_ + (names_ > 0 ? kGap : 0) + before;
+        left_ = kPad + names_ + (names_ > 0 ? kNameGap : 0) + before;
         right_ = std::max(left_ + 1, drawing_.width - kPad - behind);
     }
 
@@ -103,7 +104,7 @@ class Layout {
         for (const ChartTick& tick : FittingTicks()) {
             const int x = Whole(AcrossOf(tick.position));
             if (axis.Flag("GridLinesVisible"))
-                drawing_.lines.push_back({x, top_, x, bottom_, kChartHairline});
+                drawing_.grid.push_back({x, top_, x, bottom_, kChartHairline});
             drawing_.lines.push_back({x, bottom_, x, bottom_ + kTickLength, kChartSubtle});
             AddText(tick.label, x, bottom_ + kTickLength + kTextSize + 2, kTextSize - 1,
                     ChartAlign::Centre, ink);
@@ -143,24 +144,23 @@ class Layout {
         if (axis.Flag("GridLinesVisible"))
             for (const ChartTick& tick : Names()) {
                 const int middle = Whole(DownOf(tick.position));
-                drawing_.lines.push_back({left_, middle, right_, middle, kChartHairline});
+                drawing_.grid.push_back({left_, middle, right_, middle, kChartHairline});
             }
     }
 
-    static bool ShowsValues(const ChartChannel& channel) {
-        return channel.attributes.Flag("ValueLabelsVisible");
+    /// Where bars are crowded a value would run into the next bar.
+    bool ShowsValues(const ChartChannel& channel) const {
+        return every_ == 1 && channel.attributes.Flag("ValueLabelsVisible");
     }
 
     void DrawBars(const ChartChannel& channel) {
         const ChartAttributes& attributes = channel.attributes;
         if (!attributes.Flag("BarEnabled")) return;
         const int thickness = std::max(1, Whole(attributes.Number("BarWidth") * step_));
-        for (std::size_t i = 0; i < channel.points.size(); ++i) {
-            const ChartPoint& point = channel.points[i];
+        for (const ChartPoint& point : channel.points) {
             const double middle = DownOf(point.x);
             if (point.y != 0) AddBar(attributes, point, Whole(middle - thickness / 2.0), thickness);
-            if (ShowsValues(channel) && i % static_cast<std::size_t>(every_) == 0)
-                AddValue(point.y, Whole(middle));
+            if (ShowsValues(channel)) AddValue(point.y, Whole(middle));
         }
     }
 

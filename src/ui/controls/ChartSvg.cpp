@@ -121,6 +121,7 @@ std::string SvgText(const ChartDrawing& drawing) {
         AppendLine(root, std::move(title));
     }
     AppendLine(root, Shape("rect", {{"width", width}, {"height", height}, {"fill", "#ffffff"}}));
+    for (const ChartLine& line : drawing.grid) AppendLine(root, LineShape(line));
     for (const ChartBar& bar : drawing.bars) AppendLine(root, BarShape(bar));
     for (const ChartLine& line : drawing.lines) AppendLine(root, LineShape(line));
     for (const ChartCurve& curve : drawing.curves) AppendLine(root, CurveShape(curve));

@@ -22,14 +22,14 @@ constexpr WidthRange kRanges[] = {
     {0x00BF, 0.66},    {0x024F, 0.72},  // Latin with marks
     {0x02FF, 0.66},    {0x036F, 0.0},   // combining marks
     {0x03FF, 0.76},                     // Greek
-    {0x0482, 0.82},                     // Cyrillic
+    {0x0482, 0.74},                     // Cyrillic
     {0x0489, 0.0},                      // combining marks
-    {0x052F, 0.82},                     // Cyrillic
+    {0x052F, 0.74},                     // Cyrillic
     {0x058F, 0.76},                     // Armenian
     {0x0590, 0.7},     {0x05BD, 0.0},   // Hebrew points
     {0x060F, 0.7},                      // Hebrew, Arabic punctuation
     {0x061A, 0.0},                      // Arabic marks
-    {0x064A, 0.72},                     // Arabic
+    {0x064A, 0.64},                     // Arabic
     {0x065F, 0.0},                      // Arabic vowel signs
     {0x08FF, 0.76},                     // Arabic and its neighbours
     {0x1AAF, 1.0},     {0x1AFF, 0.0},   // combining marks
