@@ -14,8 +14,9 @@ namespace kestrel::ui {
 /// computation runs on the same thread. Given by whoever shows the form.
 using ProcessEvents = std::function<void()>;
 
-/// How far a long computation has come. Closing the window by its own means asks the computation
-/// to stop; it looks at CancelRequested() when it likes.
+/// How far a long computation has come. A user who closes the window asks the computation to stop;
+/// it looks at CancelRequested() when it likes, and before it closes the window itself, because
+/// every closing counts.
 class frmProgress : public Form {
  public:
     explicit frmProgress(ProcessEvents processEvents = {});
