@@ -20,6 +20,7 @@ constexpr int kSide = 48;        ///< room for the labels of an axis
 constexpr int kMarkHeight = 18;  ///< a row of marks above the plot
 constexpr int kMarkGap = 5;      ///< from a mark's line to its label
 constexpr int kMostBars = 40;
+constexpr double kFirstMonday = 2;  ///< a day serial: 1 January 1900
 constexpr Colour kBarBrush = 0xE6CDB4, kBarPen = 0xC79B6E, kCurve = 0x6B3F1F, kMark = 0x1E26B3;
 
 constexpr std::pair<const char*, double> kMarks[] = {
@@ -27,7 +28,7 @@ constexpr std::pair<const char*, double> kMarks[] = {
 
 int Whole(double value) { return static_cast<int>(std::lround(value)); }
 
-/// Bars of equal width, aligned to multiples of it.
+/// Bars of equal width, aligned to multiples of it; weeks begin on Mondays.
 struct Histogram {
     double step = 1;  ///< days
     double first = 0;
@@ -36,24 +37,29 @@ struct Histogram {
     double End() const { return first + step * static_cast<double>(counts.size()); }
 };
 
-double StepFor(double span) {
+/// Parts of a day only for a formatter that tells them apart.
+double StepFor(const std::vector<double>& ascending, const DateFormatter& date) {
+    const double span = ascending.back() - ascending.front();
+    const double start = std::floor(ascending.front()) + 0.5;  // noon, so that the day has room
     for (const double step : {1 / 24.0, 1 / 8.0, 1 / 4.0, 1.0, 2.0, 7.0})
-        if (span / step < kMostBars - 1) return step;
+        if (span / step < kMostBars - 1 && date(start) != date(start + step)) return step;
     double step = 14;
     while (span / step >= kMostBars - 1) step *= 2;
     return step;
 }
 
-Histogram HistogramOf(const std::vector<double>& ascending) {
+Histogram HistogramOf(const std::vector<double>& ascending, const DateFormatter& date) {
     Histogram histogram;
-    histogram.step = StepFor(ascending.back() - ascending.front());
+    histogram.step = StepFor(ascending, date);
+    const double origin = histogram.step < 7 ? 0 : kFirstMonday;
+    const auto barOf = [&](double value) { return std::floor((value - origin) / histogram.step); };
     // One free bar at either end, so that the curve starts and ends at the base and the top.
-    const double firstBar = std::floor(ascending.front() / histogram.step) - 1;
-    const double lastBar = std::floor(ascending.back() / histogram.step) + 1;
-    histogram.first = firstBar * histogram.step;
+    const double firstBar = barOf(ascending.front()) - 1;
+    const double lastBar = barOf(ascending.back()) + 1;
+    histogram.first = origin + firstBar * histogram.step;
     histogram.counts.resize(static_cast<std::size_t>(lastBar - firstBar) + 1);
     for (const double value : ascending)
-        ++histogram.counts[static_cast<std::size_t>(std::floor(value / histogram.step) - firstBar)];
+        ++histogram.counts[static_cast<std::size_t>(barOf(value) - firstBar)];
     return histogram;
 }
 
@@ -74,7 +80,7 @@ class Layout {
     Layout(std::vector<double> finish, const DateFormatter& date, int width, int height)
         : finish_(std::move(finish)), date_(date) {
         std::sort(finish_.begin(), finish_.end());
-        histogram_ = HistogramOf(finish_);
+        histogram_ = HistogramOf(finish_, date_);
         drawing_.width = width;
         drawing_.height = height;
         left_ = kPad + kSide;
@@ -87,7 +93,7 @@ class Layout {
         AddText(ShortenedText(title, drawing_.width - 2 * kPad, kTitleSize, true), kPad,
                 kPad + kTitleSize - 2, kTitleSize, ChartAlign::Left, 0, true);
         const int axisTitles = kPad + kTitleSize + 24;
-        AddText("Iterations per " + StepText(histogram_.step), kPad, axisTitles, kTextSize,
+        AddText("Share of iterations per " + StepText(histogram_.step), kPad, axisTitles, kTextSize,
                 ChartAlign::Left, kChartSubtle);
         AddText("Finished by then", drawing_.width - kPad, axisTitles, kTextSize, ChartAlign::Right,
                 kChartSubtle);

@@ -18,7 +18,7 @@ constexpr int kBelowPlot = 56;         ///< ticks, their labels and the axis tit
 constexpr int kComfortableStep = 26;   ///< from bar to bar
 constexpr double kLineHeight = 1.4;    ///< of the font size, scripts with high letters included
 constexpr double kMostForNames = 0.4;  ///< of the width
-constexpr int kMostTicks = 8;
+constexpr int kMostTicks = 10;
 
 int Whole(double value) { return static_cast<int>(std::lround(value)); }
 
