@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "refhost/charts/Histogram.h"
 #include "refhost/engine/Statistics.h"
 #include "ui/controls/ChartScale.h"
 #include "ui/controls/ChartSvg.h"
@@ -19,8 +20,6 @@ constexpr int kPad = 16, kGap = 8, kTitleSize = 16, kTextSize = 12, kSmallSize =
 constexpr int kSide = 48;        ///< room for the labels of an axis
 constexpr int kMarkHeight = 18;  ///< a row of marks above the plot
 constexpr int kMarkGap = 5;      ///< from a mark's line to its label
-constexpr int kMostBars = 40;
-constexpr double kFirstMonday = 2;  ///< a day serial: 1 January 1900
 constexpr Colour kBarBrush = 0xE6CDB4, kBarPen = 0xC79B6E, kCurve = 0x6B3F1F, kMark = 0x1E26B3;
 
 constexpr std::pair<const char*, double> kMarks[] = {
@@ -28,59 +27,14 @@ constexpr std::pair<const char*, double> kMarks[] = {
 
 int Whole(double value) { return static_cast<int>(std::lround(value)); }
 
-/// Bars of equal width, aligned to multiples of it; weeks begin on Mondays.
-struct Histogram {
-    double step = 1;  ///< days
-    double first = 0;
-    std::vector<int> counts;
-
-    double End() const { return first + step * static_cast<double>(counts.size()); }
-};
-
-/// Parts of a day only for a formatter that tells them apart.
-double StepFor(const std::vector<double>& ascending, const DateFormatter& date) {
-    const double span = ascending.back() - ascending.front();
-    const double start = std::floor(ascending.front()) + 0.5;  // noon, so that the day has room
-    for (const double step : {1 / 24.0, 1 / 8.0, 1 / 4.0, 1.0, 2.0, 7.0})
-        if (span / step < kMostBars - 1 && date(start) != date(start + step)) return step;
-    double step = 14;
-    while (span / step >= kMostBars - 1) step *= 2;
-    return step;
-}
-
-Histogram HistogramOf(const std::vector<double>& ascending, const DateFormatter& date) {
-    Histogram histogram;
-    histogram.step = StepFor(ascending, date);
-    const double origin = histogram.step < 7 ? 0 : kFirstMonday;
-    const auto barOf = [&](double value) { return std::floor((value - origin) / histogram.step); };
-    // One free bar at either end, so that the curve starts and ends at the base and the top.
-    const double firstBar = barOf(ascending.front()) - 1;
-    const double lastBar = barOf(ascending.back()) + 1;
-    histogram.first = origin + firstBar * histogram.step;
-    histogram.counts.resize(static_cast<std::size_t>(lastBar - firstBar) + 1);
-    for (const double value : ascending)
-        ++histogram.counts[static_cast<std::size_t>(barOf(value) - firstBar)];
-    return histogram;
-}
-
-std::string StepText(double step) {
-    if (step < 1) {
-        const int hours = Whole(step * 24);
-        return hours == 1 ? "hour" : std::to_string(hours) + " hours";
-    }
-    const int days = Whole(step);
-    if (days == 1) return "day";
-    if (days == 7) return "week";
-    return days % 7 == 0 ? std::to_string(days / 7) + " weeks" : std::to_string(days) + " days";
-}
-
 /// Lays out one chart.
 class Layout {
  public:
     Layout(std::vector<double> finish, const DateFormatter& date, int width, int height)
         : finish_(std::move(finish)), date_(date) {
         std::sort(finish_.begin(), finish_.end());
-        histogram_ = HistogramOf(finish_, date_);
+        histogram_ =
+            HistogramOf(finish_, [&date](double a, double b) { return date(a) != date(b); });
         drawing_.width = width;
         drawing_.height = height;
         left_ = kPad + kSide;
@@ -93,7 +47,7 @@ class Layout {
         AddText(ShortenedText(title, drawing_.width - 2 * kPad, kTitleSize, true), kPad,
                 kPad + kTitleSize - 2, kTitleSize, ChartAlign::Left, 0, true);
         const int axisTitles = kPad + kTitleSize + 24;
-        AddText("Share of iterations per " + StepText(histogram_.step), kPad, axisTitles, kTextSize,
+        AddText("Share of iterations per " + histogram_.StepText(), kPad, axisTitles, kTextSize,
                 ChartAlign::Left, kChartSubtle);
         AddText("Finished by then", drawing_.width - kPad, axisTitles, kTextSize, ChartAlign::Right,
                 kChartSubtle);
@@ -179,34 +133,34 @@ class Layout {
         const double barWidth = static_cast<double>(right_ - left_) / bars;
         int widest = 0;
         for (int i = 0; i <= bars; ++i)
-            widest = std::max(widest, TextWidth(date_(Edge(i)), kSmallSize));
+            widest = std::max(widest, TextWidth(date_(histogram_.Edge(i)), kSmallSize));
         const int every = std::max(1, static_cast<int>(std::ceil((widest + 2 * kGap) / barWidth)));
         for (int i = 0; i <= bars; i += every) {
-            const int x = Whole(Across(Edge(i)));
+            const int x = Whole(Across(histogram_.Edge(i)));
             if (x + widest / 2 > drawing_.width - kPad) break;
             drawing_.lines.push_back({x, bottom_, x, bottom_ + 4, kChartSubtle});
-            AddText(date_(Edge(i)), x, bottom_ + 18, kSmallSize, ChartAlign::Centre, kChartInk);
+            AddText(date_(histogram_.Edge(i)), x, bottom_ + 18, kSmallSize, ChartAlign::Centre,
+                    kChartInk);
         }
         drawing_.lines.push_back({left_, bottom_, right_, bottom_, kChartInk});
         AddText("Project finish", (left_ + right_) / 2, drawing_.height - kPad + 2, kTextSize,
                 ChartAlign::Centre, kChartSubtle);
     }
 
-    double Edge(int bar) const { return histogram_.first + histogram_.step * bar; }
-
     void DrawBars() {
         for (std::size_t i = 0; i < histogram_.counts.size(); ++i) {
             const int count = histogram_.counts[i];
             if (count == 0) continue;
             const int edge = static_cast<int>(i);
-            const int x = Whole(Across(Edge(edge)));
+            const int x = Whole(Across(histogram_.Edge(edge)));
             const int y = std::min(bottom_ - 1,
                                    Whole(Up(count / static_cast<double>(finish_.size()) / scale_)));
             ChartBar bar;
-            bar.bounds = {x, y, std::max(1, Whole(Across(Edge(edge + 1))) - x), bottom_ - y};
+            bar.bounds = {x, y, std::max(1, Whole(Across(histogram_.Edge(edge + 1))) - x),
+                          bottom_ - y};
             bar.brush = kBarBrush;
             bar.pen = kBarPen;
-            bar.hint = date_(Edge(edge)) + ": " + std::to_string(count) + " of " +
+            bar.hint = date_(histogram_.Edge(edge)) + ": " + std::to_string(count) + " of " +
                        std::to_string(finish_.size()) + " iterations";
             drawing_.bars.push_back(std::move(bar));
         }
