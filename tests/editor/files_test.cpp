@@ -67,7 +67,10 @@ TEST_F(EditorTest, AFileChosenForAMissingDefaultBecomesTheDefault) {
     Option("FileLocation", "/nowhere.xml");
     const std::string path = File("other.xml", kTwoFactors);
     desktop.chosenFiles = {path};
+    desktop.registry[{"Software\\Schedulon Software\\Schedulon8x\\Options", "PlanPath"}] = {
+        1, std::string("D:\\Plans\0", 9)};
     Edit([](User&) {});
+    EXPECT_EQ(desktop.openDialogs[0].initialFolder, "C:\\Host\\Samples\\");
     EXPECT_EQ((host.application->settings[{"RiskFactors", "RiskFactors", "FileLocation"}]), path);
 }
 
