@@ -118,6 +118,20 @@ TEST_F(EditorTest, RowsMarkedByMouseAreAllDeleted) {
     EXPECT_EQ(task->texts["RiskFactors"], "(1,2,3)");
 }
 
+TEST_F(EditorTest, RowsMarkedByMouseAreForgottenWhenAKeySelectsAnother) {
+    StoreFactors(4);
+    MouseEvent shift;
+    shift.shift = true;
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 1, 0);
+        user.ClickCell("Tabulon1", 3, 0, shift);
+        user.Press(Key::Down);
+        desktop.answers = {MessageAnswer::Yes};
+        user.Press(Key::Delete);
+        EXPECT_EQ(Column(0), "F1 F2 F3  ");
+    });
+}
+
 TEST_F(EditorTest, RowsSelectedByKeysAreDeletedInOneWalkThatSkipsTheNextRow) {
     StoreFactors(4);
     Edit([&](User& user) {

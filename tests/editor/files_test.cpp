@@ -169,6 +169,17 @@ TEST_F(EditorTest, ATemplateKeepsTheTextsAndLoadsBack) {
     EXPECT_NE(content.find("<CostMaximum>120.50%</CostMaximum>"), std::string::npos);
 }
 
+TEST_F(EditorTest, AShorterFileStartsAtItsFirstRow) {
+    StoreFactors(5);
+    desktop.chosenFiles = {File("two.xml", kTwoFactors)};
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 5, 3);
+        user.Click("cmdLoadFile");
+        EXPECT_EQ(Column(0), "Rain Risk Factor1  ");
+        EXPECT_EQ(Current(), "1,0");
+    });
+}
+
 TEST_F(EditorTest, SavingWithoutANameWarns) {
     StoreFactors(1);
     Edit([](User& user) { user.Click("cmdSave"); });
