@@ -42,9 +42,10 @@ def differences(expected, actual, where):
 def analyse(kestrel, path, iterations, seed, folder):
     """What kestrel writes for the plan: its figures and its trace."""
     figures, trace = folder / "figures.json", folder / "trace.jsonl"
-    subprocess.run([kestrel, "analyse", path, "--iterations", str(iterations), "--seed", str(seed),
-                    "--json", figures, "--trace", trace],
-                   check=True, stdout=subprocess.DEVNULL, timeout=600)
+    run = subprocess.run([kestrel, "analyse", path, "--iterations", str(iterations), "--seed", str(seed),
+                          "--json", figures, "--trace", trace], capture_output=True, text=True, timeout=600)
+    if run.returncode != 0:
+        raise OSError(f"exit {run.returncode}, {run.stderr.strip()[-300:]}")
     lines = trace.read_text(encoding="utf-8").splitlines()
     return json.loads(figures.read_text(encoding="utf-8")), [json.loads(line) for line in lines]
 
