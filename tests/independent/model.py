@@ -15,8 +15,9 @@ import sys
 import tempfile
 
 import generate
-from analysis import Analysis, Stream
+from analysis import Analysis
 from plan import Plan, text_of
+from stream import Stream
 
 SHOWN_DIFFERENCES = 5
 REFERENCE_DRAW = 9981545732273789042  # the 10000th output of std::mt19937_64 with seed 5489
