@@ -42,7 +42,7 @@ def calendar(chance):
         if chance.random() < 0.6:
             lines.append(f'<Holiday Date="{day}"/>')
         else:
-            pattern = chance.choice(DAY_PATTERNS[:-1])  # a working day has a shift
+            pattern = chance.choice(DAY_PATTERNS)
             lines.append(f'<WorkingDay Date="{day}">{shift_lines(pattern)}</WorkingDay>')
     return lines + ["</Calendar>"]
 
