@@ -2,8 +2,7 @@
 #include <limits>
 #include <memory>
 
-#include "core/modGlobals.h"
-#include "host/clsSchedulon.h"
+#include "refhost/cli/AddIn.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Output.h"
@@ -48,10 +47,8 @@ AnalysisSettings SettingsOf(const Arguments& arguments, const PlanData& plan) {
 
 AnalysisResults RunWithAddIn(Session& session, const AnalysisSettings& settings,
                              AnalysisWatcher& watcher) {
-    kestrel::modGlobals addIn(session.Desktop());
-    addIn.application = std::shared_ptr<host::Application>(&session.Host(), [](auto*) {});
-    kestrel::clsSchedulon listener(addIn);
-    listener.StartSchedulon();
+    AddIn addIn(session);
+    addIn.Dll().LaunchStartSchedulon();
     return RunAnalysis(session.Host(), settings, &watcher);
 }
 

@@ -51,7 +51,8 @@ void FactorTracker::FindCarryingTasks() {
                 if (id >= 1 && static_cast<std::size_t>(id) <= carried_.size())
                     carried_[static_cast<std::size_t>(id) - 1] = true;
             }
-        if (any && plan.tasks[i].type == kOrdinary) carryingTasks_.push_back(i);
+        if (any && plan.tasks[i].type == kOrdinary && !Register().empty())
+            carryingTasks_.push_back(i);
     }
 }
 

@@ -26,7 +26,7 @@ class FactorTracker {
     const std::vector<bool>& Occurred() const { return occurred_; }
     /// Iterations in which the factor has occurred.
     const std::vector<std::int64_t>& Occurrences() const { return occurrences_; }
-    /// Positions of the ordinary tasks that carry factors, in plan order.
+    /// Positions of the ordinary tasks that carry factors, in plan order; none without a register.
     const std::vector<std::size_t>& CarryingTasks() const { return carryingTasks_; }
 
     /// The register as the plan holds it now, with the sensitivities of the last analysis.
