@@ -59,7 +59,8 @@ int RunCommand(const Command& command, const std::vector<std::string>& words) {
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
         {"analyse",
-         "PLAN [--iterations N] [--seed S] [--json FILE] [--trace FILE] [--save FILE]",
+         "PLAN [--iterations N] [--seed S] [--json FILE] [--trace FILE] [--chart FILE.svg] "
+         "[--save FILE]",
          "Monte Carlo analysis: finish, cost, and the factors that drive them",
          "Prints the deterministic, mean, P10, P50, P80 and P90 finish and cost and the ranked "
          "risk\n"
@@ -69,9 +70,12 @@ const std::vector<Command>& Commands() {
          "  --seed S        of the random stream; by default what the plan says\n"
          "  --json FILE     the figures as one JSON object\n"
          "  --trace FILE    every iteration as one JSON object a line\n"
+         "  --chart FILE    the tornado chart (SVG), and beside it FILE-finish.svg, the "
+         "distribution\n"
+         "                  of the finish\n"
          "  --save FILE     the plan with the factors' new sensitivities\n\n"
          "When - takes the JSON, the trace or the plan, the report goes to standard error.\n",
-         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--save"}, {}},
+         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--chart", "--save"}, {}},
          Analyse},
         {"import",
          "PROJECT -o PLAN",
@@ -79,6 +83,17 @@ const std::vector<Command>& Commands() {
          "What a plan file cannot hold is listed on standard error, once per kind, with a count.\n",
          {{"PROJECT"}, {"-o"}, {}},
          Import},
+        {"show",
+         "PLAN [--cost] [--top N] [--chart FILE.svg]",
+         "the driving risks of the last analysis: ranked table and tornado chart",
+         "Ranks by the square of the correlation, so that a factor that helps counts like one "
+         "that\n"
+         "harms. Reads what 'kestrel analyse --save' stored in the plan.\n\n"
+         "  --cost        what drives the cost instead of the finish\n"
+         "  --top N       how many factors; by default 10\n"
+         "  --chart FILE  writes the tornado chart (SVG)\n",
+         {{"PLAN"}, {"--top", "--chart"}, {"--cost"}},
+         Show},
         {"factors",
          "PLAN [--load FILE] [--save FILE] [-o PLAN]",
          "lists the register of risk factors, or exchanges it with a template file",

@@ -26,6 +26,7 @@ int RunCommandLine(const std::vector<std::string>& words);
 
 void Analyse(const Arguments& arguments);
 void Import(const Arguments& arguments);
+void Show(const Arguments& arguments);
 void Factors(const Arguments& arguments);
 void Assign(const Arguments& arguments);
 void Save(const Arguments& arguments);
