@@ -7,6 +7,7 @@
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Table.h"
+#include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartSvg.h"
 #include "util/NumberText.h"
 
@@ -34,8 +35,8 @@ std::string TornadoSvg(Session& session, Measure measure, int count) {
     kestrel::ui::Chart chart("plotDur");
     kestrel::ui::DrawTornado(chart, FactorTracker::ReadRegister(session.Host(), session.Desktop()),
                              measure, count, session.Plan().Name());
-    constexpr int kWidth = 900, kBarHeight = 34, kRoom = 140;
-    return kestrel::ui::ChartSvgText(chart, kWidth, kRoom + kBarHeight * std::max(count, 3));
+    const kestrel::ui::ChartSize size = kestrel::ui::ComfortableSize(chart);
+    return kestrel::ui::ChartSvgText(chart, size.width, size.height);
 }
 
 void Show(const Arguments& arguments) {

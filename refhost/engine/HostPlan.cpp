@@ -100,6 +100,7 @@ class HostView final : public host::View {
     explicit HostView(std::shared_ptr<HostPlan> plan) : plan_(std::move(plan)) {}
     std::string TypeName() override { return "GanttChart"; }
     std::int32_t CurrentRow() override { return plan_->SelectedRow(); }
+    void PutCurrentRow(std::int32_t row) override { plan_->SelectRow(row); }
 
  private:
     std::shared_ptr<HostPlan> plan_;

@@ -182,6 +182,8 @@ class View {
     virtual std::string TypeName() = 0;
     /// The current row of the Gantt view, from 1; 0 for none.
     virtual std::int32_t CurrentRow() = 0;
+    /// Moves the current row, and with it the selected task.
+    virtual void PutCurrentRow(std::int32_t row) = 0;
 };
 
 /// One schedule.

@@ -2,20 +2,32 @@
 
 #include <utility>
 
+#include "ui/assignment/frmAssignRisk.h"
+#include "ui/assignment/frmAssignRiskAdvanced.h"
 #include "ui/driving_risks/frmTornado.h"
+#include "ui/options/frmLoadRiskFactors.h"
 #include "util/Errors.h"
 #include "util/Trapped.h"
 #include "util/modLocale.h"
 
 namespace kestrel {
+namespace {
+
+template <class FormType>
+void Show(modGlobals& globals, ui::FormRunner& runner) {
+    FormType form(globals);
+    runner.ShowModal(form);
+}
+
+}  // namespace
 
 clsKestrelDll::clsKestrelDll(std::function<host::ApplicationPtr()> attach, Desktop& desktop,
                              ui::FormRunner& runner)
     : attach_(std::move(attach)), globals_(desktop), runner_(runner) {
-    windows_.drivingRisks = [](modGlobals& globals, ui::FormRunner& shown) {
-        ui::frmTornado window(globals);
-        shown.ShowModal(window);
-    };
+    windows_.assign = Show<ui::frmAssignRisk>;
+    windows_.assignAdvanced = ui::ShowAdvancedAssignment;
+    windows_.drivingRisks = Show<ui::frmTornado>;
+    windows_.options = Show<ui::frmLoadRiskFactors>;
 }
 
 void clsKestrelDll::LaunchStartSchedulon() {

@@ -144,6 +144,10 @@ class FakeView : public host::View {
         plan_.log.Note("View.CurrentRow");
         return plan_.currentRow;
     }
+    void PutCurrentRow(std::int32_t row) override {
+        plan_.log.Note("View.PutCurrentRow");
+        plan_.currentRow = row;
+    }
 
  private:
     FakePlan& plan_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,12 @@
 #include "ui/controls/Control.h"
 
 namespace kestrel::ui {
+
+/// Upper left corner of a window on the screen, in points (72 to the inch).
+struct ScreenPosition {
+    double left = 0;
+    double top = 0;
+};
 
 /// A window without the window: controls in tab order, where they lie, and what keys and mouse
 /// do. Whoever shows a form (see FormRunner) lays it out, hands it the user's events and paints
@@ -42,6 +49,10 @@ class Form {
     /// Gives every control its bounds in a window with this inner size; one smaller than the
     /// design counts as the design.
     void Layout(int width, int height);
+    /// Nothing leaves the place to whoever shows the form. A form may ask for one while it
+    /// loads; whoever shows it keeps it up to date as the user moves the window.
+    const std::optional<ScreenPosition>& Position() const { return position_; }
+    void SetPosition(ScreenPosition position) { position_ = position; }
     ///@}
 
     /// In tab order, which is also the order of painting.
@@ -91,6 +102,7 @@ class Form {
     int designWidth_;
     int designHeight_;
     bool open_ = false;
+    std::optional<ScreenPosition> position_;
     std::vector<Control*> controls_;
     std::vector<Placement> placements_;  ///< one a control
     Control* focus_ = nullptr;

@@ -28,6 +28,10 @@ class ListView : public Control {
         items_.push_back({std::move(text)});
         Changed();
     }
+    virtual void Clear() {
+        items_.clear();
+        Changed();
+    }
     void SetText(int index, std::string text) {
         items_.at(Position(index)).text = std::move(text);
         Changed();

@@ -1,0 +1,345 @@
+#include "assignment/AssignmentTest.h"
+#include "ui/controls/Colour.h"
+
+namespace kestrel::test {
+namespace {
+
+constexpr int kAssigned = 0, kInSeries = 2;
+
+Grid& TheGrid(User& user) { return user.Get<Grid>("TabulonRF"); }
+
+/// One sign for "Assigned" ("x" ticked, "." not), one for "In Series" ("s" ticked, "p" not, "-"
+/// no box), each followed by "?" where it is greyed.
+std::string Row(const Grid& grid, int row) {
+    const auto grey = [&](int column) {
+        return grid.CellColour(row, column) == ui::kSystemButtonShadow ? "?" : "";
+    };
+    std::string text = grid.Checked(row, kAssigned) ? "x" : ".";
+    text += grey(kAssigned);
+    text += !grid.IsCheckCell(row, kInSeries) ? "-" : grid.Checked(row, kInSeries) ? "s" : "p";
+    return text + grey(kInSeries);
+}
+
+std::string Rows(User& user) {
+    std::string text;
+    for (int row = 1; row < TheGrid(user).RowCount(); ++row)
+        text += (row > 1 ? " " : "") + Row(TheGrid(user), row);
+    return text;
+}
+
+/// Clicks on "Assigned" (A) and "In Series" (S) of a factor: "A3 S3".
+void ClickCells(User& user, const std::string& cells) {
+    for (std::size_t i = 0; i + 1 < cells.size(); i += 3)
+        user.ClickCell("TabulonRF", cells[i + 1] - '0', cells[i] == 'A' ? kAssigned : kInSeries);
+}
+
+TEST_F(AssignmentTest, ShowsAndWritesTheFieldOfAnOrdinaryTask) {
+    const struct {
+        const char* field;
+        const char* shown;
+        const char* clicks;
+        const char* written;
+    } cases[] = {
+        {"", ".- .- .-", "A3", "(3)"},
+        {"", ".- .- .-", "A3 S3", "(3(P))"},
+        {"(1)", "xs .- .-", "A3 S3", "(3(P));(1)"},
+        {"(2(P));(1)", "xs xp .-", "S2", "(1,2)"},
+        {"(1,2(P));(3)", "xp xp xs", "A2 S3", "(1,3(P))"},
+        {"(2)", ".- xs .-", "A2", ""},
+        {"(2)", ".- xs .-", "A2 A2", "(2)"},
+        {"(2(P))", ".- xp .-", "A2 A2", "(2)"},
+        {"1,2", "xs xs .-", "S1 S1 A3", "(1,2,3)"},
+        {"(9,2)", ".- xs .-", "A2 A1", "(9,1)"},
+        {"(9,2(P));(8)", ".- xp .-", "A2 A1", "(9(P));(8,1)"},
+        {"(1)", "xs .- .-", "S2", "(1)"},
+    };
+    auto task = AddTask("1");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.field << " " << c.clicks);
+        task->texts["RiskFactors"] = c.field;
+        Assign([&](User& user) {
+            EXPECT_EQ(Caption(user), "1 - T1");
+            EXPECT_EQ(Rows(user), c.shown);
+            ClickCells(user, c.clicks);
+            user.Click("cmdOk");
+            EXPECT_FALSE(user.TheForm().IsOpen());
+        });
+        EXPECT_EQ(Field(task), c.written);
+    }
+    EXPECT_EQ(desktop.MessageText(), "");
+}
+
+TEST_F(AssignmentTest, WorksByKeyboardAlone) {
+    auto task = AddTask("1", "(1)");
+    Assign([&](User& user) {
+        user.Press(Key::Space);
+        user.Press(Key::Down);
+        user.Press(Key::Space);
+        user.Press(Key::Right);
+        user.Press(Key::Right);
+        user.Press(Key::Space);
+        EXPECT_EQ(Rows(user), ".- xp .-");
+        user.Press(Key::Enter);
+    });
+    EXPECT_EQ(Field(task), "(2(P))");
+    Assign([&](User& user) {
+        user.Press(Key::Space);
+        user.Press(Key::Escape);
+        EXPECT_FALSE(user.TheForm().IsOpen());
+    });
+    EXPECT_EQ(Field(task), "(2(P))") << "cancelled";
+}
+
+TEST_F(AssignmentTest, WithoutEditsNothingIsAskedOrWritten) {
+    auto summary = AddSummary("1");
+    AddTask("2", "(1(P));(9)", summary);
+    Assign([&](User& user) {
+        user.Click("cmdNext");
+        user.Click("cmdPrevious");
+        user.Click("cmdOk");
+    });
+    EXPECT_EQ(Writes(), 0u);
+    EXPECT_EQ(desktop.MessageText(), "");
+    EXPECT_EQ(host.plan->recalculations, 1);
+}
+
+TEST_F(AssignmentTest, ShowsWhatTheTasksBelowASummaryHaveInCommon) {
+    // Children in plan order; "<" opens a summary among them and ">" closes it.
+    const struct {
+        std::vector<const char*> children;
+        const char* shown;  // factor 1
+    } cases[] = {
+        {{}, ".-"},
+        {{"(2)", ""}, ".-"},
+        {{"(1)", "(2,1)"}, "xs"},
+        {{"(1(P))", "(1(P));(2)"}, "xp"},
+        {{"(1)", "(2)"}, "x?s"},
+        {{"", "(1(P))"}, "x?p"},
+        {{"(1)", "(1(P))"}, "xs?"},
+        {{"(1(P))", "(1)"}, "xs?"},
+        {{"", "(1(P))", "(1)"}, "x?s?"},
+        {{"(1)", "(1(P))", "", "(1)"}, "x?s?"},
+        {{"<", "(1)", "(1)", ">"}, "xs"},
+        {{"<", "<", "(1)", "(2)", ">", ">"}, "x?s"},
+        {{"<", "(1)", ">", "(1)"}, "x?s"},  // a level that begins with a summary
+        {{"(1)", "<", "(1)", ">"}, "xs"},
+        {{"(1)", "<", "(2)", ">"}, "xs"},  // each level is compared with its own first child
+        {{"(1)", "<", "(1(P))", ">"}, "xs"},
+        {{"<", "(2)", ">", "<", "(1(P))", "<", "(1)", "(1(P))", ">", ">"}, "xs?"},
+        {{"*", "(1)"}, "xs"},  // a task of another kind counts for nothing
+    };
+    for (const auto& c : cases) {
+        std::string tree;
+        for (const char* child : c.children) tree += std::string(child) + " ";
+        SCOPED_TRACE(tree);
+        host.plan->tasks.clear();
+        std::vector<TaskPtr> open{AddSummary("1")};
+        int id = 1;
+        for (const std::string child : c.children) {
+            if (child == ">") {
+                open.pop_back();
+            } else if (child == "<") {
+                open.push_back(AddSummary(std::to_string(++id), open.back()));
+            } else {
+                auto task = AddTask(std::to_string(++id), child == "*" ? "" : child, open.back());
+                if (child == "*") task->type = 2;
+            }
+        }
+        Assign([&](User& user) { EXPECT_EQ(Row(TheGrid(user), 1), c.shown); });
+    }
+}
+
+TEST_F(AssignmentTest, AnEditOfASummaryReachesEveryTaskBelowAfterOneQuestion) {
+    auto top = AddSummary("1");
+    auto first = AddTask("2", "(1)", top);
+    auto middle = AddSummary("3", top);
+    auto second = AddTask("4", "(1(P));(3)", middle);
+    auto low = AddSummary("5", middle);
+    auto third = AddTask("6", "", low);
+    auto other = AddTask("7", "", low);
+    other->type = 2;
+    auto outside = AddTask("8", "(2)");
+
+    const auto edit = [&](User& user) {
+        EXPECT_EQ(Rows(user), "xs .- xs");
+        ClickCells(user, "S1 A2");
+        EXPECT_EQ(Rows(user), "xp xs xs");
+        user.Click("cmdOk");
+        EXPECT_FALSE(user.TheForm().IsOpen());
+    };
+    desktop.answers = {MessageAnswer::Cancel};
+    Assign(edit);
+    EXPECT_EQ(Writes(), 0u);
+
+    desktop.answers = {MessageAnswer::Ok};
+    Assign(edit);
+    EXPECT_EQ(desktop.MessageText(), std::string(kApplyToSubTasks) + " | " + kApplyToSubTasks);
+    EXPECT_EQ(desktop.messages[0].buttons, MessageButtons::OkCancel);
+    EXPECT_EQ(Field(first), "(1(P));(2)");
+    EXPECT_EQ(Field(second), "(1(P));(3,2)");
+    EXPECT_EQ(Field(third), "(1(P));(2)");
+    EXPECT_EQ(Field(top), "(1,2,3)") << "summaries carry nothing themselves";
+    EXPECT_EQ(Field(low), "(1,2,3)");
+    EXPECT_EQ(Field(other), "");
+    EXPECT_EQ(Field(outside), "(2)");
+}
+
+TEST_F(AssignmentTest, EditingAGreyedRowEndsTheGrey) {
+    auto top = AddSummary("1");
+    auto first = AddTask("2", "(1)", top);
+    auto second = AddTask("3", "(2)", top);
+    desktop.answers = {MessageAnswer::Ok};
+    Assign([&](User& user) {
+        EXPECT_EQ(Rows(user), "x?s x?s .-");
+        ClickCells(user, "A1 A1");
+        EXPECT_EQ(Rows(user), "xs x?s .-");
+        user.Click("cmdOk");
+    });
+    EXPECT_EQ(Field(first), "(1)");
+    EXPECT_EQ(Field(second), "(2,1)") << "factor 2 was not edited";
+}
+
+TEST_F(AssignmentTest, NextAndPreviousSaveAndStopAtTheEnds) {
+    auto first = AddTask("1", "(1)");
+    auto second = AddTask("2", "(2(P))");
+    Assign([&](User& user) {
+        ClickCells(user, "A3");
+        user.Click("cmdPrevious");
+        EXPECT_EQ(Caption(user), "1 - T1");
+        EXPECT_EQ(Field(first), "(1,3)");
+        user.Click("cmdNext");
+        EXPECT_EQ(Caption(user), "2 - T2");
+        EXPECT_EQ(Rows(user), ".- xp .-");
+        EXPECT_EQ(TheGrid(user).Text(3, 1), "F3");
+        ClickCells(user, "A2");
+        user.PressLetter('N', false, true);
+        EXPECT_EQ(host.plan->currentRow, 2);
+        EXPECT_EQ(Field(second), "");
+        user.Click("cmdPrevious");
+        EXPECT_EQ(Rows(user), "xs .- xs");
+        user.Click("cmdClose");
+    });
+    EXPECT_EQ(Writes(), 2u) << "edits are forgotten once saved";
+    EXPECT_EQ(host.plan->currentRow, 1);
+    EXPECT_TRUE(host.plan->autoCalculate);
+    EXPECT_EQ(host.log.Count("Plan.PutAutoCalculate"), 8u);
+}
+
+TEST_F(AssignmentTest, InAnotherViewNextSavesAndDoesNothingElse) {
+    auto task = AddTask("1");
+    AddTask("2");
+    Assign([&](User& user) {
+        ClickCells(user, "A1");
+        host.plan->viewType = "Histogram";
+        user.Click("cmdNext");
+        EXPECT_EQ(Field(task), "(1)");
+        EXPECT_EQ(Caption(user), "1 - T1");
+        EXPECT_EQ(Rows(user), "xs .- .-");
+        EXPECT_EQ(host.plan->currentRow, 1);
+        EXPECT_TRUE(host.plan->autoCalculate);
+    });
+}
+
+TEST_F(AssignmentTest, WithoutATaskThatCanCarryFactorsEveryRowIsOff) {
+    auto task = AddTask("1", "(1)");
+    const struct {
+        const char* view;
+        std::int32_t row;
+        std::int16_t type;
+        const char* label;
+    } cases[] = {
+        {"Histogram", 1, 0, "No task is selected."},
+        {"GanttChart", 0, 0, "No task is selected."},
+        {"GanttChart", 2, 0, "No task is selected."},
+        {"GanttChart", 1, 2, "1 - T1 (a task of this kind carries no risk factors)"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.view << " " << c.row << " " << c.type);
+        host.plan->viewType = c.view;
+        host.plan->currentRow = c.row;
+        task->type = c.type;
+        Assign([&](User& user) {
+            EXPECT_EQ(Caption(user), c.label);
+            ClickCells(user, "A1 S1 A2");
+            user.Press(Key::Space);
+            EXPECT_EQ(Rows(user), ".- .- .-");
+            user.Click("cmdOk");
+            EXPECT_FALSE(user.TheForm().IsOpen());
+        });
+    }
+    EXPECT_EQ(Writes(), 0u);
+}
+
+TEST_F(AssignmentTest, AnEmptyRegisterAndNamesWithMarksAreShownAsTheyAre) {
+    host.plan->texts["RiskFactors"] = "<RiskFactors Version=\"RiskFactors1.00\"/>";
+    auto task = host.AddTask("1", "Q&A && <R>", "(1)");
+    Assign([&](User& user) {
+        EXPECT_EQ(Caption(user), "1 - Q&A && <R>");
+        EXPECT_EQ(TheGrid(user).RowCount(), 1);
+        user.Press(Key::Space);
+        user.Press(Key::Down);
+        user.Click("cmdNext");
+        user.Click("cmdOk");
+    });
+    EXPECT_EQ(Field(task), "(1)");
+}
+
+TEST_F(AssignmentTest, TheWindowReturnsToWhereItWasLeft) {
+    AddTask("1");
+    const auto place = [](User& user) {
+        const auto& position = user.TheForm().Position();
+        return position ? testing::PrintToString(std::make_pair(position->top, position->left))
+                        : "nowhere";
+    };
+    for (const char* view : {"1", "2"}) {
+        Option("AssignView", view);
+        host.application->settings.erase({"RiskFactors", "RiskFactors", "Top"});
+        host.application->settings.erase({"RiskFactors", "RiskFactors", "Left"});
+        Assign([&](User& user) {
+            EXPECT_EQ(place(user), "(180, 20.25)");
+            user.TheForm().SetPosition({-7.5, 42});
+            user.Click("cmdClose");
+        });
+        EXPECT_EQ(Stored("Top"), "42");
+        EXPECT_EQ(Stored("Left"), "-7.5");
+        Assign([&](User& user) { EXPECT_EQ(place(user), "(42, -7.5)"); });
+    }
+    Option("Top", "1,5");
+    Assign([&](User& user) { EXPECT_EQ(place(user), "nowhere"); });
+    EXPECT_EQ(Stored("Top"), "1,5");
+}
+
+TEST_F(AssignmentTest, AFailingHostCallLeavesTasksAndGridAlone) {
+    auto top = AddSummary("1");
+    auto first = AddTask("2", "(1)", top);
+    auto second = AddTask("3", "(1)", top);
+    Assign([&](User& user) {
+        ClickCells(user, "A2");
+        desktop.answers = {MessageAnswer::Ok, MessageAnswer::Ok};
+        host.log.failing = {"UserValues.Item"};
+        user.Click("cmdOk");
+        EXPECT_TRUE(user.TheForm().IsOpen());
+        user.Click("cmdNext");
+        EXPECT_EQ(Caption(user), "1 - T1");
+        EXPECT_EQ(Rows(user), "xs xs .-");
+        EXPECT_TRUE(host.plan->autoCalculate);
+        EXPECT_EQ(Writes(), 0u);
+
+        host.log.failing = {"Task.Name"};
+        user.Click("cmdNext");
+        EXPECT_EQ(Field(second), "(1,2)") << "saved before the next task was asked for";
+        EXPECT_EQ(Caption(user), "1 - T1");
+        host.log.failing.clear();
+        user.Click("cmdHelp");
+        desktop.helpFails = true;
+        user.Click("cmdHelp");
+    });
+    EXPECT_EQ(desktop.helpTopics, std::vector<std::string>{
+                                      "C:\\Host\\Help.chm::/Assigning_Risk_Factors_to_tasks.html"});
+    host.log.failing = {"Task.TaskType"};
+    addin.LaunchAssign();
+    EXPECT_EQ(runner.shown, 1) << "a task that cannot be read is not shown";
+}
+
+}  // namespace
+}  // namespace kestrel::test

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "host/clsKestrelDll.h"
+#include "store/RegisterDocument.h"
+#include "support/FakeDesktop.h"
+#include "support/FakeHost.h"
+#include "support/ScriptedRunner.h"
+
+namespace kestrel::test {
+
+/// The assignment windows, opened through the "assign" command on a plan with factors F1, F2, F3.
+class AssignmentTest : public testing::Test {
+ protected:
+    using Script = std::function<void(User&)>;
+    using TaskPtr = std::shared_ptr<FakeTask>;
+
+    AssignmentTest() : addin([this] { return host.application; }, desktop, runner) {
+        Option("OptionSetting", "3");
+        StoreFactors(3);
+        host.plan->currentRow = 1;
+    }
+
+    void Option(const std::string& key, const std::string& value) {
+        host.application->settings[{"RiskFactors", "RiskFactors", key}] = value;
+    }
+    std::string Stored(const std::string& key) {
+        return host.application->settings[{"RiskFactors", "RiskFactors", key}];
+    }
+
+    void StoreFactors(int count) {
+        modGlobals globals(desktop);
+        for (int i = 1; i <= count; ++i) {
+            globals.RiskFactors.push_back(std::make_shared<clsRiskFactor>());
+            globals.RiskFactors.back()->strDescription = "F" + std::to_string(i);
+        }
+        SaveRegisterToPlan(globals, *host.plan);
+    }
+
+    void Assign(const Script& script) {
+        runner.script = script;
+        addin.LaunchAssign();
+    }
+
+    TaskPtr AddTask(const std::string& id, const std::string& field = {},
+                    const TaskPtr& parent = nullptr) {
+        return host.AddTask(id, "T" + id, field, parent.get());
+    }
+    /// The summary's own field is never read.
+    TaskPtr AddSummary(const std::string& id, const TaskPtr& parent = nullptr) {
+        auto task = AddTask(id, "(1,2,3)", parent);
+        task->type = host::kSummaryTask;
+        return task;
+    }
+    static const std::string& Field(const TaskPtr& task) { return task->texts["RiskFactors"]; }
+    std::size_t Writes() const { return host.log.Count("UserValues.PutItem"); }
+
+    static std::string Caption(User& user) {
+        return user.Get<Control>("lblSelectedTask").Caption();
+    }
+
+    FakeHost host;
+    FakeDesktop desktop;
+    ScriptedRunner runner;
+    clsKestrelDll addin;
+};
+
+inline constexpr const char* kApplyToSubTasks =
+    "Changes made on summary tasks will be applied to all sub tasks.  Apply changes?";
+
+}  // namespace kestrel::test
