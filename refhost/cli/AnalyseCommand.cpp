@@ -1,15 +1,17 @@
+#include <filesystem>
 #include <iostream>
 #include <limits>
 #include <memory>
 
-#include "core/modGlobals.h"
-#include "host/clsSchedulon.h"
+#include "refhost/charts/FinishDistribution.h"
+#include "refhost/cli/AddIn.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
+#include "refhost/cli/ShowCommand.h"
 #include "refhost/cli/TraceWriter.h"
 #include "util/Errors.h"
 
@@ -27,7 +29,7 @@ class CommandWatcher : public AnalysisWatcher {
         factors_.Follow();
         if (trace_) trace_->Write(number, drawn, soFar.finish.back(), soFar.cost.back());
         progress_.Show(number);
-        return true;
+        return !progress_.CancelRequested();
     }
 
  private:
@@ -48,10 +50,8 @@ AnalysisSettings SettingsOf(const Arguments& arguments, const PlanData& plan) {
 
 AnalysisResults RunWithAddIn(Session& session, const AnalysisSettings& settings,
                              AnalysisWatcher& watcher) {
-    kestrel::modGlobals addIn(session.Desktop());
-    addIn.application = std::shared_ptr<host::Application>(&session.Host(), [](auto*) {});
-    kestrel::clsSchedulon listener(addIn);
-    listener.StartSchedulon();
+    AddIn addIn(session);
+    addIn.Dll().LaunchStartSchedulon();
     return RunAnalysis(session.Host(), settings, &watcher);
 }
 
@@ -65,12 +65,24 @@ Report MakeReport(Session& session, const AnalysisSettings& settings,
     report.finish = Summarise(results.finish);
     report.cost = Summarise(results.cost);
     report.factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
-    report.occurrences = factors.Occurrences();
+    report.figures = FiguresOf(factors, results);
     return report;
 }
 
+/// The tornado chart, and beside it the distribution of the finish (NAME-finish.svg).
+void WriteCharts(const std::string& path, Session& session, const AnalysisResults& results) {
+    WriteOutput(path, TornadoSvg(session, kestrel::ui::Measure::Duration, kDefaultTopRisks));
+    if (path == "-") return;
+    std::filesystem::path finish(path);
+    finish.replace_filename(finish.stem().string() + "-finish.svg");
+    WriteOutput(finish.string(),
+                FinishDistributionSvg(results.finish, session.Plan().Name(), [](double serial) {
+                    return DateText(serial).substr(0, 10);
+                }));
+}
+
 bool TakesStandardOutput(const Arguments& arguments) {
-    for (const char* option : {"--json", "--trace", "--save"})
+    for (const char* option : {"--json", "--trace", "--chart", "--save"})
         if (arguments.Option(option) == "-") return true;
     return false;
 }
@@ -90,10 +102,15 @@ void Analyse(const Arguments& arguments) {
         CommandWatcher watcher(factors, trace.get(), settings.iterations);
         results = RunWithAddIn(session, settings, watcher);
     }
+    if (results.cancelled)
+        throw kestrel::DataError("The analysis was cancelled after " +
+                                 std::to_string(results.finish.size()) +
+                                 " iterations; nothing is written.");
     const Report report = MakeReport(session, settings, results, factors);
 
     if (trace) trace->Commit();
     if (const auto path = arguments.Option("--json")) WriteOutput(*path, ReportJson(report));
+    if (const auto path = arguments.Option("--chart")) WriteCharts(*path, session, results);
     if (const auto path = arguments.Option("--save")) session.SavePlan(*path);
     (TakesStandardOutput(arguments) ? std::cerr : std::cout) << ReportText(report) << std::flush;
 }

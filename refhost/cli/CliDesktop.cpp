@@ -1,8 +1,53 @@
 #include "refhost/cli/CliDesktop.h"
 
+#include <unistd.h>
+
 #include <filesystem>
+#include <iostream>
+#include <utility>
+
+#include "refhost/cli/Output.h"
 
 namespace refhost {
+
+using kestrel::MessageAnswer;
+using kestrel::MessageButtons;
+
+namespace {
+
+/// Asks on the terminal; where there is none the answer is no.
+bool UserAgrees(const std::string& question) {
+    if (!isatty(STDIN_FILENO) || !isatty(STDERR_FILENO)) return false;
+    std::cerr << question << " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+}  // namespace
+
+MessageAnswer CliDesktop::ShowMessage(const std::string& text, MessageButtons buttons,
+                                      const std::string& title) {
+    if (buttons == MessageButtons::YesNo && (answerYes || UserAgrees(text)))
+        return MessageAnswer::Yes;
+    if (!collects) return PosixDesktop::ShowMessage(text, buttons, title);
+    messages_.push_back(text);
+    if (buttons == MessageButtons::YesNo) ++questionsRefused_;
+    return buttons == MessageButtons::Ok      ? MessageAnswer::Ok
+           : buttons == MessageButtons::YesNo ? MessageAnswer::No
+                                              : MessageAnswer::Cancel;
+}
+
+std::string CliDesktop::OpenFile(const kestrel::FileDialog&) {
+    return std::exchange(fileToOpen, {});
+}
+
+std::string CliDesktop::SaveFile(const kestrel::FileDialog&) { return fileToSave; }
+
+void CliDesktop::WriteFile(const std::string& path, std::string_view bytes) {
+    WriteOutput(path, bytes);
+    ++filesWritten_;
+}
 
 std::string InstallationFolder() {
     std::error_code failure;

@@ -1,13 +1,41 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/posix/PosixDesktop.h"
 
 namespace refhost {
 
-/// The desktop of a command-line run: messages go to standard error.
-class CliDesktop : public kestrel::PosixDesktop {};
+/// The desktop of a command-line run: file dialogs and questions are answered by what the command
+/// line says; messages are collected for the command to tell, or go to standard error.
+class CliDesktop : public kestrel::PosixDesktop {
+ public:
+    std::string fileToOpen;  ///< what the next open dialog answers; empty cancels it
+    std::string fileToSave;  ///< what the save dialog answers
+    bool answerYes = false;  ///< answers questions with Yes; otherwise the user is asked
+    bool collects = false;   ///< messages are kept instead of shown
+
+    /// Messages kept, questions that were answered Yes left out.
+    const std::vector<std::string>& Messages() const { return messages_; }
+    int QuestionsRefused() const { return questionsRefused_; }
+    /// Files written so far.
+    int FilesWritten() const { return filesWritten_; }
+
+    using Desktop::ShowMessage;
+    kestrel::MessageAnswer ShowMessage(const std::string& text, kestrel::MessageButtons buttons,
+                                       const std::string& title) override;
+    std::string OpenFile(const kestrel::FileDialog& dialog) override;
+    std::string SaveFile(const kestrel::FileDialog& dialog) override;
+    /// "-" is standard output.
+    void WriteFile(const std::string& path, std::string_view bytes) override;
+
+ private:
+    std::vector<std::string> messages_;
+    int questionsRefused_ = 0;
+    int filesWritten_ = 0;
+};
 
 /// The folder that the program stands in.
 std::string InstallationFolder();

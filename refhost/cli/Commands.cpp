@@ -59,7 +59,8 @@ int RunCommand(const Command& command, const std::vector<std::string>& words) {
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
         {"analyse",
-         "PLAN [--iterations N] [--seed S] [--json FILE] [--trace FILE] [--save FILE]",
+         "PLAN [--iterations N] [--seed S] [--json FILE] [--trace FILE] [--chart FILE.svg] "
+         "[--save FILE]",
          "Monte Carlo analysis: finish, cost, and the factors that drive them",
          "Prints the deterministic, mean, P10, P50, P80 and P90 finish and cost and the ranked "
          "risk\n"
@@ -69,9 +70,12 @@ const std::vector<Command>& Commands() {
          "  --seed S        of the random stream; by default what the plan says\n"
          "  --json FILE     the figures as one JSON object\n"
          "  --trace FILE    every iteration as one JSON object a line\n"
+         "  --chart FILE    the tornado chart (SVG), and beside it FILE-finish.svg, the "
+         "distribution\n"
+         "                  of the finish\n"
          "  --save FILE     the plan with the factors' new sensitivities\n\n"
          "When - takes the JSON, the trace or the plan, the report goes to standard error.\n",
-         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--save"}, {}},
+         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--chart", "--save"}, {}},
          Analyse},
         {"import",
          "PROJECT -o PLAN",
@@ -79,12 +83,26 @@ const std::vector<Command>& Commands() {
          "What a plan file cannot hold is listed on standard error, once per kind, with a count.\n",
          {{"PROJECT"}, {"-o"}, {}},
          Import},
+        {"show",
+         "PLAN [--cost] [--top N] [--chart FILE.svg]",
+         "the driving risks of the last analysis: ranked table and tornado chart",
+         "Ranks by the square of the correlation, so that a factor that helps counts like one "
+         "that\n"
+         "harms. Reads what 'kestrel analyse --save' stored in the plan.\n\n"
+         "  --cost        what drives the cost instead of the finish\n"
+         "  --top N       how many factors; by default 10\n"
+         "  --chart FILE  writes the tornado chart (SVG)\n",
+         {{"PLAN"}, {"--top", "--chart"}, {"--cost"}},
+         Show},
         {"factors",
-         "PLAN",
-         "lists the register of risk factors",
-         "Impacts are percentages of the unchanged value; 100% leaves it as it is.\n",
-         {{"PLAN"}, {}, {}},
-         ListFactors},
+         "PLAN [--load FILE] [--save FILE] [-o PLAN]",
+         "lists the register of risk factors, or exchanges it with a template file",
+         "Impacts are percentages of the unchanged value; 100% leaves it as it is.\n\n"
+         "  --load FILE  replaces the register by the factors of a file, unless tasks carry some\n"
+         "  --save FILE  writes the register as a template for other plans\n"
+         "  -o PLAN      where the changed plan is written; may be the plan itself\n",
+         {{"PLAN"}, {"--load", "--save", "-o"}, {}},
+         Factors},
         {"assign",
          "PLAN TASK [--series 1,3] [--parallel 2] [-o PLAN]",
          "shows or sets the risk factors of a task",
@@ -94,6 +112,20 @@ const std::vector<Command>& Commands() {
          "  -o PLAN  where the changed plan is written; may be the plan itself\n",
          {{"PLAN", "TASK"}, {"--series", "--parallel", "-o"}, {}},
          Assign},
+        {"save",
+         "PLAN FILE",
+         "saves the register and all assignments to a file",
+         "Another plan takes them over with 'kestrel load'.\n",
+         {{"PLAN", "FILE"}, {}, {}},
+         Save},
+        {"load",
+         "PLAN FILE [--yes] [-o PLAN]",
+         "replaces the register and all assignments by those of a file",
+         "Tasks are found by their ID; those that the plan lacks are skipped.\n\n"
+         "  --yes    does not ask before overwriting\n"
+         "  -o PLAN  where the changed plan is written; may be the plan itself\n",
+         {{"PLAN", "FILE"}, {"-o"}, {"--yes"}},
+         Load},
         {"check",
          "PLAN",
          "lists every complaint about register, assignments and network",

@@ -26,8 +26,11 @@ int RunCommandLine(const std::vector<std::string>& words);
 
 void Analyse(const Arguments& arguments);
 void Import(const Arguments& arguments);
-void ListFactors(const Arguments& arguments);
+void Show(const Arguments& arguments);
+void Factors(const Arguments& arguments);
 void Assign(const Arguments& arguments);
+void Save(const Arguments& arguments);
+void Load(const Arguments& arguments);
 void Check(const Arguments& arguments);
 
 }  // namespace refhost

@@ -1,6 +1,7 @@
 #include "refhost/cli/FactorTracker.h"
 
 #include "core/Occurrence.h"
+#include "core/modAnalysis.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
 #include "util/Errors.h"
@@ -35,6 +36,8 @@ FactorTracker::FactorTracker(ReferenceHost& application, kestrel::Desktop& deskt
     carried_.assign(Register().size(), false);
     occurred_.assign(Register().size(), false);
     occurrences_.assign(Register().size(), 0);
+    durationImpacts_.resize(Register().size());
+    costImpacts_.resize(Register().size());
     FindCarryingTasks();
 }
 
@@ -51,7 +54,8 @@ void FactorTracker::FindCarryingTasks() {
                 if (id >= 1 && static_cast<std::size_t>(id) <= carried_.size())
                     carried_[static_cast<std::size_t>(id) - 1] = true;
             }
-        if (any && plan.tasks[i].type == kOrdinary) carryingTasks_.push_back(i);
+        if (any && plan.tasks[i].type == kOrdinary && !Register().empty())
+            carryingTasks_.push_back(i);
     }
 }
 
@@ -63,6 +67,18 @@ void FactorTracker::Follow() {
     for (std::size_t i = 0; i < Register().size(); ++i) {
         occurred_[i] = carried_[i] && kestrel::Occurs(*Register()[i]);
         if (occurred_[i]) ++occurrences_[i];
+    }
+    NoteImpacts(kestrel::kDurationGroup, durationImpacts_);
+    NoteImpacts(kestrel::kCostGroup, costImpacts_);
+}
+
+void FactorTracker::NoteImpacts(const char* group, std::vector<std::vector<double>>& impacts) {
+    const auto found = application_.OpenPlan()->GroupList().Item(group);
+    if (!found) return;
+    const auto members = found->Members();
+    for (std::size_t i = 0; i < impacts.size(); ++i) {
+        const auto member = members->Item(static_cast<std::int32_t>(i) + 1);
+        impacts[i].push_back(member && occurred_[i] ? member->SampledValue() / 10000 : 1.0);
     }
 }
 

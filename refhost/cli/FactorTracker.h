@@ -26,7 +26,15 @@ class FactorTracker {
     const std::vector<bool>& Occurred() const { return occurred_; }
     /// Iterations in which the factor has occurred.
     const std::vector<std::int64_t>& Occurrences() const { return occurrences_; }
-    /// Positions of the ordinary tasks that carry factors, in plan order.
+    /// Impacts in their place: for each iteration the multiplier where the factor occurred and 1
+    /// where it did not, one element whatever number of tasks carry it.
+    const std::vector<double>& DurationImpacts(std::size_t factor) const {
+        return durationImpacts_[factor];
+    }
+    const std::vector<double>& CostImpacts(std::size_t factor) const {
+        return costImpacts_[factor];
+    }
+    /// Positions of the ordinary tasks that carry factors, in plan order; none without a register.
     const std::vector<std::size_t>& CarryingTasks() const { return carryingTasks_; }
 
     /// The register as the plan holds it now, with the sensitivities of the last analysis.
@@ -34,12 +42,14 @@ class FactorTracker {
 
  private:
     void FindCarryingTasks();
+    void NoteImpacts(const char* group, std::vector<std::vector<double>>& impacts);
 
     ReferenceHost& application_;
     kestrel::modGlobals globals_;
     std::vector<bool> carried_;
     std::vector<bool> occurred_;
     std::vector<std::int64_t> occurrences_;
+    std::vector<std::vector<double>> durationImpacts_, costImpacts_;
     std::vector<std::size_t> carryingTasks_;
 };
 

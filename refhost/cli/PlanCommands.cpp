@@ -4,7 +4,6 @@
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Output.h"
-#include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
 #include "store/TaskField.h"
 #include "util/Errors.h"
@@ -78,15 +77,6 @@ void Import(const Arguments& arguments) {
     if (!target) throw UsageError("-o PLAN is missing");
     Session session(arguments.Positional(0));
     session.SavePlan(*target);
-}
-
-void ListFactors(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
-    const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
-    if (factors.empty())
-        std::cout << "The plan holds no risk factors.\n";
-    else
-        std::cout << RegisterTable(factors);
 }
 
 void Assign(const Arguments& arguments) {

@@ -2,39 +2,61 @@
 
 #include <unistd.h>
 
-#include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <string>
 
 namespace refhost {
+namespace {
 
 using std::chrono::steady_clock;
 
-Progress::Progress(std::int64_t total)
-    : total_(std::max<std::int64_t>(total, 1)),
-      onTerminal_(isatty(STDERR_FILENO) != 0),
-      started_(steady_clock::now()),
-      nextUpdate_(started_ + std::chrono::milliseconds(300)) {}
+volatile std::sig_atomic_t interrupted = 0;  // the only state that a signal handler may set
 
-void Progress::Show(std::int64_t done) {
+void OnInterrupt(int) { interrupted = 1; }
+
+}  // namespace
+
+Progress::Progress(std::int32_t total)
+    : onTerminal_(isatty(STDERR_FILENO) != 0),
+      started_(steady_clock::now()),
+      nextUpdate_(started_ + std::chrono::milliseconds(300)) {
+    form_.Open();
+    form_.SetProgressRange(total, "Analysing");
+    interrupted = 0;
+    std::signal(SIGINT, OnInterrupt);
+}
+
+Progress::~Progress() {
+    std::signal(SIGINT, SIG_DFL);
+    if (shown_) std::fputs("\r\033[K", stderr);
+}
+
+bool Progress::CancelRequested() {
+    if (interrupted) form_.RequestCancel();
+    return form_.CancelRequested();
+}
+
+void Progress::Show(std::int32_t done) {
     if (!onTerminal_ || (done & 63) != 0) return;  // the clock costs more than an iteration
     const auto now = steady_clock::now();
     if (now < nextUpdate_) return;
     nextUpdate_ = now + std::chrono::milliseconds(100);
-    const double elapsed = std::chrono::duration<double>(now - started_).count();
-    const double rate = static_cast<double>(done) / elapsed;
-    const int filled = static_cast<int>(30 * done / total_);
-    const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
-                            std::string(static_cast<std::size_t>(30 - filled), '.');
-    std::fprintf(stderr, "\r[%s] %lld of %lld, %.0f a second, %.0f s left \033[K", bar.c_str(),
-                 static_cast<long long>(done), static_cast<long long>(total_), rate,
-                 static_cast<double>(total_ - done) / rate);
-    shown_ = true;
+    form_.SetPos(done);
+    Paint(std::chrono::duration<double>(now - started_).count());
 }
 
-void Progress::Clear() {
-    if (shown_) std::fputs("\r\033[K", stderr);
-    shown_ = false;
+void Progress::Paint(double elapsed) {
+    constexpr int kWidth = 30;
+    const kestrel::ui::ProgressBar& bar = form_.ProgressBar1;
+    const double rate = bar.Value() / elapsed;
+    const auto filled =
+        static_cast<std::size_t>(std::int64_t{kWidth} * bar.Value() / std::max(bar.Max(), 1));
+    const std::string drawn = std::string(filled, '#') + std::string(kWidth - filled, '.');
+    std::fprintf(stderr, "\r%s [%s] %d of %d, %.0f a second, %.0f s left\033[K",
+                 form_.txtMessage.Text().c_str(), drawn.c_str(), bar.Value(), bar.Max(), rate,
+                 (bar.Max() - bar.Value()) / rate);
+    shown_ = true;
 }
 
 }  // namespace refhost

@@ -3,21 +3,26 @@
 #include <chrono>
 #include <cstdint>
 
+#include "ui/progress/frmProgress.h"
+
 namespace refhost {
 
-/// A progress line on standard error while long work runs; nothing when that is no terminal.
+/// The progress form in a terminal: a bar with rate and time left on standard error while long
+/// work runs; nothing where that is no terminal. Ctrl+C asks the work to stop.
 class Progress {
  public:
-    explicit Progress(std::int64_t total);
-    ~Progress() { Clear(); }
+    explicit Progress(std::int32_t total);
+    ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Show(std::int64_t done);
-    void Clear();
+    void Show(std::int32_t done);
+    bool CancelRequested();
 
  private:
-    std::int64_t total_;
+    void Paint(double elapsed);
+
+    kestrel::ui::frmProgress form_;
     bool onTerminal_;
     bool shown_ = false;
     std::chrono::steady_clock::time_point started_;

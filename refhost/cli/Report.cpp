@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "core/modPearsons.h"
 #include "refhost/cli/Json.h"
 #include "refhost/cli/Table.h"
 #include "util/NumberText.h"
@@ -20,7 +21,7 @@ std::string Padded(std::int64_t number, std::size_t digits) {
 }
 
 /// "2026-03-02" and "17:00" with `between` between them.
-std::string DateText(Minute date, const std::string& between) {
+std::string DateAndTime(Minute date, const std::string& between) {
     using namespace std::chrono;
     const sys_days day = sys_days(year{1899} / December / 30) + days(date / kMinutesPerDay);
     const year_month_day calendarDay(day);
@@ -29,10 +30,6 @@ std::string DateText(Minute date, const std::string& between) {
            Padded(static_cast<unsigned>(calendarDay.month()), 2) + "-" +
            Padded(static_cast<unsigned>(calendarDay.day()), 2) + between + Padded(minute / 60, 2) +
            ":" + Padded(minute % 60, 2);
-}
-
-std::string DateText(double serial) {
-    return DateText(static_cast<Minute>(std::llround(serial * kMinutesPerDay)), " ");
 }
 
 /// Two decimals, thousands in groups.
@@ -64,7 +61,7 @@ std::vector<std::size_t> RankedByFinish(const FactorTracker::Factors& factors) {
 std::string ResultTable(const Report& report) {
     Table table(
         {{"", Table::Align::Left}, {"Finish", Table::Align::Left}, {"Cost", Table::Align::Right}});
-    table.Add({"Deterministic", DateText(report.deterministicFinish, " "),
+    table.Add({"Deterministic", DateAndTime(report.deterministicFinish, " "),
                MoneyText(report.deterministicCost)});
     const auto add = [&](const char* name, double Summary::*figure) {
         table.Add({name, DateText(report.finish.*figure), MoneyText(report.cost.*figure)});
@@ -91,15 +88,18 @@ std::string RankingTable(const Report& report) {
                  {"Finish", Table::Align::Right},
                  {"Cost", Table::Align::Right},
                  {"Occurred", Table::Align::Right},
+                 {"Mean impact", Table::Align::Right},
+                 {"Aligned", Table::Align::Right},
                  {"Share of the finish", Table::Align::Left}});
     int rank = 0;
     for (const std::size_t i : RankedByFinish(report.factors)) {
         const kestrel::clsRiskFactor& factor = *report.factors[i];
         const double share =
-            static_cast<double>(report.occurrences[i]) / report.settings.iterations * 100;
+            static_cast<double>(report.figures[i].occurrences) / report.settings.iterations * 100;
         table.Add({std::to_string(++rank), factor.strID, factor.strDescription,
                    FixedText(factor.dblDurSens, 3), FixedText(factor.m_dCostSens, 3),
-                   Percent(share, 1), Bar(factor.dblDurSens)});
+                   Percent(share, 1), Percent(report.figures[i].meanDurationImpact * 100, 1),
+                   FixedText(report.figures[i].alignedDurSens, 3), Bar(factor.dblDurSens)});
     }
     return table.Text();
 }
@@ -111,7 +111,33 @@ void AddSummary(JsonWriter& json, const char* name, const Summary& summary) {
     json.Key("p80").Double(summary.p80).Key("p90").Double(summary.p90).EndObject();
 }
 
+double Aligned(const std::vector<double>& results, const std::vector<double>& impacts) {
+    if (impacts.size() < results.size()) return 0;
+    double mean = 0;
+    double deviation = 0;
+    return kestrel::ArrayPearson(results, impacts, results.size(), false, mean, deviation);
+}
+
 }  // namespace
+
+std::string DateText(double serial) {
+    return DateAndTime(static_cast<Minute>(std::llround(serial * kMinutesPerDay)), " ");
+}
+
+std::vector<FactorFigures> FiguresOf(const FactorTracker& factors, const AnalysisResults& results) {
+    std::vector<FactorFigures> all(factors.Register().size());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const std::vector<double>& durations = factors.DurationImpacts(i);
+        const std::vector<double>& costs = factors.CostImpacts(i);
+        all[i].occurrences = factors.Occurrences()[i];
+        all[i].alignedDurSens = Aligned(results.finish, durations);
+        all[i].alignedCostSens = Aligned(results.cost, costs);
+        if (durations.empty()) continue;
+        all[i].meanDurationImpact = kestrel::CollectionMean(durations);
+        all[i].meanCostImpact = kestrel::CollectionMean(costs);
+    }
+    return all;
+}
 
 std::string ReportText(const Report& report) {
     std::string text = report.planName + ": " + std::to_string(report.settings.iterations) +
@@ -120,7 +146,11 @@ std::string ReportText(const Report& report) {
     if (report.factors.empty())
         return text + "The plan holds no risk factors; only the tasks' own distributions count.\n";
     return text + "What drives the finish (correlations with finish and cost)\n\n" +
-           RankingTable(report);
+           RankingTable(report) +
+           "\nFinish and Cost correlate the impact at each visit of a task; Aligned correlates one "
+           "impact\n"
+           "per iteration with the finish, the fairer measure for a factor that many tasks "
+           "carry.\n";
 }
 
 std::string ReportJson(const Report& report) {
@@ -129,7 +159,7 @@ std::string ReportJson(const Report& report) {
     json.Key("iterations").Whole(std::int64_t{report.settings.iterations});
     json.Key("seed").Whole(report.settings.seed);
     json.Break().Key("deterministic").BeginObject();
-    json.Key("finish").Text(DateText(report.deterministicFinish, "T") + ":00");
+    json.Key("finish").Text(DateAndTime(report.deterministicFinish, "T") + ":00");
     json.Key("finishSerial").Double(DateSerial(report.deterministicFinish));
     json.Key("cost").Double(report.deterministicCost).EndObject();
     AddSummary(json, "finish", report.finish);
@@ -140,7 +170,12 @@ std::string ReportJson(const Report& report) {
         json.Break().BeginObject().Key("id").Whole(static_cast<std::int64_t>(i + 1));
         json.Key("name").Text(factor.strDescription);
         json.Key("durSens").Double(factor.dblDurSens).Key("costSens").Double(factor.m_dCostSens);
-        json.Key("occurrences").Whole(report.occurrences[i]).EndObject();
+        const FactorFigures& figures = report.figures[i];
+        json.Key("occurrences").Whole(figures.occurrences);
+        json.Key("meanDurationImpact").Double(figures.meanDurationImpact);
+        json.Key("meanCostImpact").Double(figures.meanCostImpact);
+        json.Key("alignedDurSens").Double(figures.alignedDurSens);
+        json.Key("alignedCostSens").Double(figures.alignedCostSens).EndObject();
     }
     json.EndArray().EndObject();
     return json.Result() + "\n";

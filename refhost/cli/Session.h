@@ -17,6 +17,10 @@ class Session {
     explicit Session(const std::string& planPath);
 
     ReferenceHost& Host() { return host_; }
+    /// The host as an add-in holds it; valid as long as the session.
+    host::ApplicationPtr Application() {
+        return {&host_, [](auto*) {}};
+    }
     HostPlan& Plan() { return *host_.OpenPlan(); }
     CliDesktop& Desktop() { return desktop_; }
     const std::string& PlanPath() const { return planPath_; }

@@ -50,9 +50,6 @@ void ReadException(const StrictElement& element, Calendar& calendar) {
     const std::int32_t day =
         element.Value("Date", ReadDate, "a date from 1900 to 9999, like 2026-12-25");
     const Shifts shifts = ReadShifts(element);
-    if (works && shifts.empty())
-        element.Fail("the WorkingDay " + DateText(day) +
-                     " has no Shift; add one or make it a Holiday.");
     if (!calendar.exceptions.emplace(day, shifts).second)
         element.Fail("the date " + DateText(day) +
                      " is a Holiday or WorkingDay already; keep only one of them.");

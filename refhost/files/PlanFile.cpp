@@ -11,7 +11,8 @@ kestrel::XmlDocument Parse(kestrel::Desktop& desktop, std::string_view bytes,
     try {
         return desktop.ParseXml(bytes);
     } catch (const kestrel::DataError& error) {
-        throw kestrel::DataError(path + ": " + error.what());
+        throw kestrel::DataError(path + ": " + error.what() +
+                                 "; mend the file, or take a whole copy of it.");
     }
 }
 

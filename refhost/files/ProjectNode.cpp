@@ -1,9 +1,21 @@
 #include "refhost/files/ProjectNode.h"
 
+#include "refhost/files/ProjectText.h"
 #include "refhost/files/StrictElement.h"
 #include "refhost/files/ValueText.h"
 
 namespace refhost {
+namespace {
+
+/// Blank, "false", a number of zero or a duration of no length.
+bool IsNothing(std::string_view word) {
+    if (word.empty() || word == "false") return true;
+    if (const auto number = ReadNumber(word)) return *number == 0;
+    const auto duration = ReadProjectDuration(word, DurationUnits{});
+    return duration && duration->minutes == 0 && duration->exact;
+}
+
+}  // namespace
 
 bool ProjectNode::IsChild(const kestrel::XmlNode& node, std::string_view name) const {
     return node.LocalName() == name && node.uri == node_->uri;
@@ -45,10 +57,7 @@ bool ProjectNode::Flag(std::string_view child) const {
 bool ProjectNode::Says(std::string_view child) const {
     for (const ProjectNode& found : Children(child)) {
         const std::string text = found.node_->TextContent();
-        const std::string_view word = Trimmed(text);
-        // Zero is written 0, 0.00 or, for a duration, PT0H0M0S.
-        if (word != "false" && word.find_first_not_of("0.PTHMS") != std::string_view::npos)
-            return true;
+        if (!IsNothing(Trimmed(text))) return true;
     }
     return false;
 }

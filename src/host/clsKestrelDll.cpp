@@ -4,6 +4,7 @@
 
 #include "ui/assignment/frmAssignRisk.h"
 #include "ui/assignment/frmAssignRiskAdvanced.h"
+#include "ui/driving_risks/frmTornado.h"
 #include "ui/options/frmLoadRiskFactors.h"
 #include "util/Errors.h"
 #include "util/Trapped.h"
@@ -25,6 +26,7 @@ clsKestrelDll::clsKestrelDll(std::function<host::ApplicationPtr()> attach, Deskt
     : attach_(std::move(attach)), globals_(desktop), runner_(runner) {
     windows_.assign = Show<ui::frmAssignRisk>;
     windows_.assignAdvanced = ui::ShowAdvancedAssignment;
+    windows_.drivingRisks = Show<ui::frmTornado>;
     windows_.options = Show<ui::frmLoadRiskFactors>;
 }
 

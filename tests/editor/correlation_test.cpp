@@ -101,7 +101,7 @@ TEST_F(EditorTest, DeletingARowClosesUpNumbersAndCorrelations) {
 }
 
 TEST_F(EditorTest, RowsMarkedByMouseAreAllDeleted) {
-    StoreFactors(6, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 5 ? 6 : 0; });
+    StoreFactors(6, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 6 ? 5 : 0; });
     auto task = host.AddTask("1", "Dig", "(1,2,3,4,5,6)");
     MouseEvent ctrl;
     ctrl.ctrl = true;
@@ -111,11 +111,25 @@ TEST_F(EditorTest, RowsMarkedByMouseAreAllDeleted) {
         desktop.answers = {MessageAnswer::Yes};
         user.Click("cmdDeleteRisk");
         EXPECT_EQ(Column(0), "F1 F5 F6  ");
-        EXPECT_EQ(Column(kCorr), "0 3 0  ") << "the entry row, marked too, stays";
-        EXPECT_FALSE(grid->Editable(3, kCorr));
+        EXPECT_EQ(Column(kCorr), "0 0 2  ") << "the entry row, marked too, stays";
+        EXPECT_FALSE(grid->Editable(2, kCorr));
         ClickOk(user);
     });
     EXPECT_EQ(task->texts["RiskFactors"], "(1,2,3)");
+}
+
+TEST_F(EditorTest, RowsMarkedByMouseAreForgottenWhenAKeySelectsAnother) {
+    StoreFactors(4);
+    MouseEvent shift;
+    shift.shift = true;
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 1, 0);
+        user.ClickCell("Tabulon1", 3, 0, shift);
+        user.Press(Key::Down);
+        desktop.answers = {MessageAnswer::Yes};
+        user.Press(Key::Delete);
+        EXPECT_EQ(Column(0), "F1 F2 F3  ");
+    });
 }
 
 TEST_F(EditorTest, RowsSelectedByKeysAreDeletedInOneWalkThatSkipsTheNextRow) {

@@ -67,7 +67,10 @@ TEST_F(EditorTest, AFileChosenForAMissingDefaultBecomesTheDefault) {
     Option("FileLocation", "/nowhere.xml");
     const std::string path = File("other.xml", kTwoFactors);
     desktop.chosenFiles = {path};
+    desktop.registry[{"Software\\Schedulon Software\\Schedulon8x\\Options", "PlanPath"}] = {
+        1, std::string("D:\\Plans\0", 9)};
     Edit([](User&) {});
+    EXPECT_EQ(desktop.openDialogs[0].initialFolder, "C:\\Host\\Samples\\");
     EXPECT_EQ((host.application->settings[{"RiskFactors", "RiskFactors", "FileLocation"}]), path);
 }
 
@@ -164,6 +167,17 @@ TEST_F(EditorTest, ATemplateKeepsTheTextsAndLoadsBack) {
                   "<Probability>100.00%</Probability><CorrelatedTo>0</CorrelatedTo></RiskFactor>"),
               std::string::npos);
     EXPECT_NE(content.find("<CostMaximum>120.50%</CostMaximum>"), std::string::npos);
+}
+
+TEST_F(EditorTest, AShorterFileStartsAtItsFirstRow) {
+    StoreFactors(5);
+    desktop.chosenFiles = {File("two.xml", kTwoFactors)};
+    Edit([&](User& user) {
+        user.ClickCell("Tabulon1", 5, 3);
+        user.Click("cmdLoadFile");
+        EXPECT_EQ(Column(0), "Rain Risk Factor1  ");
+        EXPECT_EQ(Current(), "1,0");
+    });
 }
 
 TEST_F(EditorTest, SavingWithoutANameWarns) {

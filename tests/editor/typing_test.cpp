@@ -60,6 +60,18 @@ TEST_F(EditorTest, TheEntryRowWantsItsDescriptionFirst) {
     });
 }
 
+TEST_F(EditorTest, RefusedCharactersAreDroppedInSilence) {
+    StoreFactors(1);
+    Edit([&](User& user) {
+        TypeInto(user, 1, kDurMaxColumn, "a1b:|c.2-");
+        EXPECT_EQ(Cell(1, kDurMaxColumn), "1:.2");
+        TypeInto(user, 1, kCorrelatedToColumn, ".");
+        EXPECT_EQ(Cell(1, kCorrelatedToColumn), "0");
+        EXPECT_FALSE(grid->IsEditing());
+    });
+    EXPECT_EQ(desktop.beeps, 0);
+}
+
 TEST_F(EditorTest, KeysMoveAsTheyShould) {
     StoreFactors(3);
     const struct {

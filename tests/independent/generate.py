@@ -42,7 +42,8 @@ def calendar(chance):
         if chance.random() < 0.6:
             lines.append(f'<Holiday Date="{day}"/>')
         else:
-            lines.append(f'<WorkingDay Date="{day}">{shift_lines(chance.choice(DAY_PATTERNS))}</WorkingDay>')
+            pattern = chance.choice(DAY_PATTERNS)
+            lines.append(f'<WorkingDay Date="{day}">{shift_lines(pattern)}</WorkingDay>')
     return lines + ["</Calendar>"]
 
 

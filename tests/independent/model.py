@@ -15,8 +15,9 @@ import sys
 import tempfile
 
 import generate
-from analysis import Analysis, Stream
+from analysis import Analysis
 from plan import Plan, text_of
+from stream import Stream
 
 SHOWN_DIFFERENCES = 5
 REFERENCE_DRAW = 9981545732273789042  # the 10000th output of std::mt19937_64 with seed 5489
@@ -42,9 +43,10 @@ def differences(expected, actual, where):
 def analyse(kestrel, path, iterations, seed, folder):
     """What kestrel writes for the plan: its figures and its trace."""
     figures, trace = folder / "figures.json", folder / "trace.jsonl"
-    subprocess.run([kestrel, "analyse", path, "--iterations", str(iterations), "--seed", str(seed),
-                    "--json", figures, "--trace", trace],
-                   check=True, stdout=subprocess.DEVNULL, timeout=600)
+    run = subprocess.run([kestrel, "analyse", path, "--iterations", str(iterations), "--seed", str(seed),
+                          "--json", figures, "--trace", trace], capture_output=True, text=True, timeout=600)
+    if run.returncode != 0:
+        raise OSError(f"exit {run.returncode}, {run.stderr.strip()[-300:]}")
     lines = trace.read_text(encoding="utf-8").splitlines()
     return json.loads(figures.read_text(encoding="utf-8")), [json.loads(line) for line in lines]
 

@@ -87,11 +87,18 @@ TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {
         {"unknown prefix", "<p:a/>"},
         {"second root", "<a/><b/>"},
         {"bad UTF-8", "<a>\xFF\xFE</a>"},
+        {"bad EUC-JP",
+         "<?xml version='1.0' encoding='EUC-JP'?>\n<a>" + std::string(9000, 'x') + "\xFF\xFF</a>"},
+        {"unknown encoding", "<?xml version='1.0' encoding='nope'?><a/>"},
         {"control character", "<a>\x01</a>"},
         {"zero byte", "<a>\0</a>"s},
         {"attribute twice", "<a b='1' b='2'/>"},
     };
-    for (const auto& row : rows) EXPECT_THROW(ParseXmlBytes(row.bytes), DataError) << row.name;
+    for (const auto& row : rows) {
+        const std::string message = MessageOf(row.bytes);
+        EXPECT_EQ(message.find("line "), 0u) << row.name << ": " << message;
+        EXPECT_EQ(message.find("line 0"), std::string::npos) << row.name << ": " << message;
+    }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 

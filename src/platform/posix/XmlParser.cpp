@@ -33,7 +33,7 @@ DataError ErrorAtLine(int line, const std::string& message) {
 }
 
 /// Collects the parser's events into a tree. Nothing may be thrown through the parser's C code:
-/// the first failure is kept, stops the parser and is raised by Finish.
+/// the first failure is kept and raised by Finish.
 class TreeBuilder {
  public:
     explicit TreeBuilder(xmlParserCtxt& parser) : parser_(parser) {}
@@ -46,6 +46,19 @@ class TreeBuilder {
         } catch (...) {
             failure_ = std::current_exception();
             xmlStopParser(&parser_);
+        }
+    }
+
+    /// Keeps a failure of the parser itself. It ends by itself, and must not be stopped: it still
+    /// uses the buffers that stopping frees.
+    void NoteError(const xmlError& error) noexcept {
+        if (failure_) return;
+        try {
+            std::string message = error.message ? error.message : "the document is malformed";
+            message.erase(message.find_last_not_of(" \t\r\n") + 1);
+            throw ErrorAtLine(error.line > 0 ? error.line : CurrentLine(), message);
+        } catch (...) {
+            failure_ = std::current_exception();
         }
     }
 
@@ -147,14 +160,22 @@ void OnDocumentType(void* data, const xmlChar*, const xmlChar*, const xmlChar*) 
 
 /// Taking errors here also keeps the parser from printing them.
 void OnError(void* data, xmlErrorPtr error) {
-    if (error->level < XML_ERR_ERROR) return;
-    TreeBuilder& builder = BuilderOf(data);
-    builder.Handle([&] {
-        std::string message = error->message ? error->message : "the document is malformed";
-        message.erase(message.find_last_not_of(" \t\r\n") + 1);
-        throw ErrorAtLine(error->line, message);
-    });
+    if (error->level >= XML_ERR_ERROR) BuilderOf(data).NoteError(*error);
 }
+
+/// Failures to decode the bytes bypass the parser's own handler: they go to the thread's, which
+/// prints them unless it is replaced.
+class DecodingErrors {
+ public:
+    explicit DecodingErrors(TreeBuilder& builder) { xmlSetStructuredErrorFunc(&builder, OnError); }
+    ~DecodingErrors() { xmlSetStructuredErrorFunc(outerData_, outer_); }
+    DecodingErrors(const DecodingErrors&) = delete;
+    DecodingErrors& operator=(const DecodingErrors&) = delete;
+
+ private:
+    const xmlStructuredErrorFunc outer_ = xmlStructuredError;
+    void* const outerData_ = xmlStructuredErrorContext;
+};
 
 struct FreeParser {
     void operator()(xmlParserCtxt* parser) const { xmlFreeParserCtxt(parser); }
@@ -185,6 +206,7 @@ XmlDocument ParseXmlBytes(std::string_view bytes) {
     handler.serror = OnError;
     *parser->sax = handler;
     parser->userData = &builder;
+    const DecodingErrors decodingErrors(builder);
     xmlParseDocument(parser.get());
     return builder.Finish();
 }

@@ -80,7 +80,6 @@ bool frmEditRiskFactors::InUnnamedEntryRow() const {
 
 void frmEditRiskFactors::LeaveCell() {
     NormaliseRow();
-    Tabulon1.EndEdit();
     CompleteEntryRow();
 }
 

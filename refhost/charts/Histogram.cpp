@@ -1,0 +1,54 @@
+#include "refhost/charts/Histogram.h"
+
+#include <cmath>
+#include <cstddef>
+
+namespace refhost {
+namespace {
+
+constexpr int kMostSteps = 39;      ///< from the first value to the last
+constexpr double kFirstMonday = 2;  ///< a day serial: 1 January 1900
+
+double StepFor(const std::vector<double>& ascending,
+               const std::function<bool(double, double)>& differ) {
+    const double span = ascending.back() - ascending.front();
+    const double noon = std::floor(ascending.front()) + 0.5;
+    for (const double hours : {1.0, 3.0, 6.0}) {
+        const double step = hours / 24;
+        if (span / step < kMostSteps && differ(noon, noon + step)) return step;
+    }
+    for (const double step : {1.0, 2.0, 7.0})
+        if (span / step < kMostSteps) return step;
+    double step = 14;
+    while (span / step >= kMostSteps) step *= 2;
+    return step;
+}
+
+}  // namespace
+
+std::string Histogram::StepText() const {
+    const auto text = [](long count, const char* unit) {
+        return count == 1 ? std::string(unit) : std::to_string(count) + " " + unit + "s";
+    };
+    if (step < 1) return text(std::lround(step * 24), "hour");
+    const long days = std::lround(step);
+    return days % 7 == 0 ? text(days / 7, "week") : text(days, "day");
+}
+
+Histogram HistogramOf(const std::vector<double>& ascending,
+                      const std::function<bool(double, double)>& differ) {
+    Histogram histogram;
+    histogram.step = StepFor(ascending, differ);
+    const double origin = histogram.step < 7 ? 0 : kFirstMonday;
+    const auto barOf = [&](double value) { return std::floor((value - origin) / histogram.step); };
+    // One free bar at either end, so that a cumulative curve starts and ends level.
+    const double firstBar = barOf(ascending.front()) - 1;
+    const double lastBar = barOf(ascending.back()) + 1;
+    histogram.first = origin + firstBar * histogram.step;
+    histogram.counts.resize(static_cast<std::size_t>(lastBar - firstBar) + 1);
+    for (const double value : ascending)
+        ++histogram.counts[static_cast<std::size_t>(barOf(value) - firstBar)];
+    return histogram;
+}
+
+}  // namespace refhost

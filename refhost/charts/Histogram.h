@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace refhost {
+
+/// How many day serials fall into each of a row of equal bars: whole days, weeks from Monday to
+/// Sunday, or more. The first and the last bar are empty.
+struct Histogram {
+    double step = 1;   ///< width of a bar, days
+    double first = 0;  ///< start of the first bar, day serial
+    std::vector<int> counts;
+
+    double End() const { return first + step * static_cast<double>(counts.size()); }
+    /// Start of a bar; of the one behind the last it is End().
+    double Edge(int bar) const { return first + step * bar; }
+    /// The width in words: "day", "2 weeks".
+    std::string StepText() const;
+};
+
+/// The finest histogram of at most 42 bars; at least one value. Bars of hours are made only where
+/// `differ` says that two times within a day are told apart.
+Histogram HistogramOf(const std::vector<double>& ascending,
+                      const std::function<bool(double, double)>& differ);
+
+}  // namespace refhost

@@ -1,0 +1,128 @@
+#include <iostream>
+#include <utility>
+
+#include "refhost/cli/AddIn.h"
+#include "refhost/cli/Commands.h"
+#include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/Report.h"
+#include "refhost/cli/Session.h"
+#include "store/RegisterDocument.h"
+#include "store/SaveLoadCommands.h"
+#include "ui/editor/frmEditRiskFactors.h"
+#include "util/Errors.h"
+
+namespace refhost {
+namespace {
+
+using kestrel::DataError;
+using kestrel::ui::frmEditRiskFactors;
+
+/// Commands trap a file that cannot be read and end quietly; here its reason is wanted.
+void RefuseUnreadable(CliDesktop& desktop, const std::string& path) {
+    const std::string bytes = desktop.ReadFile(path);
+    try {
+        kestrel::ui::ReadFactors(desktop.ParseXml(bytes));
+    } catch (const DataError& error) {
+        throw DataError(path + ": " + error.what());
+    }
+}
+
+void RefuseEmptyRegister(Session& session) {
+    if (session.Plan().GetText(kestrel::kRegisterText).empty())
+        throw DataError(session.PlanPath() + " holds no risk factors; there is nothing to save.");
+}
+
+void FailWithMessages(const CliDesktop& desktop) {
+    if (!desktop.Messages().empty()) throw DataError(desktop.Messages().front());
+}
+
+/// Opens the editor on the plan and presses a button, then OK or Cancel.
+void RunEditor(Session& session, kestrel::ui::Button frmEditRiskFactors::*button, bool confirm) {
+    CliDesktop& desktop = session.Desktop();
+    desktop.collects = true;
+    // The editor asks for a file by itself when the plan has no factors: not here.
+    const std::string fileToOpen = std::exchange(desktop.fileToOpen, {});
+    AddIn addIn(session, [&](kestrel::ui::Form& form) {
+        auto& editor = dynamic_cast<frmEditRiskFactors&>(form);
+        desktop.fileToOpen = fileToOpen;
+        (editor.*button).Press();
+        if (!desktop.Messages().empty() || !confirm) return;
+        editor.cmdOKRisk.Press();
+    });
+    addIn.Dll().LaunchEdit();
+    FailWithMessages(desktop);
+}
+
+void LoadTemplate(Session& session, const std::string& path) {
+    RefuseUnreadable(session.Desktop(), path);
+    session.Desktop().fileToOpen = path;
+    RunEditor(session, &frmEditRiskFactors::cmdLoadFile, true);
+}
+
+void SaveTemplate(Session& session, const std::string& path) {
+    RefuseEmptyRegister(session);
+    session.Desktop().fileToSave = path;
+    RunEditor(session, &frmEditRiskFactors::cmdSave, false);
+    if (session.Desktop().FilesWritten() == 0)
+        throw DataError("'" + path +
+                        "' could not be written; check the folder and its permissions.");
+}
+
+void ListRegister(Session& session) {
+    const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
+    std::cout << (factors.empty() ? "The plan holds no risk factors.\n" : RegisterTable(factors));
+}
+
+void TellNotWritten() {
+    std::cerr << "The plan is not written; name a file with -o to keep this.\n";
+}
+
+}  // namespace
+
+void Factors(const Arguments& arguments) {
+    Session session(arguments.Positional(0));
+    if (!arguments.Has("--load") && !arguments.Has("--save")) {
+        if (arguments.Has("-o")) throw UsageError("-o needs --load, or there is nothing to write");
+        ListRegister(session);
+        return;
+    }
+    if (const auto path = arguments.Option("--load")) LoadTemplate(session, *path);
+    if (const auto path = arguments.Option("--save")) SaveTemplate(session, *path);
+    if (const auto target = arguments.Option("-o"))
+        session.SavePlan(*target);
+    else if (arguments.Has("--load") && !arguments.Has("--save"))
+        TellNotWritten();
+}
+
+void Save(const Arguments& arguments) {
+    Session session(arguments.Positional(0));
+    RefuseEmptyRegister(session);
+    session.Desktop().fileToSave = arguments.Positional(1);
+    kestrel::modGlobals globals(session.Desktop());
+    globals.application = session.Application();
+    kestrel::SaveRiskFactorsToFile(globals);
+    if (session.Desktop().FilesWritten() == 0)
+        throw DataError(session.PlanPath() +
+                        ": its register is no risk factors document; nothing was saved.");
+}
+
+void Load(const Arguments& arguments) {
+    Session session(arguments.Positional(0));
+    CliDesktop& desktop = session.Desktop();
+    RefuseUnreadable(desktop, arguments.Positional(1));
+    desktop.fileToOpen = arguments.Positional(1);
+    desktop.answerYes = arguments.Has("--yes");
+    desktop.collects = true;
+    kestrel::modGlobals globals(desktop);
+    globals.application = session.Application();
+    kestrel::LoadRiskFactorsFromFile(globals);
+    if (!desktop.Messages().empty())
+        throw DataError(desktop.Messages().back() +
+                        (desktop.QuestionsRefused() > 0 ? ": not confirmed; add --yes." : ""));
+    if (const auto target = arguments.Option("-o"))
+        session.SavePlan(*target);
+    else
+        TellNotWritten();
+}
+
+}  // namespace refhost

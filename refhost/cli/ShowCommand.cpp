@@ -1,0 +1,60 @@
+#include "refhost/cli/ShowCommand.h"
+
+#include <iostream>
+#include <limits>
+
+#include "refhost/cli/Commands.h"
+#include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/Output.h"
+#include "refhost/cli/Table.h"
+#include "ui/controls/ChartSvg.h"
+#include "util/NumberText.h"
+
+namespace refhost {
+namespace {
+
+using kestrel::ui::Measure;
+
+std::string RankedTable(const FactorTracker::Factors& factors, Measure measure, int count) {
+    kestrel::ui::Grid ranked("ranked");
+    kestrel::ui::FillRankedGrid(ranked, factors, measure);
+    Table table({{"Rank", Table::Align::Right},
+                 {"ID", Table::Align::Right},
+                 {"Risk factor", Table::Align::Left},
+                 {measure == Measure::Cost ? "Cost" : "Finish", Table::Align::Right}});
+    for (int row = 1; row < ranked.RowCount() && row <= count; ++row)
+        table.Add(
+            {std::to_string(row), ranked.Text(row, 0), ranked.Text(row, 1), ranked.Text(row, 2)});
+    return table.Text();
+}
+
+}  // namespace
+
+std::string TornadoSvg(Session& session, Measure measure, int count) {
+    kestrel::ui::Chart chart("plotDur");
+    kestrel::ui::DrawTornado(chart, FactorTracker::ReadRegister(session.Host(), session.Desktop()),
+                             measure, count, session.Plan().Name());
+    constexpr int kWidth = 900, kBarHeight = 34, kRoom = 140;
+    return kestrel::ui::ChartSvgText(chart, kWidth, kRoom + kBarHeight * std::max(count, 3));
+}
+
+void Show(const Arguments& arguments) {
+    const auto top = arguments.Number("--top", 0, std::numeric_limits<std::int32_t>::max());
+    Session session(arguments.Positional(0));
+    const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
+    const int held = static_cast<int>(factors.size());
+    const int count =
+        top ? std::min(static_cast<int>(*top), held) : std::min(kDefaultTopRisks, held);
+    const Measure measure = arguments.Has("--cost") ? Measure::Cost : Measure::Duration;
+    if (!session.Plan().Live().ResultsUpToDate())
+        std::cerr
+            << "The risk analysis is out of date; run 'kestrel analyse' with --save to update "
+               "it.\n";
+    const auto path = arguments.Option("--chart");
+    if (path) WriteOutput(*path, TornadoSvg(session, measure, count));
+    (path == "-" ? std::cerr : std::cout)
+        << (factors.empty() ? "The plan holds no risk factors.\n"
+                            : RankedTable(factors, measure, count));
+}
+
+}  // namespace refhost

@@ -1,0 +1,231 @@
+#include "cli/CommandLine.h"
+
+#include <gmock/gmock.h>
+
+namespace refhost::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string kSmall =
+    "<Plan Version=\"1\" Name=\"Small\" Start=\"2026-01-05T08:00:00\">"
+    "<Texts><Text Name=\"RiskFactors\">&lt;RiskFactors Version=\"RiskFactors1.00\"&gt;"
+    "&lt;RiskFactor ID=\"1\"&gt;&lt;Name&gt;Frost&lt;/Name&gt;&lt;Minimum&gt;100&lt;/Minimum&gt;"
+    "&lt;MostLikely&gt;110&lt;/MostLikely&gt;&lt;Maximum&gt;150&lt;/Maximum&gt;"
+    "&lt;Probability&gt;50&lt;/Probability&gt;&lt;/RiskFactor&gt;&lt;/RiskFactors&gt;</Text></"
+    "Texts>"
+    "<Tasks><Task ID=\"A\" Name=\"Dig\" Type=\"0\" Duration=\"4800\"><CostItem Name=\"x\" "
+    "Cost=\"10\"/></Task>"
+    "<Task ID=\"B\" Name=\"Pour\" Type=\"0\" Duration=\"960\"><Link From=\"A\" Type=\"FS\" "
+    "Lag=\"0\"/></Task></Tasks></Plan>";
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    return text.replace(text.find(from), from.size(), to);
+}
+
+std::ptrdiff_t Lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
+
+TEST(CommandLine, GivesTheSameBytesForTheSameSeedAndTouchesNoPlanUnasked) {
+    const Workplace place;
+    place.Write("plan.kplan", kSmall);
+    ASSERT_EQ(place.Run("assign plan.kplan A --series 1 -o plan.kplan").exitCode, 0);
+    const std::string before = place.Read("plan.kplan");
+    for (const char* run : {"1", "2"})
+        ASSERT_EQ(
+            place
+                .Run(std::string("analyse plan.kplan --iterations 300 --seed 18446744073709551615 "
+                                 "--json j") +
+                     run + " --trace t" + run)
+                .exitCode,
+            0);
+    EXPECT_EQ(place.Read("j1"), place.Read("j2"));
+    EXPECT_EQ(place.Read("t1"), place.Read("t2"));
+    EXPECT_EQ(Lines(place.Read("t1")), 300);
+    EXPECT_EQ(place.Read("plan.kplan"), before);
+}
+
+TEST(CommandLine, SavesThePlanWithItsResultsUntilThePlanChanges) {
+    const Workplace place;
+    place.Write("plan.kplan", kSmall);
+    place.Run("assign plan.kplan A --parallel 1 -o plan.kplan");
+    ASSERT_EQ(place.Run("analyse plan.kplan --iterations 200 --save plan.kplan").exitCode, 0);
+    const std::string saved = place.Read("plan.kplan");
+    EXPECT_THAT(saved, HasSubstr("UpToDate=\"true\""));
+    EXPECT_THAT(saved, HasSubstr("Iterations=\"200\""));
+    EXPECT_THAT(saved, Not(HasSubstr("DurSens&gt;100&lt;")));
+    EXPECT_THAT(saved, HasSubstr("Duration=\"4800\"")) << "durations are put back";
+    place.Run("assign plan.kplan A --series 1 -o plan.kplan");
+    EXPECT_THAT(place.Read("plan.kplan"), Not(HasSubstr("UpToDate=\"true\"")));
+}
+
+TEST(CommandLine, RefusesBadInputInOneSentenceAndLeavesNoFile) {
+    struct Row {
+        const char* what;
+        std::string plan;
+        const char* words;
+        int exitCode;
+        std::vector<const char*> told;
+    };
+    const Row rows[] = {
+        {"a broken file",
+         kSmall.substr(0, 200),
+         "analyse plan.kplan --json out",
+         1,
+         {"plan.kplan: line 1", "mend"}},
+        {"no file", kSmall, "analyse absent.kplan --json out", 1, {"absent.kplan"}},
+        {"a loop",
+         Replaced(kSmall, "<CostItem Name=\"x\" Cost=\"10\"/>",
+                  "<Link From=\"B\" Type=\"SS\" Lag=\"0\"/>"),
+         "analyse plan.kplan --json out",
+         1,
+         {"loop", "A - Dig", "B - Pour", "remove"}},
+        {"a factor that the register lacks",
+         Replaced(kSmall, "<CostItem",
+                  "<UserValue Name=\"RiskFactors\">(1,4)</UserValue><CostItem"),
+         "analyse plan.kplan --json out --trace out2 --save out3",
+         1,
+         {"Task A - Dig carries risk factor 4, but the register holds 1."}},
+        {"a register that is no XML",
+         Replaced(kSmall, "&lt;/RiskFactors&gt;", ""),
+         "analyse plan.kplan --save out",
+         1,
+         {"register", "not well-formed"}},
+        {"a factor without its numbers",
+         Replaced(kSmall, "&lt;Maximum&gt;150", "&lt;Maximum&gt;wide"),
+         "analyse plan.kplan --json out",
+         1,
+         {"Risk factor 1", "Maximum"}},
+        {"an unknown task", kSmall, "assign plan.kplan Z --series 1 -o out", 1, {"no task 'Z'"}},
+        {"an ID out of range",
+         kSmall,
+         "assign plan.kplan A --series 1,2 -o out",
+         1,
+         {"no risk factor 2", "holds 1"}},
+        {"an ID in both groups",
+         kSmall,
+         "assign plan.kplan A --series 1 --parallel 1 -o out",
+         1,
+         {"both"}},
+        {"an ID that is no number",
+         kSmall,
+         "assign plan.kplan A --series one -o out",
+         2,
+         {"'one'", "usage"}},
+        {"a load that nobody confirms",
+         kSmall,
+         "load plan.kplan plan.kplan -o out",
+         1,
+         {"not a valid"}},
+        {"no place to write",
+         kSmall,
+         "analyse plan.kplan --iterations 5 --json no/such/folder",
+         1,
+         {"no/such/folder"}},
+        {"an unknown command", kSmall, "analyze plan.kplan", 2, {"analyze", "--help"}},
+        {"a missing word", kSmall, "assign plan.kplan", 2, {"TASK is missing", "usage"}},
+        {"an unknown option", kSmall, "analyse plan.kplan --fast", 2, {"--fast", "usage"}},
+        {"no iterations",
+         kSmall,
+         "analyse plan.kplan --iterations 0",
+         2,
+         {"--iterations", "from 1"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Workplace place;
+        place.Write("plan.kplan", row.plan);
+        const RunResult result = place.Run(row.words);
+        EXPECT_EQ(result.exitCode, row.exitCode);
+        EXPECT_EQ(result.output, "");
+        for (const char* text : row.told) EXPECT_THAT(result.errors, HasSubstr(text));
+        if (row.exitCode == 1) {
+            EXPECT_EQ(Lines(result.errors), 1) << result.errors;
+        }
+        EXPECT_EQ(place.FileCount(), 1u) << "nothing but the plan";
+        EXPECT_EQ(place.Read("plan.kplan"), row.plan);
+    }
+}
+
+TEST(CommandLine, ChecksAPlanAndListsEveryComplaint) {
+    const Workplace place;
+    std::string plan = Replaced(kSmall, "&lt;Probability&gt;50", "&lt;Probability&gt;120");
+    plan = Replaced(plan, "&lt;Minimum&gt;100", "&lt;Minimum&gt;130");
+    plan = Replaced(plan, "<CostItem", "<Link From=\"B\" Type=\"FS\" Lag=\"0\"/><CostItem");
+    plan = Replaced(plan, "</Task></Tasks>",
+                    "<UserValue Name=\"RiskFactors\">1, 1,9</UserValue></Task></Tasks>");
+    place.Write("plan.kplan", plan);
+    const RunResult result = place.Run("check plan.kplan");
+    EXPECT_EQ(result.exitCode, 0);
+    for (const char* text :
+         {"probability of 120", "duration impact are out of order (130, 110, 150)",
+          "Task B - Pour carries risk factor 1 twice", "carries '9'", "loop"})
+        EXPECT_THAT(result.output, HasSubstr(text));
+    EXPECT_EQ(Lines(result.output), 5);
+    EXPECT_EQ(place.Run("check '" + kExample + "'").output, "");
+}
+
+TEST(CommandLine, TakesRegisterAndAssignmentsOverToACopyWithTheSameAnalysis) {
+    const Workplace place;
+    std::filesystem::copy_file(kExample, place.Path("example.kplan"));
+    std::string bare = place.Read("example.kplan");
+    bare.erase(bare.find("<Texts>"), bare.find("</Texts>") + 8 - bare.find("<Texts>"));
+    const std::string open = "<UserValue Name=\"RiskFactors\">";
+    for (std::size_t at; (at = bare.find(open)) != std::string::npos;)
+        bare.erase(at, bare.find("</UserValue>", at) + 12 - at);
+    place.Write("bare.kplan", bare);
+
+    ASSERT_EQ(place.Run("save example.kplan all.xml").exitCode, 0);
+    EXPECT_EQ(place.Run("load bare.kplan all.xml -o bare.kplan").exitCode, 1) << "not confirmed";
+    EXPECT_EQ(place.Read("bare.kplan"), bare);
+    ASSERT_EQ(place.Run("load bare.kplan all.xml --yes -o bare.kplan").exitCode, 0);
+    place.Run("analyse example.kplan --iterations 100 --json a");
+    place.Run("analyse bare.kplan --iterations 100 --json b");
+    EXPECT_EQ(place.Read("a"), place.Read("b"));
+    EXPECT_GT(place.Read("a").size(), 1000u);
+}
+
+TEST(CommandLine, ExchangesTheRegisterWithATemplate) {
+    const Workplace place;
+    place.Write("plan.kplan", kSmall);
+    ASSERT_EQ(place.Run("factors plan.kplan --save template.xml").exitCode, 0);
+    EXPECT_THAT(place.Read("template.xml"), HasSubstr("<MostLikely>110.00%</MostLikely>"));
+    place.Write("other.kplan", Replaced(kSmall, "Frost", "Strike"));
+    ASSERT_EQ(place.Run("factors other.kplan --load template.xml -o other.kplan").exitCode, 0);
+    EXPECT_THAT(place.Run("factors other.kplan").output, HasSubstr("Frost"));
+    place.Run("assign other.kplan A --series 1 -o other.kplan");
+    const RunResult refused = place.Run("factors other.kplan --load template.xml -o out");
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("have been assigned to tasks"));
+    EXPECT_FALSE(place.Exists("out"));
+}
+
+TEST(CommandLine, ImportsAndAnalysesRealProjectFiles) {
+    const std::string data = KESTREL_SOURCE_DIR "/../shared/data/";
+    if (!std::filesystem::exists(data)) GTEST_SKIP() << "no project files at " << data;
+    for (const char* name : {"schependomlaan_2015-02-18.xml", "generated_j301x40_1280tasks.xml"}) {
+        const Workplace place;
+        place.Write("small.kplan", kSmall);
+        place.Run("factors small.kplan --save template.xml");
+        ASSERT_EQ(place.Run("import '" + data + name + "' -o plan.kplan").exitCode, 0) << name;
+        EXPECT_EQ(place.Run("check plan.kplan").output, "");
+        ASSERT_EQ(place.Run("factors plan.kplan --load template.xml -o plan.kplan").exitCode, 0);
+        ASSERT_EQ(place.Run("assign plan.kplan 9 --series 1 -o plan.kplan").exitCode, 0);
+        const RunResult result = place.Run("analyse plan.kplan --iterations 100");
+        EXPECT_EQ(result.exitCode, 0) << result.errors;
+        EXPECT_THAT(result.output, HasSubstr("Frost"));
+    }
+}
+
+TEST(CommandLine, KeepsTheReportApartFromAFileOnStandardOutput) {
+    const Workplace place;
+    place.Write("plan.kplan", kSmall);
+    const RunResult result = place.Run("analyse plan.kplan --iterations 10 --json -");
+    EXPECT_EQ(result.output[0], '{');
+    EXPECT_EQ(result.output.back(), '\n');
+    EXPECT_THAT(result.output, Not(HasSubstr("iterations, seed")));
+    EXPECT_THAT(result.errors, HasSubstr("Deterministic"));
+}
+
+}  // namespace
+}  // namespace refhost::test
