@@ -11,6 +11,7 @@
 #include "support/FakeDesktop.h"
 #include "support/FakeHost.h"
 #include "support/ScriptedRunner.h"
+#include "ui/controls/Colour.h"
 
 namespace kestrel::test {
 
@@ -72,5 +73,34 @@ class AssignmentTest : public testing::Test {
 
 inline constexpr const char* kApplyToSubTasks =
     "Changes made on summary tasks will be applied to all sub tasks.  Apply changes?";
+
+inline constexpr int kAssigned = 0, kInSeries = 2;
+
+inline Grid& TheGrid(User& user) { return user.Get<Grid>("TabulonRF"); }
+
+/// A row of the assignment grid: one sign for "Assigned" ("x" ticked, "." not), one for "In Series"
+/// ("s" ticked, "p" not, "-" no box), each followed by "?" where it is greyed.
+inline std::string Row(const Grid& grid, int row) {
+    const auto grey = [&](int column) {
+        return grid.CellColour(row, column) == ui::kSystemButtonShadow ? "?" : "";
+    };
+    std::string text = grid.Checked(row, kAssigned) ? "x" : ".";
+    text += grey(kAssigned);
+    text += !grid.IsCheckCell(row, kInSeries) ? "-" : grid.Checked(row, kInSeries) ? "s" : "p";
+    return text + grey(kInSeries);
+}
+
+inline std::string Rows(User& user) {
+    std::string text;
+    for (int row = 1; row < TheGrid(user).RowCount(); ++row)
+        text += (row > 1 ? " " : "") + Row(TheGrid(user), row);
+    return text;
+}
+
+/// Clicks on "Assigned" (A) and "In Series" (S) of a factor: "A3 S3".
+inline void ClickCells(User& user, const std::string& cells) {
+    for (std::size_t i = 0; i + 1 < cells.size(); i += 3)
+        user.ClickCell("TabulonRF", cells[i + 1] - '0', cells[i] == 'A' ? kAssigned : kInSeries);
+}
 
 }  // namespace kestrel::test
