@@ -11,20 +11,11 @@
 #include "refhost/engine/Analysis.h"
 #include "support/FakeHost.h"
 #include "support/GeneratedPlan.h"
+#include "support/NoSettings.h"
 
 namespace {
 
 using namespace refhost;
-
-class NoSettings : public Settings {
- public:
-    std::string Get(const std::string&, const std::string&, const std::string&,
-                    const std::string& fallback) override {
-        return fallback;
-    }
-    void Save(const std::string&, const std::string&, const std::string&,
-              const std::string&) override {}
-};
 
 PlanRecipe RecipeOf(const benchmark::State& state) {
     return {static_cast<std::size_t>(state.range(0)), 20, static_cast<int>(state.range(1))};
@@ -46,9 +37,8 @@ void RunAnalyses(benchmark::State& state, bool withAddIn) {
     for (auto _ : state) benchmark::DoNotOptimize(RunAnalysis(application, run));
 
     const double pairs = static_cast<double>(recipe.tasks) * run.iterations;
-    state.counters["s_per_task_iteration"] =
-        benchmark::Counter(pairs, benchmark::Counter::kIsIterationInvariantRate |
-                                      benchmark::Counter::kInvert);
+    state.counters["s_per_task_iteration"] = benchmark::Counter(
+        pairs, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     state.counters["peak_MiB"] = static_cast<double>(usage.ru_maxrss) / 1024;

@@ -8,21 +8,12 @@
 #include "refhost/engine/Statistics.h"
 #include "store/RegisterDocument.h"
 #include "support/FakeDesktop.h"
+#include "support/NoSettings.h"
 
 namespace refhost {
 namespace {
 
 constexpr std::int32_t kIterations = 20000;
-
-class NoSettings : public Settings {
- public:
-    std::string Get(const std::string&, const std::string&, const std::string&,
-                    const std::string& fallback) override {
-        return fallback;
-    }
-    void Save(const std::string&, const std::string&, const std::string&,
-              const std::string&) override {}
-};
 
 std::shared_ptr<kestrel::clsRiskFactor> Factor(double probability, double low, double likely,
                                                double high) {
