@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <limits>
 #include <span>
 
 #include "core/IterationLog.h"
@@ -24,45 +23,34 @@ void DecideOccurrences(modGlobals& globals) {
     }
 }
 
-/// A task's groups as this iteration combines them: impacts of the series group multiply, of the
-/// parallel group's durations the largest counts, of its costs the product.
-struct Combined {
-    Impact series;
-    Impact parallel;
-    bool seriesPresent = false;
-    bool parallelPresent = false;
+Impact ProductOf(const Impact* impacts, std::span<const std::uint32_t> factors) {
+    Impact product;
+    for (const std::uint32_t index : factors) {
+        product.duration *= impacts[index].duration;
+        product.cost *= impacts[index].cost;
+    }
+    return product;
+}
 
-    /// The larger of the groups that are present.
-    double Duration() const {
-        if (!parallelPresent) return series.duration;
-        if (!seriesPresent) return parallel.duration;
-        return std::max(series.duration, parallel.duration);
+/// Of the durations the largest; costs multiply as in series.
+Impact LargestOf(const Impact* impacts, std::span<const std::uint32_t> factors) {
+    Impact result = impacts[factors.front()];
+    for (const std::uint32_t index : factors.subspan(1)) {
+        result.duration = std::max(result.duration, impacts[index].duration);
+        result.cost *= impacts[index].cost;
     }
-    double Cost() const { return series.cost * parallel.cost; }
-    /// Whether the log tells the series group's factors: when that group gave the multiplier.
-    /// Without a parallel group a product of exactly 1 tells none.
-    bool FromSeries() const {
-        return seriesPresent &&
-               (parallelPresent ? series.duration > parallel.duration : series.duration != 1.0);
-    }
-};
-
-Combined Combine(const std::vector<Impact>& impacts, std::span<const std::uint32_t> series,
-                 std::span<const std::uint32_t> parallel) {
-    Combined result;
-    for (const std::uint32_t index : series) {
-        result.series.duration *= impacts[index].duration;
-        result.series.cost *= impacts[index].cost;
-    }
-    double largest = -std::numeric_limits<double>::infinity();
-    for (const std::uint32_t index : parallel) {
-        largest = std::max(largest, impacts[index].duration);
-        result.parallel.cost *= impacts[index].cost;
-    }
-    result.seriesPresent = !series.empty();
-    result.parallelPresent = !parallel.empty();
-    if (result.parallelPresent) result.parallel.duration = largest;
     return result;
+}
+
+/// What a task's groups make together: the duration impact of the larger group that is present,
+/// the product of both groups' costs.
+Impact Combine(const Impact* impacts, std::span<const std::uint32_t> series,
+               std::span<const std::uint32_t> parallel) {
+    if (parallel.empty()) return ProductOf(impacts, series);
+    if (series.empty()) return LargestOf(impacts, parallel);
+    const Impact inSeries = ProductOf(impacts, series);
+    const Impact inParallel = LargestOf(impacts, parallel);
+    return {std::max(inSeries.duration, inParallel.duration), inSeries.cost * inParallel.cost};
 }
 
 [[noreturn]] void RefuseDuration(host::Task& task, double scaled) {
@@ -80,13 +68,12 @@ void PutScaledDuration(host::Task& task, std::int32_t duration, double multiplie
 }
 
 void WriteLog(modGlobals& globals, const FactorTask& entry, std::span<const std::uint32_t> series,
-              std::span<const std::uint32_t> parallel, std::int32_t duration,
-              const Combined& combined, bool hasCosts) {
+              std::span<const std::uint32_t> parallel, std::int32_t duration, double costMultiplier,
+              bool hasCosts) {
     IterationLog log(globals.RiskFactors);
     if (entry.ordinary) log.Read(series, parallel);
-    const bool tellCosts = hasCosts && combined.Cost() != 1.0 && combined.Cost() != 0;
-    entry.task->UserValues()->PutItem(kIterationsField,
-                                      log.Text(duration, combined.FromSeries(), tellCosts));
+    const bool tellCosts = hasCosts && costMultiplier != 1.0 && costMultiplier != 0;
+    entry.task->UserValues()->PutItem(kIterationsField, log.Text(duration, tellCosts));
 }
 
 /// Writes the task's costs from the costs before the analysis; `position` runs over all tasks.
@@ -105,13 +92,13 @@ void ApplyToTasks(modGlobals& globals) {
         const std::span parallel{factors + entry.seriesEnd, factors + entry.parallelEnd};
         groupStart = entry.parallelEnd;
         const std::int32_t duration = entry.task->Duration();
-        Combined combined;
-        if (entry.ordinary) combined = Combine(state.impacts, series, parallel);
-        PutScaledDuration(*entry.task, duration, combined.Duration());
+        Impact combined;
+        if (entry.ordinary) combined = Combine(state.impacts.data(), series, parallel);
+        PutScaledDuration(*entry.task, duration, combined.duration);
         if (state.logIterations)
-            WriteLog(globals, entry, series, parallel, duration, combined,
+            WriteLog(globals, entry, series, parallel, duration, combined.cost,
                      costPosition < entry.costEnd);
-        PutCosts(state, costPosition, entry.costEnd, combined.Cost());
+        PutCosts(state, costPosition, entry.costEnd, combined.cost);
     }
 }
 

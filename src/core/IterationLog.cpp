@@ -24,20 +24,25 @@ void IterationLog::Read(std::span<const std::uint32_t> series,
         factor.GetRiskImpact(duration, cost);
         Extend(series_, factor, duration);
         Extend(seriesCost_, factor, cost);
+        seriesMultiplier_ *= duration;
+        seriesPresent_ = true;
     }
-    double largest = 0;
-    for (std::size_t i = 0; i < parallel.size(); ++i) {
-        const clsRiskFactor& factor = *factors_[parallel[i]];
+    for (const std::uint32_t index : parallel) {
+        const clsRiskFactor& factor = *factors_[index];
         factor.GetRiskImpact(duration, cost);
-        if (i == 0 || duration > largest) {
-            largest = duration;
+        if (!parallelPresent_ || duration > parallelMultiplier_) {
+            parallelMultiplier_ = duration;
             if (factor.GetApplied() && duration != 1) parallel_ = Fragment(factor, duration);
         }
         Extend(parallelCost_, factor, cost);
+        parallelPresent_ = true;
     }
 }
 
-std::string IterationLog::Text(std::int32_t duration, bool fromSeries, bool withCosts) const {
+std::string IterationLog::Text(std::int32_t duration, bool withCosts) const {
+    const bool fromSeries =
+        seriesPresent_ && (parallelPresent_ ? seriesMultiplier_ > parallelMultiplier_
+                                            : seriesMultiplier_ != parallelMultiplier_);
     std::string text = std::to_string(duration) + (fromSeries ? series_ : parallel_);
     if (withCosts) text += "\r\nCOST(S) impact(s) " + seriesCost_ + parallelCost_;
     return text;

@@ -7,11 +7,16 @@
 
 namespace kestrel {
 
+[[noreturn]] inline void RaiseNotFinite() {
+    throw ArithmeticError(
+        "A calculation overflowed or divided by zero; check the figures of the "
+        "plan and of its risk factors for extreme values.");
+}
+
 /// The value itself; ArithmeticError when it is not finite.
 inline double Checked(double value) {
-    if (!std::isfinite(value))
-        throw ArithmeticError("A calculation overflowed or divided by zero; check the figures of "
-                              "the plan and of its risk factors for extreme values.");
+    if (!std::isfinite(value)) [[unlikely]]
+        RaiseNotFinite();
     return value;
 }
 
