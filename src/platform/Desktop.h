@@ -52,7 +52,7 @@ class Desktop {
 
     /// Whether a directory search for the path finds a file. Never raises.
     virtual bool FileIsThere(const std::string& path) = 0;
-    virtual std::string ReadFile(const std::string& path) = 0;                   ///< DataError
+    virtual std::string ReadFile(const std::string& path) = 0;                    ///< DataError
     virtual void WriteFile(const std::string& path, std::string_view bytes) = 0;  ///< DataError
 
     /// Parses a document, bytes of any encoding that it declares. Raises DataError with the
