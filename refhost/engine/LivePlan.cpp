@@ -14,7 +14,7 @@ LivePlan::LivePlan(PlanData data)
       children_(data_.tasks.size()) {
     for (std::size_t i = 0; i < data_.tasks.size(); ++i) {
         const TaskData& task = data_.tasks[i];
-        summary_.push_back(task.type != kOrdinary);
+        summary_.push_back(task.type != kOrdinary ? 1 : 0);
         durations_.push_back(task.duration);
         firstCost_.push_back(costs_.size());
         for (const CostEntry& entry : task.costItems) costs_.push_back(entry.cost);
