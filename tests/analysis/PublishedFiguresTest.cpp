@@ -15,6 +15,13 @@ namespace {
 
 constexpr std::int32_t kIterations = 20000;
 
+/// Standard errors at that many iterations of figures whose distribution is far from normal,
+/// measured on 120 samples of a separate simulation.
+constexpr double kErrorOfDriversDeviation = 0.00081;
+constexpr double kErrorOfRowDeviation = 0.0337;
+constexpr double kErrorOfA = 0.0075;
+constexpr double kErrorOfB = 0.00065;
+
 std::shared_ptr<kestrel::clsRiskFactor> Factor(double probability, double low, double likely,
                                                double high) {
     auto factor = std::make_shared<kestrel::clsRiskFactor>();
@@ -115,7 +122,7 @@ TEST(PublishedFigures, OfFourDriversInSeriesAndInParallel) {
     series.AddTask(kUnit, "(1,2,3,4)");
     const auto inSeries = series.Run(drivers());
     EXPECT_NEAR(Summarise(inSeries).mean, 1.15155242 * kUnit, OfMean(inSeries));
-    EXPECT_NEAR(Summarise(inSeries).sd, 0.12353789 * kUnit, 0.03 * 0.12353789 * kUnit);
+    EXPECT_NEAR(Summarise(inSeries).sd, 0.12353789 * kUnit, 4 * kErrorOfDriversDeviation * kUnit);
     ExpectPercentile(inSeries, 0.8, 1.2427, kUnit);
 
     Experiment parallel;
@@ -133,12 +140,9 @@ TEST(PublishedFigures, OfTwoTasksInARowWithAFactorEach) {
     experiment.Plan().tasks[1].links.push_back({"1", LinkType::FinishToStart, 0});
     const auto finish = experiment.Run({Factor(50, 100, 120, 160), Factor(30, 100, 150, 200)});
     EXPECT_NEAR(Summarise(finish).mean, 34.333333 * kUnit, OfMean(finish));
-    EXPECT_NEAR(Summarise(finish).sd, 5.343740 * kUnit, 0.03 * 5.343740 * kUnit);
-    const double ofA = 0.299156, ofB = 0.954204;
-    const auto error = [](double r) { return 4 * (1 - r * r) / std::sqrt(kIterations * 1.0); };
-    EXPECT_NEAR(experiment.globals.RiskFactors[0]->dblDurSens, ofA, error(ofA));
-    EXPECT_NEAR(experiment.globals.RiskFactors[1]->dblDurSens, ofB, 2 * error(ofB))
-        << "a skewed factor's error is larger than that of a normal one";
+    EXPECT_NEAR(Summarise(finish).sd, 5.343740 * kUnit, 4 * kErrorOfRowDeviation * kUnit);
+    EXPECT_NEAR(experiment.globals.RiskFactors[0]->dblDurSens, 0.299156, 4 * kErrorOfA);
+    EXPECT_NEAR(experiment.globals.RiskFactors[1]->dblDurSens, 0.954204, 4 * kErrorOfB);
 }
 
 class Interrupting : public AnalysisWatcher {
