@@ -1,0 +1,1 @@
+#include "com/automation/HostLink.h"

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+
+#include "ui/controls/Form.h"
+
+namespace kestrel::ui {
+class Chart;
+class Grid;
+}  // namespace kestrel::ui
+
+namespace kestrel::ui::win32 {
+
+/// What the windows of a form's controls share.
+struct ViewContext {
+    HINSTANCE module = nullptr;
+    HWND formWindow = nullptr;
+    Form* form = nullptr;
+    UINT dpi = 96;
+    HFONT font = nullptr;  ///< the system's message font at `dpi`; owned by the form's window
+    /// To be called after every event of the user that was handed to a model: brings all windows
+    /// in step with their models and closes the form's window when the form has closed. The view
+    /// that calls it may be gone afterwards.
+    std::function<void()> afterEvent;
+
+    /// Device-independent units (96 to the inch) to pixels.
+    int Pixels(int units) const { return MulDiv(units, static_cast<int>(dpi), 96); }
+    int Units(int pixels) const { return MulDiv(pixels, 96, static_cast<int>(dpi)); }
+};
+
+/// The child window of one control. Its place is the form window's to set (from the control's
+/// Bounds); what it shows is its own.
+class ControlView {
+ public:
+    virtual ~ControlView() = default;
+    virtual HWND Window() const = 0;
+    /// Brings the window in step with the model, repainting only what has changed.
+    virtual void Update() = 0;
+    /// The context's `dpi` and `font` have changed.
+    virtual void ScaleChanged() { InvalidateRect(Window(), nullptr, TRUE); }
+};
+
+/// A view's window takes part in the form's tab order by the model, and hands keys that it has no
+/// use for to Form::KeyDown. `context` must outlive the view.
+std::unique_ptr<ControlView> MakeGridView(ViewContext& context, Grid& grid);
+std::unique_ptr<ControlView> MakeChartView(ViewContext& context, Chart& chart);
+
+}  // namespace kestrel::ui::win32
