@@ -5,6 +5,7 @@
 
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComErrors.h"
+#include "platform/win32/SystemMessage.h"
 
 namespace refhost::automation {
 
@@ -47,6 +48,19 @@ HRESULT TranslateException(EXCEPINFO* failure, UINT* badArgument) noexcept {
     } catch (...) {
         return E_UNEXPECTED;
     }
+}
+
+FailureReport::~FailureReport() {
+    SysFreeString(bstrSource);
+    SysFreeString(bstrDescription);
+    SysFreeString(bstrHelpFile);
+}
+
+std::string FailureReport::Sentence(HRESULT result, const std::string& otherwise) {
+    if (pfnDeferredFillIn) static_cast<void>(pfnDeferredFillIn(this));  // else there is no text
+    if (result == DISP_E_EXCEPTION && SysStringLen(bstrDescription) > 0)
+        return kestrel::win32::Utf8({bstrDescription, SysStringLen(bstrDescription)});
+    return otherwise + ": " + kestrel::win32::SystemMessage(static_cast<DWORD>(result)) + ".";
 }
 
 }  // namespace refhost::automation
