@@ -1,5 +1,6 @@
 #include "com/automation/HostLink.h"
 
+#include "com/automation/ApplicationProxy.h"
 #include "platform/win32/SystemMessage.h"
 #include "util/Errors.h"
 
@@ -39,7 +40,8 @@ ComPtr<IDispatch> FindHost() {
 
 host::ApplicationPtr WrapApplication(ComPtr<IDispatch> application) {
     if (!application) throw HostError("The host handed over no Application object.");
-    throw HostError("The host's object model is not available yet.");
+    return std::make_shared<ApplicationProxy>(
+        Dispatch(std::move(application), std::make_shared<HostConnection>()));
 }
 
 }  // namespace kestrel::com

@@ -1,24 +1,20 @@
 #include "platform/win32/SystemMessage.h"
 
-#include <cstdint>
-#include <cstdio>
+#include <array>
 
 #include "platform/win32/WideText.h"
 
 namespace kestrel::win32 {
 
-std::string SystemMessage(HRESULT code) {
-    wchar_t text[512];
-    // Line breaks in the system's table stand for blanks of a sentence.
-    const DWORD length = FormatMessageW(
-        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
-        nullptr, static_cast<DWORD>(code), 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    std::wstring_view words(text, length);
-    while (!words.empty() && (words.back() <= L' ' || words.back() == L'.')) words.remove_suffix(1);
-    if (!words.empty()) return Utf8(words);
-    char number[32];
-    std::snprintf(number, sizeof number, "error 0x%08lX", static_cast<unsigned long>(code));
-    return number;
+std::string SystemMessage(DWORD error) {
+    std::array<wchar_t, 1024> buffer;
+    // Without IGNORE_INSERTS a message with "%1" would read arguments that nobody gave.
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
+                       0, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
+    std::string message = Utf8({buffer.data(), length});
+    message.erase(message.find_last_not_of(" .\r\n") + 1);
+    return message.empty() ? "system error " + std::to_string(error) : message;
 }
 
 }  // namespace kestrel::win32

@@ -6,8 +6,10 @@
 
 namespace kestrel::win32 {
 
-/// The system's own words for an error code or HRESULT, on one line and without the full stop
-/// at its end; "error 0x80040154" when it has none.
-std::string SystemMessage(HRESULT code);
+/// The system's own words for an error of GetLastError or an HRESULT, without full stop and line
+/// break: "The system cannot find the file specified".
+std::string SystemMessage(DWORD error);
+
+inline std::string LastErrorMessage() { return SystemMessage(GetLastError()); }
 
 }  // namespace kestrel::win32
