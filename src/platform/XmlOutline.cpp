@@ -11,6 +11,7 @@ namespace kestrel {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kTagEnds = "/><";  // of a tag that is complete or broken off
 constexpr std::uint32_t kNoCharacter = 0xFFFF;
 
 /// The document's text with ASCII markup, without byte order mark.
@@ -235,7 +236,7 @@ class Outliner {
         attributeNames_.clear();
         for (;;) {
             SkipBlanks();
-            if (at_ == text_.size() || IsAt(">") || IsAt("/")) return;
+            if (at_ == text_.size() || kTagEnds.find(text_[at_]) != kTagEnds.npos) return;
             const std::string_view name = ReadName();
             SkipBlanks();
             const bool assigned = IsAt("=");
