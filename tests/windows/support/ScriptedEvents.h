@@ -39,8 +39,8 @@ class EventSource final : public IProvideClassInfo2,
 
     /// Calls every sink's event of that id.
     HRESULT Raise(DISPID event, std::vector<VARIANT> arguments, EXCEPINFO* failure = nullptr);
-    /// The event of that position (1 before, 2 iteration, 3 after) for a plan; answers the
-    /// description of a failure, "" when there is none.
+    /// An analysis event (1 before, 2 iteration, 3 after; one more than that is the id in the
+    /// standard script) for a plan. Answers the description of a failure, "" when there is none.
     std::string RaisePlan(DISPID event, IDispatch* plan);
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override;
