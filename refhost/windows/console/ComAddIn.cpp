@@ -7,7 +7,6 @@
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
 #include "refhost/windows/console/AddInClass.h"
-#include "refhost/windows/console/DialogAnswerer.h"
 #include "util/Errors.h"
 
 #include <Schedulon.h>
@@ -52,6 +51,7 @@ ComAddIn::ComAddIn(Session& session)
       program_(session.Host()),
       server_(std::make_shared<automation::AutomationServer>(session.Host(), program_)),
       host_(server_->Application()),
+      answers_(session.Desktop()),
       addIn_(MakeAddInObject()) {
     OfferHost();
 }
@@ -82,9 +82,9 @@ void ComAddIn::Start() {
 
 void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
                           const std::string& name) {
-    DialogAnswerer answers(session_.Desktop(), path, name);
+    answers_.AnswerFileDialogWith(path, name);
     CallMethod(*addIn_, command);
-    answers.RaiseFailure();
+    answers_.RaiseFailure();
 }
 
 void ComAddIn::Save() {

@@ -6,6 +6,7 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/windows/automation/ActiveObject.h"
 #include "refhost/windows/automation/AutomationServer.h"
+#include "refhost/windows/console/DialogAnswerer.h"
 #include "refhost/windows/console/SessionProgram.h"
 
 #include <optional>
@@ -38,6 +39,7 @@ class ComAddIn : public AddIn {
     std::shared_ptr<automation::AutomationServer> server_;
     kestrel::win32::ComPtr<IDispatch> host_;
     std::optional<automation::ActiveObject> listed_;
+    DialogAnswerer answers_;  ///< also of messages in the middle of an analysis
     kestrel::win32::ComPtr<IDispatch> addIn_;
     bool started_ = false;
 };

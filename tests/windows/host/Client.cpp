@@ -7,10 +7,9 @@
 namespace refhost::test {
 
 std::string Answer::Text() const {
-    return value->vt == VT_BSTR
-               ? kestrel::win32::Utf8({value->bstrVal ? value->bstrVal : L"",
-                                       SysStringLen(value->bstrVal)})
-               : "(no text)";
+    return value->vt == VT_BSTR ? kestrel::win32::Utf8({value->bstrVal ? value->bstrVal : L"",
+                                                        SysStringLen(value->bstrVal)})
+                                : "(no text)";
 }
 
 double Answer::Number() const {
@@ -48,8 +47,7 @@ Answer Invoke(IDispatch& object, DISPID id, WORD kinds, const Arguments& argumen
     EXCEPINFO failure{};
     answer.code = object.Invoke(id, IID_NULL, LOCALE_NEUTRAL, kinds, &parameters,
                                 answer.value->Out(), &failure, &answer.badArgument);
-    if (failure.bstrDescription)
-        answer.description = kestrel::win32::Utf8(failure.bstrDescription);
+    if (failure.bstrDescription) answer.description = kestrel::win32::Utf8(failure.bstrDescription);
     SysFreeString(failure.bstrSource);
     SysFreeString(failure.bstrDescription);
     return answer;

@@ -47,9 +47,7 @@ struct OfferedHost {
 
     HostPlan& Plan() { return *host.OpenPlan(); }
     ComPtr<IDispatch> PlanObject() { return Follow(application, {L"ActivePlan"}); }
-    ComPtr<IDispatch> Task(const char* id) {
-        return ItemOf(Follow(PlanObject(), {L"Tasks"}), id);
-    }
+    ComPtr<IDispatch> Task(const char* id) { return ItemOf(Follow(PlanObject(), {L"Tasks"}), id); }
 };
 
 }  // namespace refhost::test
