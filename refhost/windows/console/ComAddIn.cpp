@@ -6,7 +6,6 @@
 
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
-#include "refhost/windows/console/AddInClass.h"
 #include "util/Errors.h"
 
 #include <Schedulon.h>
@@ -59,7 +58,7 @@ ComAddIn::ComAddIn(Session& session)
 ComAddIn::~ComAddIn() {
     // Failures are the add-in's own; it is let go of in any case.
     if (started_) try {
-            CallMethod(*addIn_, L"LaunchStopSchedulon");
+            Run(L"LaunchStopSchedulon");
         } catch (const kestrel::HostError&) {
         }
     if (const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite))
@@ -76,14 +75,14 @@ void ComAddIn::OfferHost() {
 }
 
 void ComAddIn::Start() {
-    CallMethod(*addIn_, L"LaunchStartSchedulon");
+    Run(L"LaunchStartSchedulon");
     started_ = true;
 }
 
 void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
                           const std::string& name) {
     answers_.AnswerFileDialogWith(path, name);
-    CallMethod(*addIn_, command);
+    Run(command);
     answers_.RaiseFailure();
 }
 

@@ -6,6 +6,7 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/windows/automation/ActiveObject.h"
 #include "refhost/windows/automation/AutomationServer.h"
+#include "refhost/windows/console/AddInClass.h"
 #include "refhost/windows/console/DialogAnswerer.h"
 #include "refhost/windows/console/SessionProgram.h"
 
@@ -25,6 +26,8 @@ class ComAddIn : public AddIn {
     void Start() override;
     void Save() override;
     void Load() override;
+    /// Any of its methods, by name.
+    void Run(const wchar_t* method) { CallMethod(*addIn_, method); }
 
     /// Calls of the host's members that the add-in has made so far.
     std::uint64_t HostCalls() const { return server_->Calls(); }

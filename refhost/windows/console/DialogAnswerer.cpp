@@ -116,6 +116,7 @@ BOOL DialogAnswerer::OnWindow(HWND window, LPARAM self) noexcept {
 void DialogAnswerer::Look() {
     if (std::exchange(answering_, true)) return;
     EnumThreadWindows(GetCurrentThreadId(), OnWindow, reinterpret_cast<LPARAM>(this));
+    std::erase_if(visits_, [](const auto& visited) { return !IsWindow(visited.first); });
     answering_ = false;
 }
 
