@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/posix/XmlParser.h"
+#include "support/SystemDesktop.h"
 #include "util/Errors.h"
 
 namespace kestrel {
 namespace {
 
 using namespace std::string_literals;
+
+XmlDocument ParseXmlBytes(const std::string& bytes) {
+    return test::SystemDesktop().ParseXml(bytes);
+}
 
 /// The ASCII text in UTF-16.
 std::string Utf16(const std::string& text, bool bigEndian, bool withMark) {
@@ -68,14 +72,42 @@ TEST(XmlParser, ReadsEncodingsThatTheDocumentDeclares) {
         ParseXmlBytes("<?xml version='1.0' encoding='ISO-8859-1'?><r>\xE9</r>").root.TextContent(),
         "\xC3\xA9");
     EXPECT_EQ(ParseXmlBytes("\xEF\xBB\xBF<r>x</r>").root.TextContent(), "x");
-    for (const bool bigEndian : {false, true})
-        EXPECT_EQ(ParseXmlBytes(Utf16("<r>x</r>", bigEndian, true)).root.TextContent(), "x");
+    EXPECT_EQ(ParseXmlBytes("<?xml version='1.0' encoding='windows-1252'?><r>\x80</r>")
+                  .root.TextContent(),
+              "\xE2\x82\xAC");
+    for (const bool bigEndian : {false, true}) {
+        const XmlDocument wide = ParseXmlBytes(Utf16("<r>\n<a>x</a></r>", bigEndian, true));
+        EXPECT_EQ(wide.root.TextContent(), "\nx");
+        EXPECT_EQ(wide.root.children[1].line, 2);
+    }
+    EXPECT_EQ(ParseXmlBytes("\xFF\xFE"s + Utf16("<r>", false, false) + "\x3D\xD8\x00\xDE"s +
+                            Utf16("</r>", false, false))
+                  .root.TextContent(),
+              "\xF0\x9F\x98\x80");
+}
+
+TEST(XmlParser, KeepsWhiteSpaceAsTheRulesOfXmlHaveIt) {
+    const XmlDocument document = ParseXmlBytes(
+        "<r a='x&#9;y&#10;z  w\n v' xml:space='default'>&#13;\r\n q \r w<b> </b>\t<c>\n</c></r>");
+    EXPECT_EQ(*document.root.Attribute("a"), "x\ty\nz  w  v");
+    EXPECT_EQ(document.root.children[0].text, "\r\n q \n w");
+    EXPECT_EQ(SerialiseXml(document.root),
+              "<r a=\"x&#9;y&#10;z  w  v\" xml:space=\"default\">"
+              "&#13;\n q \n w<b> </b>\t<c>\n</c></r>");
+}
+
+TEST(XmlParser, PutsNamespacesBeforeOtherAttributesAndKeepsTheOrderOfEach) {
+    EXPECT_EQ(
+        SerialiseXml(ParseXmlBytes("<a z='1' q:y='2' xmlns:q='u' xml:lang='de' xmlns='&amp;d'>"
+                                   "<q:b xmlns:q='v' x='3' xmlns:n='n'/></a>")
+                         .root),
+        "<a xmlns:q=\"u\" xmlns=\"&amp;d\" z=\"1\" q:y=\"2\" xml:lang=\"de\">"
+        "<q:b xmlns:q=\"v\" xmlns:n=\"n\" x=\"3\"/></a>");
 }
 
 TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(MessageOf("<a>\n<b>\n</a>"),
-              "line 3: Opening and ending tag mismatch: b line 2 and a");
+    EXPECT_EQ(MessageOf("<a>\n<b>\n</a>").find("line 3: "), 0u);
     const struct {
         const char* name;
         std::string bytes;
@@ -111,13 +143,14 @@ TEST(XmlParser, RefusesDocumentTypesInEveryEncoding) {
         EXPECT_THROW(RefuseUnsafeXml(document), DataError);
         EXPECT_NE(MessageOf(document).find("DOCTYPE"), std::string::npos);
     }
-    // EBCDIC ("<?xml version='1.0' encoding='cp037'?>") is read by the parser alone.
+    // EBCDIC ("<?xml version='1.0' encoding='cp037'?>") is read by some parsers alone, by others
+    // not at all.
     const std::string ebcdic =
         "\x4C\x6F\xA7\x94\x93\x40\xA5\x85\x99\xA2\x89\x96\x95\x7E\x7D\xF1\x4B\xF0\x7D\x40\x85\x95"
         "\x83"
         "\x96\x84\x89\x95\x87\x7E\x7D\x83\x97\xF0\xF3\xF7\x7D\x6F\x6E"
         "\x4C\x5A\xC4\xD6\xC3\xE3\xE8\xD7\xC5\x40\x99\x6E\x4C\x99\x61\x6E";
-    EXPECT_NE(MessageOf(ebcdic).find("DOCTYPE"), std::string::npos) << MessageOf(ebcdic);
+    EXPECT_NE(MessageOf(ebcdic), "no error");
 }
 
 TEST(XmlParser, LooksForADocumentTypeInThePrologOnly) {
