@@ -29,10 +29,11 @@ struct ViewContext {
     /// Keeps what an event threw until the form's window is gone; the form is closed then.
     std::function<void(std::exception_ptr)> failed;
 
-    /// Hands an event of the user to the models, and brings the windows in step. For window
-    /// procedures, which no exception may cross.
+    /// Hands an event of the user to the models, and brings the windows in step; nothing once the
+    /// form has closed. For window procedures, which no exception may cross.
     template <class Event>
     void Deliver(Event&& event) noexcept {
+        if (!form->IsOpen()) return;
         try {
             event();
             if (afterEvent) afterEvent();

@@ -16,10 +16,10 @@ LONG ToPixels(double points) {
     return static_cast<LONG>(std::clamp(pixels, -kFarAway, kFarAway));
 }
 
-RECT WorkArea(const RECT& near) {
+RECT WorkArea(const RECT& window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromRect(&near, MONITOR_DEFAULTTONEAREST), &monitor);
+    GetMonitorInfoW(MonitorFromRect(&window, MONITOR_DEFAULTTONEAREST), &monitor);
     return monitor.rcWork;
 }
 
