@@ -75,6 +75,8 @@ std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey) {
     event.shift = IsHeld(VK_SHIFT);
     event.ctrl = IsHeld(VK_CONTROL);
     event.alt = IsHeld(VK_MENU);
+    // AltGr counts as both: its letters are characters, no access keys.
+    if (event.letter != 0 && event.ctrl && event.alt) return {};
     return event;
 }
 

@@ -1,5 +1,4 @@
 #include "ui/controls/Chart.h"
-#include "ui/controls/Grid.h"
 #include "ui/win32/SystemView.h"
 
 namespace kestrel::ui::win32 {
@@ -11,9 +10,6 @@ class PlaceholderView : public SystemView {
     void Show() override {}
 };
 }  // namespace
-std::unique_ptr<ControlView> MakeGridView(ViewContext& context, Grid& grid) {
-    return std::make_unique<PlaceholderView>(context, grid);
-}
 std::unique_ptr<ControlView> MakeChartView(ViewContext& context, Chart& chart) {
     return std::make_unique<PlaceholderView>(context, chart);
 }
