@@ -10,7 +10,7 @@
 #include "ui/controls/Grid.h"
 #include "ui/win32/ControlView.h"
 #include "ui/win32/WindowHandle.h"
-#include "ui/win32/grid/CharacterInput.h"
+#include "ui/win32/KeyInput.h"
 #include "ui/win32/grid/GridCaret.h"
 #include "ui/win32/grid/GridPainter.h"
 #include "ui/win32/grid/GridScroll.h"

@@ -1,6 +1,6 @@
 #include <windowsx.h>
 
-#include "ui/win32/FormKeys.h"
+#include "ui/win32/KeyInput.h"
 #include "ui/win32/grid/GridWindow.h"
 
 /// What the user does with keyboard and mouse.
@@ -11,8 +11,6 @@ using kestrel::win32::WindowDc;
 
 constexpr LPARAM kRepeated = 0x40000000;  // of a key message: the key was down before
 constexpr int kColumnStep = 8;            // units that a key widens a column by
-
-bool IsDown(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 
 std::optional<LRESULT> Done(bool used) { return used ? std::optional<LRESULT>(0) : std::nullopt; }
 
