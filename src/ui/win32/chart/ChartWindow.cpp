@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartHints.h"
 #include "ui/win32/KeyEvents.h"
+#include "ui/win32/chart/ChartFonts.h"
 #include "ui/win32/chart/ChartMetafile.h"
 #include "ui/win32/chart/ChartPainter.h"
 #include "ui/win32/chart/ChartPrinter.h"
@@ -112,7 +114,8 @@ void ChartWindow::Layout() {
     const auto units = [this](LONG pixels) {
         return std::max(1, static_cast<int>(std::floor(static_cast<double>(pixels) / Scale())));
     };
-    drawing_ = DrawingOf(chart_, units(client.right), units(client.bottom));
+    ChartMeasure measure(std::as_const(chart_).Attributes().Text("TitleFontName"), Scale());
+    drawing_ = DrawingOf(chart_, units(client.right), units(client.bottom), std::ref(measure));
     SetWindowTextW(window_, Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
     hints_->Clear();
