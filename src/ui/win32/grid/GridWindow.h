@@ -14,7 +14,7 @@
 #include "ui/win32/grid/GridPainter.h"
 #include "ui/win32/grid/GridScroll.h"
 #include "ui/win32/grid/GridSnapshot.h"
-#include "ui/win32/grid/KeyInput.h"
+#include "ui/win32/KeyInput.h"
 
 namespace kestrel::ui::win32 {
 
