@@ -24,10 +24,16 @@ void SavePicture(HWND window, const std::string& path) {
     const win32::Bitmap bitmap(
         CreateDIBSection(dc.Get(), &format, DIB_RGB_COLORS, &pixels, nullptr, 0));
     const win32::Selection selection(dc.Get(), bitmap.Get());
-    if (!PrintWindow(window, dc.Get(), 0)) throw std::runtime_error("no picture for " + path);
+    // Wine's PrintWindow leaves the children out.
+    const HDC shown = GetDCEx(window, nullptr, DCX_WINDOW | DCX_CACHE);
+    const bool copied = BitBlt(dc.Get(), 0, 0, width, height, shown, 0, 0, SRCCOPY);
+    ReleaseDC(window, shown);
+    if (!copied) throw std::runtime_error("no picture for " + path);
     GdiFlush();
 
     const auto size = static_cast<DWORD>(width * height * 4);
+    auto* const bytes = static_cast<unsigned char*>(pixels);
+    for (DWORD i = 3; i < size; i += 4) bytes[i] = 0xFF;  // opaque; drawing leaves it undefined
     BITMAPFILEHEADER head{};
     head.bfType = 0x4D42;  // "BM"
     head.bfOffBits = sizeof head + sizeof format.bmiHeader;

@@ -82,6 +82,15 @@ const Scene kScenes[] = {
      {}},
 };
 
+/// The fonts of a present-day system, as far as they differ.
+void SetMessageFont() {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    metrics.lfMessageFont.lfHeight = -12;  // 9 points
+    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+}
+
 /// The monitor that the window is on has another scale from now on.
 void Rescale(HWND window, int dpi) {
     RECT place{};
@@ -99,7 +108,8 @@ void Take(FerryStage& stage, const Scene& scene, const std::string& folder) {
                      for (const int dpi : {96, 144}) {
                          user.OnUi([&] {
                              if (dpi != 96) Rescale(window, dpi);
-                             UpdateWindow(window);
+                             RedrawWindow(window, nullptr, nullptr,
+                                          RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
                              SavePicture(window, folder + "/" + scene.name +
                                                      (dpi == 96 ? "" : "-150") + ".bmp");
                          });
@@ -117,6 +127,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     try {
+        SetMessageFont();
         FerryStage stage(300);
         for (const Scene& scene : kScenes) Take(stage, scene, arguments[1]);
     } catch (const std::exception& error) {
