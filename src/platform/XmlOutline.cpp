@@ -145,13 +145,15 @@ class Outliner {
     /// The text up to `end`, its references resolved. The position stays at the faulty one.
     std::string ReadReferences(std::size_t end) {
         std::string resolved;
+        // Searches end here: each to the end of the document would take quadratic time.
+        const std::string_view text = text_.substr(0, end);
         for (;;) {
-            const std::size_t mark = std::min(text_.find('&', at_), end);
-            resolved += text_.substr(at_, mark - at_);
+            const std::size_t mark = std::min(text.find('&', at_), end);
+            resolved += text.substr(at_, mark - at_);
             MoveTo(mark);
             if (mark == end) return resolved;
-            const std::size_t close = std::min(text_.find(';', mark), end);
-            const std::string_view reference = text_.substr(mark + 1, close - mark - 1);
+            const std::size_t close = std::min(text.find(';', mark), end);
+            const std::string_view reference = text.substr(mark + 1, close - mark - 1);
             const std::uint32_t character =
                 close < end ? ReferredCharacter(reference) : kNoCharacter;
             if (character == kNoCharacter)
