@@ -12,6 +12,7 @@
 #include "ui/controls/Button.h"
 #include "ui/win32/AccessibleParts.h"
 #include "ui/win32/ControlView.h"
+#include "ui/win32/WindowHandle.h"
 #include "windows/chart/ChartSamples.h"
 #include "windows/chart/PostScriptPrinter.h"
 #include "windows/support/WatchedRunner.h"
@@ -264,25 +265,42 @@ TEST_F(ChartWindowTest, FollowsTheSizeAndTheScaleOfItsForm) {
     });
 }
 
+TEST_F(ChartWindowTest, TheMouseRestingOnABarOrAShortenedNameIsTold) {
+    Show([&](WindowUser& user, HWND chart) {
+        user.OnUi([&] {
+            RECT place = PlaceOf(*accessible, 2);
+            SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+        });
+        user.WaitUntil("the bar is told",
+                       [] { return ShownHint() == "2 - Late delivery of the link span: -42.0%"; });
+        user.OnUi([&] {
+            RECT narrow{};
+            GetWindowRect(chart, &narrow);
+            MoveWindow(chart, 0, 0, 300, narrow.bottom - narrow.top, TRUE);
+            const RECT place = PlaceOf(*accessible, 1);
+            GetWindowRect(chart, &narrow);
+            SetCursorPos(narrow.left + 60, (place.top + place.bottom) / 2);
+        });
+        user.WaitUntil("the whole name is told",
+                       [] { return ShownHint() == "1 - Ground conditions worse than surveyed"; });
+    });
+}
+
 TEST_F(ChartWindowTest, AHundredChartsLeaveNothingBehind) {
-    const auto showOnce = [] {
-        ChartForm form;
-        form.Open();
-        ui::win32::ViewContext context;
-        context.module = GetModuleHandleW(nullptr);
-        context.form = &form;
-        context.formWindow = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 620,
-                                             360, nullptr, nullptr, context.module, nullptr);
-        {
-            const auto view = ui::win32::MakeChartView(context, form.chart);
-            MoveWindow(view->Window(), 10, 10, 600, 300, TRUE);
-            UpdateWindow(view->Window());
-            SendMessageW(view->Window(), WM_KEYDOWN, VK_DOWN, 0);
-            Draw(form.chart, {{"Another", 0.5}}, "Plan");
-            view->Update();
-            UpdateWindow(view->Window());
-        }
-        DestroyWindow(context.formWindow);
+    ChartForm form;
+    form.Open();
+    ui::win32::ViewContext context;
+    context.module = GetModuleHandleW(nullptr);
+    context.form = &form;
+    const ui::win32::WindowHandle parent(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
+                                                         0, 0, 620, 360, nullptr, nullptr,
+                                                         context.module, nullptr));
+    context.formWindow = parent.Get();
+    const auto showOnce = [&] {
+        const auto view = ui::win32::MakeChartView(context, form.chart);
+        MoveWindow(view->Window(), 10, 10, 600, 300, TRUE);
+        UpdateWindow(view->Window());
+        SendMessageW(view->Window(), WM_KEYDOWN, VK_DOWN, 0);
     };
     showOnce();  // the system keeps something for the next time
     const int before = DrawingObjectsLeft();
@@ -291,7 +309,7 @@ TEST_F(ChartWindowTest, AHundredChartsLeaveNothingBehind) {
     EXPECT_FALSE(Shown(TOOLTIPS_CLASSW));
     WNDCLASSEXW found{};
     found.cbSize = sizeof found;
-    EXPECT_FALSE(GetClassInfoExW(GetModuleHandleW(nullptr), L"KestrelChart", &found));
+    EXPECT_FALSE(GetClassInfoExW(context.module, L"KestrelChart", &found));
 }
 
 }  // namespace

@@ -36,9 +36,7 @@ constexpr char kDescription[] = R"ppd(*PPD-Adobe: "4.3"
 )ppd";
 
 /// The spooler's structures hold pointers to text that it only reads.
-wchar_t* Text(const wchar_t* text) {
-    return const_cast<wchar_t*>(text);
-}
+wchar_t* Text(const wchar_t* text) { return const_cast<wchar_t*>(text); }
 
 [[noreturn]] void Fail(const char* what) {
     throw std::runtime_error(what + (": error " + std::to_string(GetLastError())));
