@@ -23,6 +23,7 @@ struct FileDialog {
     std::string defaultExtension;  ///< appended to a name typed without one; may be empty
     /// Pairs of description and pattern ("Risk Factors (*.xml)", "*.xml").
     std::vector<std::pair<std::string, std::string>> filters;
+    std::string initialFile{};  ///< proposed for saving, with or without its folder; may be empty
 };
 
 /// A value of the registry as the query call hands it over.
@@ -69,6 +70,7 @@ class Desktop {
     virtual std::optional<RegistryValue> UserRegistryValue(const std::string& key,
                                                            const std::string& name) = 0;
 
+    /// Raises DataError when the clipboard cannot be had.
     virtual void SetClipboardText(const std::string& text) = 0;
     /// Opens a topic of a compiled help file ("...\Help.chm::/topic.html"). Raises DataError.
     virtual void ShowHelpTopic(const std::string& location) = 0;

@@ -3,6 +3,7 @@
 #include <windows.h>
 // windows.h first
 #include <ocidl.h>
+#include <olectl.h>
 
 #include "refhost/windows/automation/AutomationObject.h"
 #include "refhost/windows/automation/EventSource.h"

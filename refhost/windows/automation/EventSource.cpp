@@ -3,16 +3,15 @@
 #include <algorithm>
 #include <optional>
 
-#include "platform/win32/Bstr.h"
 #include "refhost/windows/automation/DispatchIds.h"
 #include "refhost/windows/automation/Enumerator.h"
+#include "refhost/windows/automation/Failures.h"
 #include "util/Errors.h"
 
 #include <Schedulon.h>
 
 namespace refhost::automation {
 
-using kestrel::win32::Bstr;
 using kestrel::win32::ComPtr;
 
 namespace {
@@ -25,27 +24,6 @@ struct ConnectionTraits {
     static void Copy(const Element& element, CONNECTDATA& out) {
         out.dwCookie = element.first;
         out.pUnk = ComPtr<IDispatch>(element.second).Detach();
-    }
-};
-
-/// What a sink tells of its failure.
-struct FailureReport : EXCEPINFO {
-    FailureReport() : EXCEPINFO{} {}
-    FailureReport(const FailureReport&) = delete;
-    FailureReport& operator=(const FailureReport&) = delete;
-    ~FailureReport() {
-        SysFreeString(bstrSource);
-        SysFreeString(bstrDescription);
-        SysFreeString(bstrHelpFile);
-    }
-
-    std::string Sentence(HRESULT result, const char* event) {
-        if (pfnDeferredFillIn) static_cast<void>(pfnDeferredFillIn(this));  // else there is no text
-        if (result == DISP_E_EXCEPTION && SysStringLen(bstrDescription) > 0)
-            return kestrel::win32::Utf8({bstrDescription, SysStringLen(bstrDescription)});
-        char code[16];
-        wsprintfA(code, "0x%08lX", static_cast<unsigned long>(result));
-        return std::string("A listener failed in ") + event + " with the code " + code + ".";
     }
 };
 
@@ -166,7 +144,8 @@ void EventSource::Raise(DISPID event, const char* name) {
         FailureReport failure;
         const HRESULT result = Call(*connection.sink.Get(), event, plan.Get(), failure);
         if (SUCCEEDED(result)) continue;
-        if (!firstFailure) firstFailure = failure.Sentence(result, name);
+        if (!firstFailure)
+            firstFailure = failure.Sentence(result, std::string("A listener failed in ") + name);
         if (HasGone(result)) Remove(connection.cookie);
     }
     if (firstFailure) throw kestrel::HostError(*firstFailure);

@@ -3,6 +3,7 @@
 #include <windows.h>
 // windows.h first
 #include <ocidl.h>
+#include <olectl.h>
 
 #include <memory>
 #include <string>

@@ -4,11 +4,12 @@
 #include <new>
 
 #include "platform/win32/Bstr.h"
+#include "platform/win32/ComErrors.h"
+#include "platform/win32/SystemMessage.h"
 
 namespace refhost::automation {
 
 using kestrel::win32::Bstr;
-using kestrel::win32::ComPtr;
 
 namespace {
 
@@ -16,25 +17,16 @@ constexpr const wchar_t* kSource = L"Schedulon.Application";
 /// The one code of the host's own errors; they are told apart by their sentences.
 constexpr HRESULT kHostFailure = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0x200);
 
-/// A caller that gets no error object still gets the code.
-void LeaveErrorObject(const Bstr& description) {
-    ComPtr<ICreateErrorInfo> made;
-    if (FAILED(CreateErrorInfo(made.Out()))) return;
-    static_cast<void>(made->SetSource(const_cast<wchar_t*>(kSource)));
-    static_cast<void>(made->SetDescription(description.Get()));
-    static_cast<void>(SetErrorInfo(0, made.As<IErrorInfo>(IID_IErrorInfo).Get()));
-}
-
+/// For callers that take the failure from the call, and for those that ask for an error object.
 HRESULT Tell(EXCEPINFO* failure, const char* sentence) {
-    Bstr description{std::string_view(sentence)};
-    LeaveErrorObject(description);
     if (failure) {
+        Bstr description{std::string_view(sentence)};
         *failure = {};
         failure->bstrSource = Bstr(std::wstring_view(kSource)).Detach();
         failure->bstrDescription = description.Detach();
         failure->scode = kHostFailure;
     }
-    return DISP_E_EXCEPTION;
+    return kestrel::win32::FailWith(DISP_E_EXCEPTION, {IID_IDispatch, kSource}, sentence);
 }
 
 }  // namespace
@@ -56,6 +48,19 @@ HRESULT TranslateException(EXCEPINFO* failure, UINT* badArgument) noexcept {
     } catch (...) {
         return E_UNEXPECTED;
     }
+}
+
+FailureReport::~FailureReport() {
+    SysFreeString(bstrSource);
+    SysFreeString(bstrDescription);
+    SysFreeString(bstrHelpFile);
+}
+
+std::string FailureReport::Sentence(HRESULT result, const std::string& otherwise) {
+    if (pfnDeferredFillIn) static_cast<void>(pfnDeferredFillIn(this));  // else there is no text
+    if (result == DISP_E_EXCEPTION && SysStringLen(bstrDescription) > 0)
+        return kestrel::win32::Utf8({bstrDescription, SysStringLen(bstrDescription)});
+    return otherwise + ": " + kestrel::win32::SystemMessage(static_cast<DWORD>(result)) + ".";
 }
 
 }  // namespace refhost::automation

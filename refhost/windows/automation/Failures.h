@@ -4,6 +4,8 @@
 // windows.h first
 #include <oaidl.h>
 
+#include <string>
+
 #include "refhost/windows/automation/Invocation.h"
 
 namespace refhost::automation {
@@ -23,5 +25,16 @@ HRESULT Guarded(EXCEPINFO* failure, Body&& body, UINT* badArgument = nullptr) no
         return TranslateException(failure, badArgument);
     }
 }
+
+/// What an object that was called tells of its failure.
+struct FailureReport : EXCEPINFO {
+    FailureReport() : EXCEPINFO{} {}
+    ~FailureReport();
+    FailureReport(const FailureReport&) = delete;
+    FailureReport& operator=(const FailureReport&) = delete;
+
+    /// The object's own sentence; without one `otherwise` and what the system says of the code.
+    std::string Sentence(HRESULT result, const std::string& otherwise);
+};
 
 }  // namespace refhost::automation

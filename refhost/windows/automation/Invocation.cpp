@@ -52,7 +52,8 @@ void Invocation::Refuse(HRESULT code, unsigned parameter) const {
 }
 
 void Invocation::Convert(unsigned parameter, VARTYPE type, VARIANT& into) const {
-    const HRESULT result = VariantChangeTypeEx(&into, &Value(parameter), LOCALE_INVARIANT, 0, type);
+    const HRESULT result = VariantChangeTypeEx(&into, const_cast<VARIANT*>(&Value(parameter)),
+                                               LOCALE_INVARIANT, 0, type);
     if (FAILED(result)) Refuse(result, parameter);
 }
 

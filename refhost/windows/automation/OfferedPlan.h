@@ -37,9 +37,11 @@ class OfferedPlan : public std::enable_shared_from_this<OfferedPlan> {
 
 /// An object that belongs to a plan.
 class PlanPart : public AutomationObject {
- protected:
+ public:
     PlanPart(OfferedPlan& plan, const OfferedPlan::Key& key)
         : AutomationObject(plan.Server(), *key.first), plan_(plan.shared_from_this()), key_(key) {}
+
+ protected:
     ~PlanPart() override { plan_->Forget(key_); }
 
     OfferedPlan& Owner() const { return *plan_; }

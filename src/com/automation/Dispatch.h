@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,6 +26,9 @@ namespace kestrel::com {
 class HostConnection {
  public:
     MemberIds ids;
+
+    /// Called at the start of each event; what it answers lives until the end of it.
+    std::function<std::shared_ptr<void>()> enterEvent;
 
     /// The name of a text slot as the host takes it, made once and kept. Only for the few names
     /// that are asked for again and again.

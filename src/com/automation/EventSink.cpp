@@ -71,6 +71,8 @@ HRESULT EventSink::Invoke(DISPID id, REFIID reserved, LCID, WORD, DISPPARAMS* pa
                           EXCEPINFO* failure, UINT*) noexcept try {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     const ComPtr<EventSink> untilTheEnd(this);  // the listener may end the subscription
+    const std::shared_ptr<void> underWay =
+        listener_ && connection_->enterEvent ? connection_->enterEvent() : nullptr;
     const win32::FloatingPointScope figures;
     const auto event = std::find(source_.events.begin(), source_.events.end(), id);
     // A host has other events too; they are none of the add-in's business.

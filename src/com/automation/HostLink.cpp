@@ -38,10 +38,13 @@ ComPtr<IDispatch> FindHost() {
     return CreateHost(hostClass);
 }
 
-host::ApplicationPtr WrapApplication(ComPtr<IDispatch> application) {
+host::ApplicationPtr WrapApplication(ComPtr<IDispatch> application,
+                                     std::function<std::shared_ptr<void>()> enterEvent) {
     if (!application) throw HostError("The host handed over no Application object.");
+    auto connection = std::make_shared<HostConnection>();
+    connection->enterEvent = std::move(enterEvent);
     return std::make_shared<ApplicationProxy>(
-        Dispatch(std::move(application), std::make_shared<HostConnection>()));
+        Dispatch(std::move(application), std::move(connection)));
 }
 
 }  // namespace kestrel::com
