@@ -50,6 +50,12 @@ struct FileTraits {
 /// Of CreateFileW.
 using FileHandle = UniqueHandle<FileTraits>;
 
+/// Of functions that answer a null handle when they fail: events, processes, threads.
+struct KernelTraits : FileTraits {
+    static Value Invalid() { return nullptr; }
+};
+using Handle = UniqueHandle<KernelTraits>;
+
 struct SearchTraits : FileTraits {
     static bool Close(Value handle) { return FindClose(handle) != FALSE; }
 };
