@@ -63,6 +63,13 @@ struct RegistryTraits {
 };
 using RegistryKey = UniqueHandle<RegistryTraits>;
 
+struct LibraryTraits {
+    using Value = HMODULE;
+    static Value Invalid() { return nullptr; }
+    static bool Close(Value module) { return FreeLibrary(module) != FALSE; }
+};
+using LibraryHandle = UniqueHandle<LibraryTraits>;
+
 struct GlobalMemoryTraits {
     using Value = HGLOBAL;
     static Value Invalid() { return nullptr; }
