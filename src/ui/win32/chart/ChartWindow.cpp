@@ -82,6 +82,9 @@ std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM l
         case WM_KEYDOWN:
             if (const auto event = KeyEventOf(wParam); event && KeyDown(*event)) return 0;
             return {};
+        case WM_SETCURSOR:  // comes ahead of the mouse's move
+            FitHints();
+            return {};
         case WM_LBUTTONDOWN:
             MousePressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
@@ -120,10 +123,16 @@ void ChartWindow::Layout() {
     drawing_ = DrawingOf(chart_, units(client.right), units(client.bottom), std::ref(measure));
     SetWindowTextW(Window(), Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
-    hints_.Clear();
-    for (const ChartHint& hint : HintsOf(drawing_)) hints_.Add(Pixels(hint.area), hint.text);
+    hintsFit_ = false;
     NotifyWinEvent(EVENT_OBJECT_REORDER, Window(), OBJID_CLIENT, CHILDID_SELF);
     InvalidateRect(Window(), nullptr, FALSE);
+}
+
+/// Not before the mouse comes: while the user drags the form's edge, drawings come and go.
+void ChartWindow::FitHints() {
+    if (std::exchange(hintsFit_, true)) return;
+    hints_.Clear();
+    for (const ChartHint& hint : HintsOf(drawing_)) hints_.Add(Pixels(hint.area), hint.text);
 }
 
 void ChartWindow::PaintWindow() {

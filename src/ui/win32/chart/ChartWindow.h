@@ -35,6 +35,7 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
     void Layout();
     void Paint(HDC dc) const;
     void PaintFocus(HDC dc, const RECT& client) const;
+    void FitHints();
     void PaintWindow();
     void MousePressed(POINT place);
     /// Makes a bar the one that keys go on from; -1 for none.
@@ -63,6 +64,7 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
     ChartDrawing drawing_;
     ChartHintWindow hints_;
     kestrel::win32::ComPtr<AccessibleParts> accessible_;
+    bool hintsFit_ = false;           ///< the drawing's, not an earlier one's
     std::uint64_t shownChanges_ = 0;  ///< of the model
     long chosen_ = -1;                ///< index of a bar of the drawing; -1 for none
 };
