@@ -23,6 +23,7 @@ struct FileDialog {
     std::string defaultExtension;  ///< appended to a name typed without one; may be empty
     /// Pairs of description and pattern ("Risk Factors (*.xml)", "*.xml").
     std::vector<std::pair<std::string, std::string>> filters;
+    std::string initialFile{};  ///< proposed for saving, with or without its folder; may be empty
 };
 
 /// A value of the registry as the query call hands it over.
