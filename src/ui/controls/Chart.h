@@ -46,6 +46,9 @@ class Chart : public Control {
  public:
     explicit Chart(std::string name) : Control(std::move(name)) { ClearAllData(); }
 
+    /// Whoever shows it copies and prints it by keys, and says its values bar by bar.
+    bool TakesFocus() const override { return true; }
+
     const ChartAttributes& Attributes() const { return attributes_; }
     /// A single axis of each kind; another index raises std::out_of_range.
     const ChartAxis& XAxis(int index) const { return Only(xAxis_, index); }

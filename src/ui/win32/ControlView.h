@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <functional>
 #include <memory>
 
@@ -25,6 +26,9 @@ struct ViewContext {
     /// in step with their models and closes the form's window when the form has closed. The view
     /// that calls it may be gone afterwards.
     std::function<void()> afterEvent;
+    /// Takes what handling a message has raised, since nothing may leave a window procedure. It
+    /// raises nothing itself; without it the failure is dropped.
+    std::function<void(std::exception_ptr)> failed;
 
     /// Device-independent units (96 to the inch) to pixels.
     int Pixels(int units) const { return MulDiv(units, static_cast<int>(dpi), 96); }

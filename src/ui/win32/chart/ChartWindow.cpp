@@ -1,0 +1,245 @@
+#include "ui/win32/chart/ChartWindow.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/Desktop.h"
+#include "platform/win32/Gdi.h"
+#include "platform/win32/WideText.h"
+#include "ui/controls/ChartGeometry.h"
+#include "ui/controls/ChartHints.h"
+#include "ui/win32/KeyEvents.h"
+#include "ui/win32/chart/ChartMetafile.h"
+#include "ui/win32/chart/ChartPainter.h"
+#include "ui/win32/chart/ChartPrinter.h"
+#include "util/Errors.h"
+
+namespace kestrel::ui::win32 {
+namespace {
+
+using kestrel::win32::Wide;
+
+enum MenuCommand : WORD { kCopy = 1, kPrint = 2 };
+constexpr int kFocusInset = 3;  ///< pixels
+
+/// Owns a menu.
+class PopupMenu {
+ public:
+    PopupMenu() : menu_(CreatePopupMenu()) {}
+    PopupMenu(const PopupMenu&) = delete;
+    PopupMenu& operator=(const PopupMenu&) = delete;
+    ~PopupMenu() { DestroyMenu(menu_); }
+    HMENU Get() const { return menu_; }
+
+ private:
+    HMENU menu_;
+};
+
+bool IsBefore(const KeyEvent& event) { return event.key == Key::Up || event.key == Key::Left; }
+bool IsNext(const KeyEvent& event) { return event.key == Key::Down || event.key == Key::Right; }
+
+}  // namespace
+
+ChartWindow::ChartWindow(ViewContext& context, Chart& chart)
+    : OwnWindow(context, L"KestrelChart"), chart_(chart) {
+    Create(chart.Visible() ? WS_VISIBLE : 0);
+    hints_.emplace(context, window_);
+    Layout();
+}
+
+LRESULT ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT: {
+            const kestrel::win32::PaintScope paint(window_);
+            const RECT client = Client();
+            const kestrel::win32::MemoryPicture picture(paint.Dc(), client.right, client.bottom);
+            Paint(picture.Dc());
+            picture.CopyTo(paint.Dc(), paint.Dirty());
+            return 0;
+        }
+        case WM_PRINTCLIENT:
+            Paint(reinterpret_cast<HDC>(wParam));
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;  // every pixel is painted
+        case WM_SIZE:
+            Layout();
+            return 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            FocusChanged(message == WM_SETFOCUS);
+            return 0;
+        case WM_UPDATEUISTATE:
+            InvalidateRect(window_, nullptr, FALSE);
+            return Default(message, wParam, lParam);
+        case WM_GETDLGCODE:
+            return DLGC_WANTARROWS;
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+            if (const auto event = KeyEventOf(wParam); event && KeyDown(*event)) return 0;
+            return Default(message, wParam, lParam);
+        case WM_LBUTTONDOWN:
+            MousePressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return 0;
+        case WM_CONTEXTMENU:
+            OpenMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            return 0;
+        case WM_COMMAND:
+            return Command(LOWORD(wParam)) ? 0 : Default(message, wParam, lParam);
+        default:
+            return Default(message, wParam, lParam);
+    }
+}
+
+void ChartWindow::Update() {
+    if (chart_.Changes() != shownChanges_) Layout();
+}
+
+void ChartWindow::ScaleChanged() {
+    hints_->SetFont(context_.font);
+    Layout();
+}
+
+void ChartWindow::Layout() {
+    if (!hints_) return;  // while the window is being created
+    shownChanges_ = chart_.Changes();
+    const RECT client = Client();
+    const auto units = [this](LONG pixels) {
+        return std::max(1, static_cast<int>(std::floor(static_cast<double>(pixels) / Scale())));
+    };
+    drawing_ = DrawingOf(chart_, units(client.right), units(client.bottom));
+    SetWindowTextW(window_, Wide(drawing_.title).c_str());  // what screen readers say
+    Choose(-1);
+    hints_->Clear();
+    for (const ChartHint& hint : HintsOf(drawing_)) hints_->Add(Pixels(hint.area), hint.text);
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void ChartWindow::Paint(HDC dc) const {
+    const RECT client = Client();
+    FillRect(dc, &client, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    PaintChart(dc, drawing_, Scale());
+    FrameRect(dc, &client, GetSysColorBrush(COLOR_BTNSHADOW));
+    if (GetFocus() == window_) PaintFocus(dc, client);
+}
+
+void ChartWindow::PaintFocus(HDC dc, const RECT& client) const {
+    const auto state = SendMessageW(window_, WM_QUERYUISTATE, 0, 0);
+    if (state & UISF_HIDEFOCUS) return;
+    RECT mark = client;
+    InflateRect(&mark, -kFocusInset, -kFocusInset);
+    if (chosen_ >= 0) {
+        mark = Pixels(drawing_.bars[static_cast<std::size_t>(chosen_)].bounds);
+        InflateRect(&mark, kFocusInset, kFocusInset);
+    }
+    SetTextColor(dc, RGB(0, 0, 0));  // which the mark's dots are made of
+    SetBkColor(dc, RGB(255, 255, 255));
+    DrawFocusRect(dc, &mark);
+}
+
+void ChartWindow::FocusChanged(bool focused) {
+    if (!focused) hints_->Hide();
+    InvalidateRect(window_, nullptr, FALSE);
+    if (!focused || context_.form->Focus() == &chart_) return;
+    context_.form->SetFocus(chart_);
+    context_.afterEvent();
+}
+
+bool ChartWindow::KeyDown(const KeyEvent& event) {
+    const int bars = static_cast<int>(drawing_.bars.size());
+    if (event.ctrl && !event.alt && event.letter == 'C') return Command(kCopy);
+    if (event.ctrl && !event.alt && event.letter == 'P') return Command(kPrint);
+    if (bars > 0 && !event.ctrl && !event.alt) {
+        if (IsBefore(event)) return Choose(std::max(0, chosen_ - 1)), true;
+        if (IsNext(event)) return Choose(std::min(bars - 1, chosen_ + 1)), true;
+        if (event.key == Key::Home) return Choose(0), true;
+        if (event.key == Key::End) return Choose(bars - 1), true;
+    }
+    const bool used = context_.form->KeyDown(event);
+    context_.afterEvent();
+    return used;
+}
+
+void ChartWindow::MousePressed(POINT place) {
+    SetFocus(window_);
+    for (std::size_t i = 0; i < drawing_.bars.size(); ++i) {
+        const RECT bar = Pixels(drawing_.bars[i].bounds);
+        if (PtInRect(&bar, place)) return Choose(static_cast<int>(i));
+    }
+    Choose(-1);
+}
+
+void ChartWindow::Choose(int bar) {
+    chosen_ = bar;
+    hints_->Hide();
+    if (bar >= 0) {
+        const ChartBar& chosen = drawing_.bars[static_cast<std::size_t>(bar)];
+        hints_->Show(Pixels(chosen.bounds), chosen.hint);
+    }
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void ChartWindow::OpenMenu(POINT screen) {
+    if (screen.x == -1 && screen.y == -1) {  // by the keyboard
+        const RECT client = Client();
+        screen = {client.right / 2, client.bottom / 2};
+        ClientToScreen(window_, &screen);
+    }
+    SetFocus(window_);
+    const PopupMenu menu;
+    AppendMenuW(menu.Get(), MF_STRING, kCopy, L"&Copy chart\tCtrl+C");
+    AppendMenuW(menu.Get(), MF_STRING, kPrint, L"&Print chart...\tCtrl+P");
+    TrackPopupMenuEx(menu.Get(), TPM_LEFTALIGN | TPM_RIGHTBUTTON, screen.x, screen.y, window_,
+                     nullptr);  // answers by WM_COMMAND
+}
+
+bool ChartWindow::Command(WORD command) {
+    switch (command) {
+        case kCopy:
+            TellFailure([this] { CopyChart(window_, drawing_); });
+            return true;
+        case kPrint:
+            TellFailure([this] {
+                const std::string& document =
+                    std::as_const(chart_).Attributes().Text("PrintDocumentName");
+                AskAndPrintChart(context_.formWindow, drawing_,
+                                 document.empty() ? kApplicationTitle : document);
+            });
+            return true;
+        default:
+            return false;
+    }
+}
+
+template <class Action>
+void ChartWindow::TellFailure(Action action) {
+    try {
+        action();
+    } catch (const DataError& failure) {
+        MessageBoxW(context_.formWindow, Wide(failure.what()).c_str(),
+                    Wide(kApplicationTitle).c_str(), MB_OK | MB_ICONWARNING);
+    }
+}
+
+RECT ChartWindow::Client() const {
+    RECT client{};
+    GetClientRect(window_, &client);
+    return client;
+}
+
+RECT ChartWindow::Pixels(const Rect& area) const {
+    const auto pixel = [this](int units) { return std::lround(units * Scale()); };
+    return {pixel(area.x), pixel(area.y), pixel(area.x + area.width) + 1,
+            pixel(area.y + area.height) + 1};
+}
+
+std::unique_ptr<ControlView> MakeChartView(ViewContext& context, Chart& chart) {
+    return std::make_unique<ChartWindow>(context, chart);
+}
+
+}  // namespace kestrel::ui::win32
