@@ -1,32 +1,11 @@
-#include <cstdint>
 #include <utility>
 
+#include "platform/XmlCharacters.h"
 #include "platform/XmlDom.h"
 #include "util/Errors.h"
 
 namespace kestrel {
 namespace {
-
-/// Length of the UTF-8 character at the start of `text`, or 0 when there is none that an XML
-/// document can hold: control characters, surrogates, U+FFFE, U+FFFF and ill-formed bytes.
-std::size_t CharacterLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) {
-        return i < text.size() ? static_cast<unsigned char>(text[i]) : std::uint32_t{0};
-    };
-    const std::uint32_t lead = byte(0);
-    if (lead < 0x80) return lead >= 0x20 || lead == '\t' || lead == '\n' || lead == '\r' ? 1 : 0;
-
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    std::uint32_t character = lead & (0xFFu >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-        character = character << 6 | (byte(i) & 0x3F);
-    }
-    constexpr std::uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool wellFormed = lead >= 0xC2 && lead <= 0xF4 && character >= kSmallest[length] &&
-                            character <= 0x10FFFF && !(character >= 0xD800 && character <= 0xDFFF);
-    return wellFormed && character != 0xFFFE && character != 0xFFFF ? length : 0;
-}
 
 /// What a character is written as, or null when it is written as it stands. In an attribute
 /// white space is spelled out, or readers would turn it into blanks.
@@ -98,7 +77,7 @@ class Serialiser {
 
     void WriteText(std::string_view text, const XmlNode& element, bool inAttribute) {
         while (!text.empty()) {
-            const std::size_t length = CharacterLength(text);
+            const std::size_t length = XmlCharacterLength(text);
             if (length == 0)
                 throw DataError("The text of the element \"" + element.name +
                                 "\" holds a character that XML cannot hold; remove it.");

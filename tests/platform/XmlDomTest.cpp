@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/posix/XmlParser.h"
+#include "support/SystemDesktop.h"
 #include "util/Errors.h"
 
 namespace kestrel {
 namespace {
 
 using namespace std::string_literals;
+
+XmlDocument ParseXmlBytes(const std::string& bytes) {
+    return test::SystemDesktop().ParseXml(bytes);
+}
 
 /// The ASCII text in UTF-16.
 std::string Utf16(const std::string& text, bool bigEndian, bool withMark) {
@@ -74,8 +78,7 @@ TEST(XmlParser, ReadsEncodingsThatTheDocumentDeclares) {
 
 TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(MessageOf("<a>\n<b>\n</a>"),
-              "line 3: Opening and ending tag mismatch: b line 2 and a");
+    EXPECT_EQ(MessageOf("<a>\n<b>\n</a>").find("line 3: "), 0u);
     const struct {
         const char* name;
         std::string bytes;
@@ -111,13 +114,14 @@ TEST(XmlParser, RefusesDocumentTypesInEveryEncoding) {
         EXPECT_THROW(RefuseUnsafeXml(document), DataError);
         EXPECT_NE(MessageOf(document).find("DOCTYPE"), std::string::npos);
     }
-    // EBCDIC ("<?xml version='1.0' encoding='cp037'?>") is read by the parser alone.
+    // EBCDIC ("<?xml version='1.0' encoding='cp037'?>") is read by some parsers alone, by others
+    // not at all.
     const std::string ebcdic =
         "\x4C\x6F\xA7\x94\x93\x40\xA5\x85\x99\xA2\x89\x96\x95\x7E\x7D\xF1\x4B\xF0\x7D\x40\x85\x95"
         "\x83"
         "\x96\x84\x89\x95\x87\x7E\x7D\x83\x97\xF0\xF3\xF7\x7D\x6F\x6E"
         "\x4C\x5A\xC4\xD6\xC3\xE3\xE8\xD7\xC5\x40\x99\x6E\x4C\x99\x61\x6E";
-    EXPECT_NE(MessageOf(ebcdic).find("DOCTYPE"), std::string::npos) << MessageOf(ebcdic);
+    EXPECT_NE(MessageOf(ebcdic), "no error");
 }
 
 TEST(XmlParser, LooksForADocumentTypeInThePrologOnly) {

@@ -9,16 +9,12 @@
 #include <filesystem>
 #include <system_error>
 
-#include "util/Errors.h"
+#include "platform/FileErrors.h"
 
 namespace kestrel {
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void Fail(const char* what, const std::string& path, const std::string& reason) {
-    throw DataError(std::string("The file '") + path + "' cannot be " + what + ": " + reason + ".");
-}
 
 std::string LastError() { return std::generic_category().message(errno); }
 
@@ -87,10 +83,10 @@ fs::path FollowLinks(const std::string& path) {
     for (int i = 0; i <= kMaximumLinks; ++i) {
         if (!fs::is_symlink(fs::symlink_status(target, error))) return target;
         const fs::path link = fs::read_symlink(target, error);
-        if (error) Fail("written", path, error.message());
+        if (error) FailWithFile("written", path, error.message());
         target = target.parent_path() / link;  // an absolute link replaces the folder
     }
-    Fail("written", path, "its symbolic links lead in a circle");
+    FailWithFile("written", path, "its symbolic links lead in a circle");
 }
 
 bool WriteAll(int file, std::string_view bytes) {
@@ -115,25 +111,24 @@ void FlushFolder(const fs::path& file) {
 
 std::string ReadWholeFile(const std::string& path, std::size_t maximumBytes) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file.IsOpen()) Fail("read", path, LastError());
+    if (!file.IsOpen()) FailWithFile("read", path, LastError());
 
     // The size is only a first guess: it may change, and it is 0 for what is no plain file.
     struct stat status {};
     std::string bytes;
     if (::fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode)) {
         if (static_cast<std::uintmax_t>(status.st_size) > maximumBytes)
-            Fail("read", path, "it is larger than " + std::to_string(maximumBytes) + " bytes");
+            FailAsTooLarge(path, maximumBytes);
         bytes.reserve(static_cast<std::size_t>(status.st_size));
     }
     std::array<char, 1u << 16> buffer;
     for (;;) {
         const ssize_t count = ::read(file.Get(), buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) Fail("read", path, LastError());
+        if (count < 0) FailWithFile("read", path, LastError());
         if (count == 0) return bytes;
         bytes.append(buffer.data(), static_cast<std::size_t>(count));
-        if (bytes.size() > maximumBytes)
-            Fail("read", path, "it is larger than " + std::to_string(maximumBytes) + " bytes");
+        if (bytes.size() > maximumBytes) FailAsTooLarge(path, maximumBytes);
     }
 }
 
@@ -142,8 +137,8 @@ void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
     struct stat status {};
     const bool exists = ::stat(target.c_str(), &status) == 0;
     // Renaming would also replace a device or a write-protected file.
-    if (exists && !S_ISREG(status.st_mode)) Fail("written", path, "it is not a plain file");
-    if (exists && ::access(target.c_str(), W_OK) != 0) Fail("written", path, LastError());
+    if (exists && !S_ISREG(status.st_mode)) FailAsNoPlainFile(path);
+    if (exists && ::access(target.c_str(), W_OK) != 0) FailWithFile("written", path, LastError());
 
     TemporaryFile temporary(target);
     Descriptor file = temporary.Create();
@@ -151,7 +146,7 @@ void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
                          (!exists || ::fchmod(file.Get(), status.st_mode & 07777) == 0) &&
                          WriteAll(file.Get(), bytes) && ::fsync(file.Get()) == 0 && file.Close() &&
                          temporary.RenameOverTarget();
-    if (!written) Fail("written", path, LastError());
+    if (!written) FailWithFile("written", path, LastError());
     FlushFolder(target);
 }
 

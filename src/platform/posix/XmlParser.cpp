@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "util/Errors.h"
+#include "platform/XmlErrors.h"
 
 namespace kestrel {
 namespace {
@@ -26,10 +26,6 @@ std::string ToString(const xmlChar* begin, const xmlChar* end) {
 
 std::string QualifiedName(const xmlChar* prefix, const xmlChar* localName) {
     return prefix ? ToString(prefix) + ":" + ToString(localName) : ToString(localName);
-}
-
-DataError ErrorAtLine(int line, const std::string& message) {
-    return DataError("line " + std::to_string(line) + ": " + message);
 }
 
 /// Collects the parser's events into a tree. Nothing may be thrown through the parser's C code:
@@ -56,7 +52,7 @@ class TreeBuilder {
         try {
             std::string message = error.message ? error.message : "the document is malformed";
             message.erase(message.find_last_not_of(" \t\r\n") + 1);
-            throw ErrorAtLine(error.line > 0 ? error.line : CurrentLine(), message);
+            throw XmlErrorAtLine(error.line > 0 ? error.line : CurrentLine(), message);
         } catch (...) {
             failure_ = std::current_exception();
         }
@@ -65,9 +61,7 @@ class TreeBuilder {
     void StartElement(XmlNode element) {
         element.line = StartLine();
         if (open_.size() == static_cast<std::size_t>(kXmlMaximumDepth))
-            throw ErrorAtLine(element.line, "elements stand more than " +
-                                                std::to_string(kXmlMaximumDepth) +
-                                                " deep in each other; flatten the document");
+            throw XmlTooDeepAtLine(element.line);
         open_.push_back(std::move(element));
     }
 
@@ -91,7 +85,7 @@ class TreeBuilder {
 
     XmlDocument Finish() {
         if (failure_) std::rethrow_exception(failure_);
-        if (document_.IsEmpty()) throw ErrorAtLine(1, "the document is empty");
+        if (document_.IsEmpty()) throw XmlEmpty();
         return std::move(document_);
     }
 
@@ -152,10 +146,7 @@ void OnText(void* data, const xmlChar* text, int length) {
 /// RefuseUnsafeXml sees only encodings that are simple to read; this catches all others.
 void OnDocumentType(void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
     TreeBuilder& builder = BuilderOf(data);
-    builder.Handle([&] {
-        throw ErrorAtLine(builder.CurrentLine(),
-                          "the document has a document type declaration (DOCTYPE); remove it");
-    });
+    builder.Handle([&] { throw XmlTypeDeclaredAtLine(builder.CurrentLine()); });
 }
 
 /// Taking errors here also keeps the parser from printing them.
@@ -185,7 +176,7 @@ struct FreeParser {
 
 XmlDocument ParseXmlBytes(std::string_view bytes) {
     RefuseUnsafeXml(bytes);
-    if (bytes.empty()) throw ErrorAtLine(1, "the document is empty");
+    if (bytes.empty()) throw XmlEmpty();
     const std::unique_ptr<xmlParserCtxt, FreeParser> parser(
         xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
     if (!parser) throw DataError("The document cannot be read: there is not enough memory.");

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "platform/XmlDom.h"
+#include "util/Errors.h"
+
+/// The sentences of what can be wrong with a document, the same for every parser.
+namespace kestrel {
+
+inline DataError XmlErrorAtLine(int line, const std::string& message) {
+    return DataError("line " + std::to_string(line) + ": " + message);
+}
+
+inline DataError XmlTooDeepAtLine(int line) {
+    return XmlErrorAtLine(line, "elements stand more than " + std::to_string(kXmlMaximumDepth) +
+                                    " deep in each other; flatten the document");
+}
+
+inline DataError XmlTypeDeclaredAtLine(int line) {
+    return XmlErrorAtLine(line,
+                          "the document has a document type declaration (DOCTYPE); remove it");
+}
+
+inline DataError XmlEmpty() { return XmlErrorAtLine(1, "the document is empty"); }
+
+}  // namespace kestrel

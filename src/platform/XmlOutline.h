@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/XmlDom.h"
+
+namespace kestrel {
+
+/// What some parsers keep to themselves about a document: where its elements start and which
+/// namespaces they declare. Elements are in document order.
+struct XmlOutline {
+    std::vector<int> lines;  ///< one an element, from 1: the line of the "<" that starts it
+    /// Declarations of namespaces ("xmlns", "xmlns:p") beside the element's place in `lines`.
+    std::vector<std::pair<std::size_t, XmlAttribute>> namespaces;
+};
+
+/// Walks the markup of a document in UTF-8, UTF-16, UTF-32 or any encoding that extends ASCII.
+/// Raises DataError with the line for what parsers are shy to place or do not notice: tags that do
+/// not match, characters and references that mean nothing, prefixes that are not declared, document
+/// types, elements deeper than kXmlMaximumDepth. What it lets pass may still be malformed.
+XmlOutline OutlineXml(std::string_view bytes);
+
+}  // namespace kestrel

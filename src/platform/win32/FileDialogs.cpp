@@ -1,0 +1,71 @@
+#include <windows.h>
+// windows.h first
+#include <commdlg.h>
+
+#include <string>
+
+#include "platform/win32/WideText.h"
+#include "platform/win32/Win32Desktop.h"
+
+namespace kestrel::win32 {
+namespace {
+
+/// The longest path that the system knows. A shorter buffer would make a chosen file with a long
+/// path look like a cancelled dialog.
+constexpr std::size_t kPathSize = 32768;
+
+/// Descriptions and patterns in turn, a NUL after each and one more at the end.
+std::wstring FilterList(const FileDialog& dialog) {
+    std::wstring list;
+    for (const auto& [description, pattern] : dialog.filters)
+        list += Wide(description) + L'\0' + Wide(pattern) + L'\0';
+    return list + L'\0';
+}
+
+/// The dialog takes no "/" in a folder.
+std::wstring Folder(const FileDialog& dialog) {
+    std::wstring folder = Wide(dialog.initialFolder);
+    for (wchar_t& c : folder)
+        if (c == L'/') c = L'\\';
+    return folder;
+}
+
+/// The wide function, as a chosen path may hold letters that the user's code page lacks. The name
+/// without its folder, for which the dialog offers another buffer, is of no use here.
+std::string Choose(const FileDialog& dialog, DWORD flags, decltype(&GetOpenFileNameW) show) {
+    const std::wstring filters = FilterList(dialog);
+    const std::wstring folder = Folder(dialog);
+    const std::wstring title = Wide(dialog.title);
+    const std::wstring extension = Wide(dialog.defaultExtension);
+    std::wstring path(kPathSize, L'\0');
+
+    OPENFILENAMEW request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = GetActiveWindow();
+    if (request.hwndOwner)
+        request.hInstance =
+            reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(request.hwndOwner, GWLP_HINSTANCE));
+    request.lpstrFilter = dialog.filters.empty() ? nullptr : filters.c_str();
+    request.nFilterIndex = 1;
+    request.lpstrFile = path.data();
+    request.nMaxFile = static_cast<DWORD>(path.size());
+    request.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    request.lpstrTitle = title.empty() ? nullptr : title.c_str();
+    request.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
+    // A dialog that moves the process to another folder would change what relative paths mean.
+    request.Flags = flags | OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
+    if (!show(&request)) return {};
+    return Utf8(path.c_str());
+}
+
+}  // namespace
+
+std::string Win32Desktop::OpenFile(const FileDialog& dialog) {
+    return Choose(dialog, OFN_FILEMUSTEXIST, GetOpenFileNameW);
+}
+
+std::string Win32Desktop::SaveFile(const FileDialog& dialog) {
+    return Choose(dialog, OFN_OVERWRITEPROMPT, GetSaveFileNameW);
+}
+
+}  // namespace kestrel::win32
