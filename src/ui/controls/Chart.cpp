@@ -1,6 +1,10 @@
 #include "ui/controls/Chart.h"
 
+#include "ui/controls/ChartGeometry.h"
+
 namespace kestrel::ui {
+
+ChartDrawing Chart::Draw(int width, int height) const { return DrawingOf(*this, width, height); }
 
 void Chart::ClearAllData() {
     channels_.resize(1);

@@ -11,7 +11,6 @@
 #include "platform/Desktop.h"
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
-#include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartHints.h"
 #include "ui/win32/KeyEvents.h"
 #include "ui/win32/chart/ChartMetafile.h"
@@ -112,7 +111,7 @@ void ChartWindow::Layout() {
     const auto units = [this](LONG pixels) {
         return std::max(1, static_cast<int>(std::floor(static_cast<double>(pixels) / Scale())));
     };
-    drawing_ = DrawingOf(chart_, units(client.right), units(client.bottom));
+    drawing_ = chart_.Draw(units(client.right), units(client.bottom));
     SetWindowTextW(window_, Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
     hints_->Clear();
