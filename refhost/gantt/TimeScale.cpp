@@ -32,7 +32,7 @@ constexpr ZoomLevel kZoomLevels[] = {
     {8, {Unit::Month, Name::MonthYear}, {Unit::Week, Name::DayAndMonth}},
     {18, {Unit::Month, Name::MonthYear}, {Unit::Day, Name::DayOfMonth}},
     {44, {Unit::Week, Name::FullDate}, {Unit::Day, Name::WeekDay}},
-    {96, {Unit::Day, Name::FullDate}, {Unit::SixHours, Name::HourOfDay}},
+    {136, {Unit::Day, Name::FullDate}, {Unit::SixHours, Name::HourOfDay}},
     {264, {Unit::Day, Name::WeekDayDate}, {Unit::TwoHours, Name::HourOfDay}},
     {624, {Unit::Day, Name::WeekDayDate}, {Unit::Hour, Name::HourOfDay}},
 };
