@@ -57,6 +57,9 @@ class Workbench {
     /// Whether the window may close; the user has been asked about unsaved changes.
     bool MayClose();
 
+    /// The user's date and time.
+    Minute Now() { return parts_.window.Now(); }
+
     /// Takes over what the add-in or a program has changed. Answers whether there is anything to
     /// repaint.
     bool Sync();
