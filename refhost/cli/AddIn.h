@@ -1,34 +1,27 @@
 #pragma once
 
-#include <functional>
+#include <memory>
 
-#include "host/clsKestrelDll.h"
 #include "refhost/cli/Session.h"
-#include "ui/controls/FormRunner.h"
 
 namespace refhost {
 
-/// Works a form as the command line asks, without showing it. Without a script it closes at once.
-class ScriptRunner : public kestrel::ui::FormRunner {
- public:
-    using Script = std::function<void(kestrel::ui::Form&)>;
-    explicit ScriptRunner(Script script = {}) : script_(std::move(script)) {}
-    void ShowModal(kestrel::ui::Form& form) override;
-
- private:
-    Script script_;
-};
-
-/// The add-in, attached to the session's host as any host would have it.
+/// The add-in as a command uses it, attached to the session's host as any host would have it.
+/// What keeps a command from being done is raised as kestrel::HostError or kestrel::DataError.
 class AddIn {
  public:
-    explicit AddIn(Session& session, ScriptRunner::Script script = {});
+    virtual ~AddIn() = default;
 
-    kestrel::clsKestrelDll& Dll() { return dll_; }
-
- private:
-    ScriptRunner runner_;
-    kestrel::clsKestrelDll dll_;
+    /// From now on it takes part in the host's analyses.
+    virtual void Start() = 0;
+    /// Its commands "save" and "load", on the files that the session's desktop names. Messages
+    /// and questions go to that desktop.
+    virtual void Save() = 0;
+    virtual void Load() = 0;
 };
+
+/// The add-in as this system has it: linked into the program, or on Windows through COM. The
+/// session must outlive it.
+std::unique_ptr<AddIn> MakeAddIn(Session& session);
 
 }  // namespace refhost

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <iostream>
 #include <limits>
 #include <memory>
@@ -8,6 +7,7 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/FilePath.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
@@ -51,8 +51,8 @@ AnalysisSettings SettingsOf(const Arguments& arguments, const PlanData& plan) {
 
 AnalysisResults RunWithAddIn(Session& session, const AnalysisSettings& settings,
                              AnalysisWatcher& watcher) {
-    AddIn addIn(session);
-    addIn.Dll().LaunchStartSchedulon();
+    const auto addIn = MakeAddIn(session);
+    addIn->Start();
     return RunAnalysis(session.Host(), settings, &watcher);
 }
 
@@ -74,9 +74,9 @@ Report MakeReport(Session& session, const AnalysisSettings& settings,
 void WriteCharts(const std::string& path, Session& session, const AnalysisResults& results) {
     WriteOutput(path, TornadoSvg(session, kestrel::ui::Measure::Duration, kDefaultTopRisks));
     if (path == "-") return;
-    std::filesystem::path finish(path);
-    finish.replace_filename(finish.stem().string() + "-finish.svg");
-    WriteOutput(finish.string(),
+    std::filesystem::path finish = FilePath(path);
+    finish.replace_filename(FilePath(Utf8Path(finish.stem()) + "-finish.svg"));
+    WriteOutput(Utf8Path(finish),
                 FinishDistributionSvg(results.finish, session.Plan().Name(), [](double serial) {
                     return SerialText(serial).substr(0, 10);
                 }));

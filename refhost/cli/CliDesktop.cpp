@@ -1,8 +1,5 @@
 #include "refhost/cli/CliDesktop.h"
 
-#include <unistd.h>
-
-#include <filesystem>
 #include <iostream>
 #include <utility>
 
@@ -17,7 +14,7 @@ namespace {
 
 /// Asks on the terminal; where there is none the answer is no.
 bool UserAgrees(const std::string& question) {
-    if (!isatty(STDIN_FILENO) || !isatty(STDERR_FILENO)) return false;
+    if (!IsTerminal(Stream::Input) || !IsTerminal(Stream::Error)) return false;
     std::cerr << question << " [y/N] " << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
@@ -30,9 +27,13 @@ MessageAnswer CliDesktop::ShowMessage(const std::string& text, MessageButtons bu
                                       const std::string& title) {
     if (buttons == MessageButtons::YesNo && (answerYes || UserAgrees(text)))
         return MessageAnswer::Yes;
-    if (!collects) return PosixDesktop::ShowMessage(text, buttons, title);
-    messages_.push_back(text);
-    if (buttons == MessageButtons::YesNo) ++questionsRefused_;
+    if (collects) {
+        messages_.push_back(text);
+        if (buttons == MessageButtons::YesNo) ++questionsRefused_;
+    } else {
+        std::cerr << (title.empty() ? kestrel::kApplicationTitle : title) << ": " << text
+                  << std::endl;
+    }
     return buttons == MessageButtons::Ok      ? MessageAnswer::Ok
            : buttons == MessageButtons::YesNo ? MessageAnswer::No
                                               : MessageAnswer::Cancel;
@@ -47,12 +48,6 @@ std::string CliDesktop::SaveFile(const kestrel::FileDialog&) { return fileToSave
 void CliDesktop::WriteFile(const std::string& path, std::string_view bytes) {
     WriteOutput(path, bytes);
     ++filesWritten_;
-}
-
-std::string InstallationFolder() {
-    std::error_code failure;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-    return failure ? "." : program.parent_path().string();
 }
 
 }  // namespace refhost

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/posix/PosixDesktop.h"
+#include "refhost/cli/System.h"
 
 namespace refhost {
 
 /// The desktop of a command-line run: file dialogs and questions are answered by what the command
-/// line says; messages are collected for the command to tell, or go to standard error.
-class CliDesktop : public kestrel::PosixDesktop {
+/// line says; messages are collected for the command to tell, or go to standard error. Nothing of
+/// the user's other programs is touched.
+class CliDesktop : public SystemDesktop {
  public:
     std::string fileToOpen;  ///< what the next open dialog answers; empty cancels it
     std::string fileToSave;  ///< what the save dialog answers
@@ -30,14 +31,14 @@ class CliDesktop : public kestrel::PosixDesktop {
     std::string SaveFile(const kestrel::FileDialog& dialog) override;
     /// "-" is standard output.
     void WriteFile(const std::string& path, std::string_view bytes) override;
+    /// The user's locale stays as it is.
+    std::string LocaleString(kestrel::LocaleItem) override { return "."; }
+    void SetLocaleString(kestrel::LocaleItem, const std::string&) override {}
 
  private:
     std::vector<std::string> messages_;
     int questionsRefused_ = 0;
     int filesWritten_ = 0;
 };
-
-/// The folder that the program stands in.
-std::string InstallationFolder();
 
 }  // namespace refhost

@@ -1,13 +1,12 @@
 #include <iostream>
 #include <utility>
 
-#include "refhost/cli/AddIn.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/LinkedAddIn.h"
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
 #include "store/RegisterDocument.h"
-#include "store/SaveLoadCommands.h"
 #include "ui/editor/frmEditRiskFactors.h"
 #include "util/Errors.h"
 
@@ -42,7 +41,7 @@ void RunEditor(Session& session, kestrel::ui::Button frmEditRiskFactors::*button
     desktop.collects = true;
     // The editor asks for a file by itself when the plan has no factors: not here.
     const std::string fileToOpen = std::exchange(desktop.fileToOpen, {});
-    AddIn addIn(session, [&](kestrel::ui::Form& form) {
+    LinkedAddIn addIn(session, [&](kestrel::ui::Form& form) {
         auto& editor = dynamic_cast<frmEditRiskFactors&>(form);
         desktop.fileToOpen = fileToOpen;
         (editor.*button).Press();
@@ -98,9 +97,7 @@ void Save(const Arguments& arguments) {
     Session session(arguments.Positional(0));
     RefuseEmptyRegister(session);
     session.Desktop().fileToSave = arguments.Positional(1);
-    kestrel::modGlobals globals(session.Desktop());
-    globals.application = session.Application();
-    kestrel::SaveRiskFactorsToFile(globals);
+    MakeAddIn(session)->Save();
     if (session.Desktop().FilesWritten() == 0)
         throw DataError(session.PlanPath() +
                         ": its register is no risk factors document; nothing was saved.");
@@ -113,9 +110,7 @@ void Load(const Arguments& arguments) {
     desktop.fileToOpen = arguments.Positional(1);
     desktop.answerYes = arguments.Has("--yes");
     desktop.collects = true;
-    kestrel::modGlobals globals(desktop);
-    globals.application = session.Application();
-    kestrel::LoadRiskFactorsFromFile(globals);
+    MakeAddIn(session)->Load();
     if (!desktop.Messages().empty())
         throw DataError(desktop.Messages().back() +
                         (desktop.QuestionsRefused() > 0 ? ": not confirmed; add --yes." : ""));

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/Files.h"
+#include "refhost/cli/FilePath.h"
 #include "util/Errors.h"
 
 namespace refhost {
@@ -19,7 +20,7 @@ namespace {
 
 Output::Output(std::string path) : path_(std::move(path)), temporary_(path_ + ".part") {
     if (ToStandardOutput()) return;
-    file_.open(temporary_, std::ios::binary | std::ios::trunc);
+    file_.open(FilePath(temporary_), std::ios::binary | std::ios::trunc);
     if (!file_) Fail(path_);
 }
 
@@ -27,7 +28,7 @@ Output::~Output() {
     if (!file_.is_open()) return;
     file_.close();
     std::error_code ignored;
-    std::filesystem::remove(temporary_, ignored);
+    std::filesystem::remove(FilePath(temporary_), ignored);
 }
 
 void Output::Write(std::string_view text) {
@@ -46,7 +47,7 @@ void Output::Commit() {
     if (!file_) Fail(path_);
     file_.close();
     std::error_code failure;
-    std::filesystem::rename(temporary_, path_, failure);
+    std::filesystem::rename(FilePath(temporary_), FilePath(path_), failure);
     if (failure) Fail(path_);
 }
 

@@ -1,10 +1,10 @@
 #include "refhost/cli/Progress.h"
 
-#include <unistd.h>
-
 #include <csignal>
 #include <cstdio>
 #include <string>
+
+#include "refhost/cli/System.h"
 
 namespace refhost {
 namespace {
@@ -18,7 +18,7 @@ void OnInterrupt(int) { interrupted = 1; }
 }  // namespace
 
 Progress::Progress(std::int32_t total)
-    : onTerminal_(isatty(STDERR_FILENO) != 0),
+    : onTerminal_(IsTerminal(Stream::Error)),
       started_(steady_clock::now()),
       nextUpdate_(started_ + std::chrono::milliseconds(300)) {
     form_.Open();

@@ -1,10 +1,11 @@
 #include "refhost/cli/SettingsFile.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
 #include "platform/Files.h"
+#include "refhost/cli/FilePath.h"
+#include "refhost/cli/System.h"
 #include "util/Errors.h"
 
 namespace refhost {
@@ -46,12 +47,7 @@ std::string Unescaped(std::string_view text) {
 
 }  // namespace
 
-std::string SettingsFile::DefaultPath() {
-    const char* folder = std::getenv("XDG_CONFIG_HOME");
-    if (folder && *folder) return std::string(folder) + "/kestrel/settings";
-    const char* home = std::getenv("HOME");
-    return std::string(home && *home ? home : ".") + "/.config/kestrel/settings";
-}
+std::string SettingsFile::DefaultPath() { return SettingsPath(); }
 
 std::string SettingsFile::Get(const std::string& application, const std::string& section,
                               const std::string& key, const std::string& fallback) {
@@ -67,14 +63,14 @@ void SettingsFile::Save(const std::string& application, const std::string& secti
     std::string text;
     for (const auto& [name, stored] : values_) text += name + "=" + Escaped(stored) + "\n";
     std::error_code ignored;  // a folder that cannot be made shows in the write itself
-    std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), ignored);
+    std::filesystem::create_directories(FilePath(path_).parent_path(), ignored);
     kestrel::ReplaceWholeFile(path_, text);
 }
 
 void SettingsFile::Load() {
     if (std::exchange(loaded_, true)) return;
     std::error_code failure;
-    if (!std::filesystem::is_regular_file(path_, failure)) return;
+    if (!std::filesystem::is_regular_file(FilePath(path_), failure)) return;
     std::string text;
     try {
         text = kestrel::ReadWholeFile(path_);

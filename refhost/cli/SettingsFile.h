@@ -11,7 +11,7 @@ namespace refhost {
 /// first needed and replaced whole on every save. A file that cannot be read counts as empty.
 class SettingsFile : public Settings {
  public:
-    /// $XDG_CONFIG_HOME/kestrel/settings, or ~/.config/kestrel/settings.
+    /// SettingsPath of this system.
     static std::string DefaultPath();
 
     explicit SettingsFile(std::string path = DefaultPath()) : path_(std::move(path)) {}

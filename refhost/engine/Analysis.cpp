@@ -44,6 +44,7 @@ void RunIterations(ReferenceHost& application, std::int32_t iterations, Analysis
 
 AnalysisResults RunAnalysis(ReferenceHost& application, const AnalysisSettings& settings,
                             AnalysisWatcher* watcher) {
+    const ReferenceHost::AnalysisMark running(application);
     HostPlan& plan = *application.OpenPlan();
     AnalysisSettings kept = settings;
     kept.upToDate = false;

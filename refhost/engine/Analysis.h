@@ -33,7 +33,8 @@ class AnalysisWatcher {
 ///    groups' members, raise PlanAfterRiskIteration, read finish and cost;
 /// 3. put durations and costs back and raise PlanAfterRiskAnalysis.
 /// The same plan, settings and add-in give the same bits everywhere. Whatever a listener throws
-/// ends the analysis, durations and costs put back.
+/// ends the analysis, durations and costs put back. A listener that starts another one gets a
+/// kestrel::HostError.
 AnalysisResults RunAnalysis(ReferenceHost& application, const AnalysisSettings& settings,
                             AnalysisWatcher* watcher = nullptr);
 

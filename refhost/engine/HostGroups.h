@@ -107,6 +107,8 @@ class HostGroupCollection : public host::GroupCollection,
     host::GroupPtr Item(const std::string& name) override;
     host::GroupPtr Add(const std::string& name) override;
     void Remove(const std::string& name) override;
+    /// In order of creation.
+    std::vector<host::GroupPtr> Enumerate() const { return {groups_.begin(), groups_.end()}; }
 
     /// Draws every member with a distribution: groups in order of creation, members likewise.
     void Sample(RandomStream& stream);

@@ -18,10 +18,25 @@ class ReferenceHost final : public host::Application {
     ReferenceHost(Settings& settings, std::string installationFolder)
         : settings_(settings), path_(std::move(installationFolder)) {}
 
-    void Open(std::shared_ptr<HostPlan> plan) { plan_ = std::move(plan); }
+    /// Raises kestrel::HostError while an analysis runs.
+    void Open(std::shared_ptr<HostPlan> plan);
     const std::shared_ptr<HostPlan>& OpenPlan() const { return plan_; }
 
-    /// Raise the events to every listener, in order of subscription.
+    /// An analysis, from its beginning to its end. HostError when one runs already: a listener
+    /// cannot start one.
+    class AnalysisMark {
+     public:
+        explicit AnalysisMark(ReferenceHost& host);
+        ~AnalysisMark() { host_.analysing_ = false; }
+        AnalysisMark(const AnalysisMark&) = delete;
+        AnalysisMark& operator=(const AnalysisMark&) = delete;
+
+     private:
+        ReferenceHost& host_;
+    };
+
+    /// Raise the events to every listener, in order of subscription. A listener may end its
+    /// subscription meanwhile.
     void RaiseBeforeRiskAnalysis();
     void RaiseAfterRiskIteration();
     void RaiseAfterRiskAnalysis();
@@ -56,10 +71,13 @@ class ReferenceHost final : public host::Application {
     void Unsubscribe(host::AnalysisEvents& sink) override { std::erase(sinks_, &sink); }
 
  private:
+    void Raise(void (host::AnalysisEvents::*event)(const host::PlanPtr&));
+
     Settings& settings_;
     std::string path_;
     std::shared_ptr<HostPlan> plan_;
     std::vector<host::AnalysisEvents*> sinks_;
+    bool analysing_ = false;
     bool busy_ = false;
     std::string status_;
 };

@@ -1,4 +1,5 @@
 #include "core/modAnalysis.h"
+#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
 #include "util/Errors.h"
@@ -156,7 +157,7 @@ void PrepareAnalysis(modGlobals& globals, const host::PlanPtr& plan) {
     globals.analysis = std::move(fresh);
     AnalysisState& state = globals.analysis;
 
-    const host::PlanPtr activePlan = globals.application->ActivePlan();
+    const host::PlanPtr activePlan = OpenPlan(globals);
     activePlan->PutAutoCalculate(false);
     RemoveOldGroups(*plan);
 

@@ -1,6 +1,7 @@
 #include "host/clsSchedulon.h"
 
 #include "core/modAnalysis.h"
+#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
 #include "store/modSettings.h"
@@ -69,7 +70,7 @@ void clsSchedulon::m_SchedyApp_PlanAfterRiskIteration(const host::PlanPtr&) {
 void clsSchedulon::m_SchedyApp_PlanAfterRiskAnalysis(const host::PlanPtr&) {
     AnalysisState& state = globals_.analysis;
     if (!state.active) return;
-    const host::PlanPtr plan = globals_.application->ActivePlan();
+    const host::PlanPtr plan = OpenPlan(globals_);
     if (!state.broken && !state.ProjectFinishSamples.empty()) {
         CalculateSensitivities(globals_);
         SaveRegisterToPlan(globals_, *plan);

@@ -70,6 +70,7 @@ class Desktop {
     virtual std::optional<RegistryValue> UserRegistryValue(const std::string& key,
                                                            const std::string& name) = 0;
 
+    /// Raises DataError when the clipboard cannot be had.
     virtual void SetClipboardText(const std::string& text) = 0;
     /// Opens a topic of a compiled help file ("...\Help.chm::/topic.html"). Raises DataError.
     virtual void ShowHelpTopic(const std::string& location) = 0;

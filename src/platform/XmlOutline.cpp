@@ -11,6 +11,7 @@ namespace kestrel {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kTagEnds = "/><";  // of a tag that is complete or broken off
 constexpr std::uint32_t kNoCharacter = 0xFFFF;
 
 /// The document's text with ASCII markup, without byte order mark.
@@ -144,13 +145,15 @@ class Outliner {
     /// The text up to `end`, its references resolved. The position stays at the faulty one.
     std::string ReadReferences(std::size_t end) {
         std::string resolved;
+        // Searches end here: each to the end of the document would take quadratic time.
+        const std::string_view text = text_.substr(0, end);
         for (;;) {
-            const std::size_t mark = std::min(text_.find('&', at_), end);
-            resolved += text_.substr(at_, mark - at_);
+            const std::size_t mark = std::min(text.find('&', at_), end);
+            resolved += text.substr(at_, mark - at_);
             MoveTo(mark);
             if (mark == end) return resolved;
-            const std::size_t close = std::min(text_.find(';', mark), end);
-            const std::string_view reference = text_.substr(mark + 1, close - mark - 1);
+            const std::size_t close = std::min(text.find(';', mark), end);
+            const std::string_view reference = text.substr(mark + 1, close - mark - 1);
             const std::uint32_t character =
                 close < end ? ReferredCharacter(reference) : kNoCharacter;
             if (character == kNoCharacter)
@@ -235,7 +238,7 @@ class Outliner {
         attributeNames_.clear();
         for (;;) {
             SkipBlanks();
-            if (at_ == text_.size() || IsAt(">") || IsAt("/")) return;
+            if (at_ == text_.size() || kTagEnds.find(text_[at_]) != kTagEnds.npos) return;
             const std::string_view name = ReadName();
             SkipBlanks();
             const bool assigned = IsAt("=");

@@ -101,6 +101,14 @@ TEST(Listener, HearsEventsBetweenStartAndStopOnly) {
     EXPECT_EQ(fixture.host.log.Count("Application.Unsubscribe"), 1u);
 }
 
+TEST(Listener, TellsTheHostWhenNoPlanIsOpenAnyMore) {
+    AnalysisFixture fixture;
+    fixture.StoreRegister({Factor("A", 100)});
+    fixture.host.application->plan = nullptr;
+    EXPECT_THROW(fixture.Before(), HostError);
+    EXPECT_THROW(fixture.After(), HostError);
+}
+
 /// An analysis of four events on a plan with a summary, costs, both groups and the log on.
 struct WholeAnalysis {
     AnalysisFixture fixture;

@@ -72,8 +72,37 @@ TEST(XmlParser, ReadsEncodingsThatTheDocumentDeclares) {
         ParseXmlBytes("<?xml version='1.0' encoding='ISO-8859-1'?><r>\xE9</r>").root.TextContent(),
         "\xC3\xA9");
     EXPECT_EQ(ParseXmlBytes("\xEF\xBB\xBF<r>x</r>").root.TextContent(), "x");
-    for (const bool bigEndian : {false, true})
-        EXPECT_EQ(ParseXmlBytes(Utf16("<r>x</r>", bigEndian, true)).root.TextContent(), "x");
+    EXPECT_EQ(ParseXmlBytes("<?xml version='1.0' encoding='windows-1252'?><r>\x80</r>")
+                  .root.TextContent(),
+              "\xE2\x82\xAC");
+    for (const bool bigEndian : {false, true}) {
+        const XmlDocument wide = ParseXmlBytes(Utf16("<r>\n<a>x</a></r>", bigEndian, true));
+        EXPECT_EQ(wide.root.TextContent(), "\nx");
+        EXPECT_EQ(wide.root.children[1].line, 2);
+    }
+    EXPECT_EQ(ParseXmlBytes("\xFF\xFE"s + Utf16("<r>", false, false) + "\x3D\xD8\x00\xDE"s +
+                            Utf16("</r>", false, false))
+                  .root.TextContent(),
+              "\xF0\x9F\x98\x80");
+}
+
+TEST(XmlParser, KeepsWhiteSpaceAsTheRulesOfXmlHaveIt) {
+    const XmlDocument document = ParseXmlBytes(
+        "<r a='x&#9;y&#10;z  w\n v' xml:space='default'>&#13;\r\n q \r w<b> </b>\t<c>\n</c></r>");
+    EXPECT_EQ(*document.root.Attribute("a"), "x\ty\nz  w  v");
+    EXPECT_EQ(document.root.children[0].text, "\r\n q \n w");
+    EXPECT_EQ(SerialiseXml(document.root),
+              "<r a=\"x&#9;y&#10;z  w  v\" xml:space=\"default\">"
+              "&#13;\n q \n w<b> </b>\t<c>\n</c></r>");
+}
+
+TEST(XmlParser, PutsNamespacesBeforeOtherAttributesAndKeepsTheOrderOfEach) {
+    EXPECT_EQ(
+        SerialiseXml(ParseXmlBytes("<a z='1' q:y='2' xmlns:q='u' xml:lang='de' xmlns='&amp;d'>"
+                                   "<q:b xmlns:q='v' x='3' xmlns:n='n'/></a>")
+                         .root),
+        "<a xmlns:q=\"u\" xmlns=\"&amp;d\" z=\"1\" q:y=\"2\" xml:lang=\"de\">"
+        "<q:b xmlns:q=\"v\" xmlns:n=\"n\" x=\"3\"/></a>");
 }
 
 TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/posix/PosixDesktop.h"
+#include "support/SystemDesktop.h"
 #include "util/Errors.h"
 
 namespace kestrel::test {
@@ -20,7 +20,7 @@ struct ShownMessage {
 
 /// A desktop whose user is a script and whose outside effects can be read. Files and XML are the
 /// real ones. Everything is public: set what the code will meet, then look at what it did.
-class FakeDesktop : public PosixDesktop {
+class FakeDesktop : public SystemDesktop {
  public:
     /// @name What the code meets
     ///@{
@@ -42,6 +42,7 @@ class FakeDesktop : public PosixDesktop {
     std::vector<FileDialog> openDialogs;
     std::vector<FileDialog> saveDialogs;
     std::vector<std::string> helpTopics;
+    std::string clipboard;
     int beeps = 0;
     ///@}
 
@@ -93,6 +94,9 @@ class FakeDesktop : public PosixDesktop {
         const auto found = registry.find({key, name});
         return found == registry.end() ? std::nullopt : std::optional(found->second);
     }
+
+    void SetClipboardText(const std::string& text) override { clipboard = text; }
+    const std::string& ClipboardText() const { return clipboard; }
 
     void ShowHelpTopic(const std::string& location) override {
         if (helpFails) throw DataError("The help viewer cannot be opened; install it.");

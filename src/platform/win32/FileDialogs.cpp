@@ -1,7 +1,9 @@
 #include <windows.h>
 // windows.h first
+#include <cderr.h>
 #include <commdlg.h>
 
+#include <algorithm>
 #include <string>
 
 #include "platform/win32/WideText.h"
@@ -22,22 +24,22 @@ std::wstring FilterList(const FileDialog& dialog) {
     return list + L'\0';
 }
 
-/// The dialog takes no "/" in a folder.
-std::wstring Folder(const FileDialog& dialog) {
-    std::wstring folder = Wide(dialog.initialFolder);
-    for (wchar_t& c : folder)
-        if (c == L'/') c = L'\\';
-    return folder;
+/// The dialog takes no "/".
+std::wstring WithBackslashes(const std::string& path) {
+    std::wstring wide = Wide(path);
+    std::replace(wide.begin(), wide.end(), L'/', L'\\');
+    return wide;
 }
 
 /// The wide function, as a chosen path may hold letters that the user's code page lacks. The name
 /// without its folder, for which the dialog offers another buffer, is of no use here.
 std::string Choose(const FileDialog& dialog, DWORD flags, decltype(&GetOpenFileNameW) show) {
     const std::wstring filters = FilterList(dialog);
-    const std::wstring folder = Folder(dialog);
+    const std::wstring folder = WithBackslashes(dialog.initialFolder);
     const std::wstring title = Wide(dialog.title);
     const std::wstring extension = Wide(dialog.defaultExtension);
     std::wstring path(kPathSize, L'\0');
+    WithBackslashes(dialog.initialFile).copy(path.data(), kPathSize - 1);
 
     OPENFILENAMEW request{};
     request.lStructSize = sizeof request;
@@ -54,8 +56,13 @@ std::string Choose(const FileDialog& dialog, DWORD flags, decltype(&GetOpenFileN
     request.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
     // A dialog that moves the process to another folder would change what relative paths mean.
     request.Flags = flags | OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
-    if (!show(&request)) return {};
-    return Utf8(path.c_str());
+    bool chosen = show(&request);
+    if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        // A proposed name that no file can have would keep the dialog away.
+        path.front() = L'\0';
+        chosen = show(&request);
+    }
+    return chosen ? Utf8(path.c_str()) : std::string();
 }
 
 }  // namespace

@@ -99,18 +99,20 @@ std::wstring FollowLinks(const std::string& path, std::wstring target) {
     return final;
 }
 
-/// Renaming would also replace a device, or a file that may not be written or that another
-/// program holds open. Answers whether there is a file at all.
+/// Finds out before anything is written: renaming would also replace a device or a file that is
+/// write-protected, and would fail late where another program holds the file open. Answers whether
+/// there is a file at all.
 bool MayBeReplaced(const std::string& path, const std::wstring& target) {
     const DWORD attributes = GetFileAttributesW(target.c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY)
-        FailAsNoPlainFile(path);
-    const FileHandle file(CreateFileW(target.c_str(), GENERIC_WRITE, kShareAll, nullptr,
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (exists && attributes & FILE_ATTRIBUTE_DIRECTORY) FailAsNoPlainFile(path);
+    if (exists && attributes & FILE_ATTRIBUTE_READONLY)
+        FailWithFile("written", path, win32::SystemMessage(DWORD{ERROR_ACCESS_DENIED}));
+    const FileHandle file(CreateFileW(target.c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file && attributes != INVALID_FILE_ATTRIBUTES)
-        FailWithFile("written", path, LastErrorMessage());
+    if (!file && exists) FailWithFile("written", path, LastErrorMessage());
     if (file && GetFileType(file.Get()) != FILE_TYPE_DISK) FailAsNoPlainFile(path);
-    return static_cast<bool>(file);
+    return exists;
 }
 
 }  // namespace

@@ -93,8 +93,7 @@ class TreeReader {
 
 void CheckDom(HRESULT result) {
     if (FAILED(result))
-        throw DataError(
-            "The document cannot be read: " + SystemMessage(static_cast<DWORD>(result)) + ".");
+        throw DataError("The document cannot be read: " + SystemMessage(result) + ".");
 }
 
 XmlNode ReadDomTree(IXMLDOMNode& root, XmlOutline outline) {

@@ -1,6 +1,7 @@
 #include "platform/win32/SystemMessage.h"
 
 #include <array>
+#include <cstdio>
 
 #include "platform/win32/WideText.h"
 
@@ -8,13 +9,17 @@ namespace kestrel::win32 {
 
 std::string SystemMessage(DWORD error) {
     std::array<wchar_t, 1024> buffer;
-    // Without IGNORE_INSERTS a message with "%1" would read arguments that nobody gave.
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
-                       0, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
+    // Without IGNORE_INSERTS a message with "%1" would read arguments that nobody gave. Line breaks
+    // in the system's table stand for blanks of a sentence.
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+        nullptr, error, 0, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
     std::string message = Utf8({buffer.data(), length});
     message.erase(message.find_last_not_of(" .\r\n") + 1);
-    return message.empty() ? "system error " + std::to_string(error) : message;
+    if (!message.empty()) return message;
+    std::array<char, 32> number;
+    std::snprintf(number.data(), number.size(), "error 0x%08lX", error);
+    return number.data();
 }
 
 }  // namespace kestrel::win32

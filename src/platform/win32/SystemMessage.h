@@ -6,9 +6,12 @@
 
 namespace kestrel::win32 {
 
-/// The system's own words for an error of GetLastError or an HRESULT, without full stop and line
-/// break: "The system cannot find the file specified".
+/// The system's own words for an error of GetLastError or an HRESULT, on one line and without the
+/// full stop at its end; "error 0x80040154" when it has none.
 std::string SystemMessage(DWORD error);
+inline std::string SystemMessage(HRESULT result) {
+    return SystemMessage(static_cast<DWORD>(result));
+}
 
 inline std::string LastErrorMessage() { return SystemMessage(GetLastError()); }
 

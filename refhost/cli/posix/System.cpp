@@ -1,0 +1,41 @@
+#include "refhost/cli/System.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "refhost/cli/LinkedAddIn.h"
+
+namespace refhost {
+
+bool IsTerminal(Stream stream) {
+    switch (stream) {
+        case Stream::Input:
+            return isatty(STDIN_FILENO) != 0;
+        case Stream::Output:
+            return isatty(STDOUT_FILENO) != 0;
+        case Stream::Error:
+            break;
+    }
+    return isatty(STDERR_FILENO) != 0;
+}
+
+std::string InstallationFolder() {
+    std::error_code failure;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    return failure ? "." : program.parent_path().string();
+}
+
+std::string SettingsPath() {
+    const char* folder = std::getenv("XDG_CONFIG_HOME");
+    if (folder && *folder) return std::string(folder) + "/kestrel/settings";
+    const char* home = std::getenv("HOME");
+    return std::string(home && *home ? home : ".") + "/.config/kestrel/settings";
+}
+
+std::unique_ptr<AddIn> MakeAddIn(Session& session) {
+    return std::make_unique<LinkedAddIn>(session);
+}
+
+}  // namespace refhost

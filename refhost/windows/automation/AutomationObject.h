@@ -1,0 +1,86 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <oaidl.h>
+
+#include <memory>
+#include <span>
+
+#include "refhost/windows/automation/AutomationServer.h"
+#include "refhost/windows/automation/Invocation.h"
+
+namespace refhost::automation {
+
+/// How a member may be called: the flags of IDispatch::Invoke.
+inline constexpr WORD kCall = DISPATCH_METHOD;
+inline constexpr WORD kGet = DISPATCH_PROPERTYGET;
+inline constexpr WORD kPut = DISPATCH_PROPERTYPUT;
+
+/// A member of an object, as a row of its table.
+template <class Object>
+struct Member {
+    DISPID id;
+    WORD kind;
+    unsigned required;  ///< parameters that must be given, a put's value included
+    unsigned most;
+    void (*run)(Object& object, Invocation& call);
+};
+
+/// An object of the host: a dispatch interface described in the type library. Calls go through
+/// the object's own table, as ITypeInfo::Invoke would cost several times as much. What a member
+/// raises becomes DISP_E_EXCEPTION with its sentence.
+class AutomationObject : public IDispatch, public ISupportErrorInfo {
+ public:
+    AutomationObject(const AutomationObject&) = delete;
+    AutomationObject& operator=(const AutomationObject&) = delete;
+
+    // IUnknown
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override;
+    ULONG STDMETHODCALLTYPE Release() noexcept override;
+
+    // IDispatch
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
+                                            DISPID* ids) noexcept override;
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID, WORD kinds,
+                                     DISPPARAMS* arguments, VARIANT* answer, EXCEPINFO* failure,
+                                     UINT* badArgument) noexcept override;
+
+    // ISupportErrorInfo
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
+
+    IDispatch* AsDispatch() { return this; }
+
+ protected:
+    AutomationObject(std::shared_ptr<AutomationServer> server, const IID& iid);
+    virtual ~AutomationObject();
+
+    /// Another interface of the object, without a reference added; nothing when it has none.
+    virtual IUnknown* OtherInterface(REFIID) { return nullptr; }
+    /// Finds the member and runs it; CallFailure when it cannot be called so.
+    virtual void Run(DISPID id, WORD kinds, Invocation& call) = 0;
+
+    AutomationServer& Server() const { return *server_; }
+
+ private:
+    const std::shared_ptr<AutomationServer> server_;
+    const IID& iid_;
+    LONG references_ = 1;  ///< the maker's
+};
+
+/// Runs the row of the table that has the id and one of the kinds.
+template <class Object>
+void RunMember(std::span<const Member<Object>> table, Object& object, DISPID id, WORD kinds,
+               Invocation& call) {
+    for (const Member<Object>& member : table) {
+        if (member.id != id || (member.kind & kinds) == 0) continue;
+        call.Bind(member.required, member.most, member.kind == kPut);
+        return member.run(object, call);
+    }
+    throw CallFailure{DISP_E_MEMBERNOTFOUND};
+}
+
+}  // namespace refhost::automation

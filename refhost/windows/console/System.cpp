@@ -1,0 +1,45 @@
+#include "refhost/cli/System.h"
+
+#include <windows.h>
+
+#include <filesystem>
+
+#include "platform/win32/WideText.h"
+#include "refhost/cli/FilePath.h"
+#include "refhost/windows/automation/TypeLibrary.h"
+#include "refhost/windows/console/ComAddIn.h"
+
+namespace refhost {
+namespace {
+
+std::wstring Variable(const wchar_t* name) {
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    const DWORD length =
+        GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size()));
+    value.resize(length < value.size() ? length : 0);
+    return value;
+}
+
+}  // namespace
+
+bool IsTerminal(Stream stream) {
+    const DWORD id = stream == Stream::Input    ? STD_INPUT_HANDLE
+                     : stream == Stream::Output ? STD_OUTPUT_HANDLE
+                                                : STD_ERROR_HANDLE;
+    DWORD mode = 0;  // the library's isatty also takes the null device for a terminal
+    return GetConsoleMode(GetStdHandle(id), &mode) != FALSE;
+}
+
+std::string InstallationFolder() {
+    const std::filesystem::path program = automation::TypeLibrary::ProgramPath();
+    return Utf8Path(program.parent_path());
+}
+
+std::string SettingsPath() {
+    const std::wstring folder = Variable(L"APPDATA");
+    return kestrel::win32::Utf8(folder.empty() ? L"." : folder) + "\\Kestrel\\settings";
+}
+
+std::unique_ptr<AddIn> MakeAddIn(Session& session) { return std::make_unique<ComAddIn>(session); }
+
+}  // namespace refhost

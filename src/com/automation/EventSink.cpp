@@ -1,0 +1,115 @@
+#include "com/automation/EventSink.h"
+
+#include <algorithm>
+
+#include "com/automation/HostList.h"
+#include "com/automation/PlanProxies.h"
+#include "platform/win32/ComErrors.h"
+#include "platform/win32/FloatingPointScope.h"
+
+namespace kestrel::com {
+namespace {
+
+using win32::ComPtr;
+
+/// The exception that is being handled, as a host gets it that calls through Invoke: its sentence
+/// in `failure`, or as the thread's error information when the host wants no more than that.
+HRESULT ReportException(EXCEPINFO* failure) noexcept {
+    const HRESULT code = win32::TranslateException({IID_IDispatch, L"KestrelDll.clsKestrelDll"});
+    ComPtr<IErrorInfo> error;
+    if (!failure || GetErrorInfo(0, error.Out()) != S_OK) return code;
+    *failure = {};
+    failure->scode = code;
+    static_cast<void>(error->GetSource(&failure->bstrSource));  // a failure leaves no text
+    static_cast<void>(error->GetDescription(&failure->bstrDescription));
+    return DISP_E_EXCEPTION;
+}
+
+}  // namespace
+
+void EventSink::Disconnect() noexcept {
+    listener_ = nullptr;
+    plan_.reset();
+    planObject_.Reset();
+}
+
+HRESULT EventSink::QueryInterface(REFIID id, void** object) noexcept {
+    if (!object) return E_POINTER;
+    const bool known = id == IID_IUnknown || id == IID_IDispatch || id == source_.id;
+    *object = known ? static_cast<IDispatch*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG EventSink::AddRef() noexcept {
+    return static_cast<ULONG>(InterlockedIncrement(&references_));
+}
+
+ULONG EventSink::Release() noexcept {
+    const LONG left = InterlockedDecrement(&references_);
+    if (left == 0) delete this;
+    return static_cast<ULONG>(left);
+}
+
+HRESULT EventSink::GetTypeInfoCount(UINT* count) noexcept {
+    if (!count) return E_POINTER;
+    *count = 0;
+    return S_OK;
+}
+
+HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept {
+    if (type) *type = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept {
+    return E_NOTIMPL;  // the host calls by the ids of its own interface
+}
+
+HRESULT EventSink::Invoke(DISPID id, REFIID reserved, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
+                          EXCEPINFO* failure, UINT*) noexcept try {
+    if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    const ComPtr<EventSink> untilTheEnd(this);  // the listener may end the subscription
+    const std::shared_ptr<void> underWay =
+        listener_ && connection_->enterEvent ? connection_->enterEvent() : nullptr;
+    const win32::FloatingPointScope figures;
+    const auto event = std::find(source_.events.begin(), source_.events.end(), id);
+    // A host has other events too; they are none of the add-in's business.
+    if (listener_ && event != source_.events.end())
+        Deliver(static_cast<AnalysisEvent>(event - source_.events.begin()), parameters);
+    return S_OK;
+} catch (...) {
+    return ReportException(failure);
+}
+
+void EventSink::Deliver(AnalysisEvent event, const DISPPARAMS* parameters) {
+    const host::PlanPtr plan = PlanOf(parameters);
+    switch (event) {
+        case AnalysisEvent::PlanBeforeRiskAnalysis:
+            listener_->PlanBeforeRiskAnalysis(plan);
+            break;
+        case AnalysisEvent::PlanAfterRiskIteration:
+            listener_->PlanAfterRiskIteration(plan);
+            break;
+        case AnalysisEvent::PlanAfterRiskAnalysis:
+            plan_.reset();  // a plan that is analysed no more is not held open
+            planObject_.Reset();
+            listener_->PlanAfterRiskAnalysis(plan);
+            break;
+    }
+}
+
+host::PlanPtr EventSink::PlanOf(const DISPPARAMS* parameters) {
+    if (!parameters || parameters->cArgs == 0 || !parameters->rgvarg) return nullptr;
+    // Arguments come last to first, and the plan is the first.
+    const ComPtr<IDispatch> object =
+        ObjectOf(parameters->rgvarg[parameters->cArgs - 1], HostMember::EventPlan);
+    if (object.Get() != planObject_.Get()) {
+        plan_ = Wrap<PlanProxy>(Dispatch(object, connection_));
+        planObject_ = object;
+    }
+    return plan_;
+}
+
+}  // namespace kestrel::com

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <oaidl.h>
+
+#include <string>
+
+#include "com/automation/HostMembers.h"
+
+/// What went wrong in a call to the host, as the one host error with a sentence that names the
+/// member: "The host could not read Task.Duration: the plan is locked."
+namespace kestrel::com {
+
+/// The language in which the host is called: numbers that it makes of text, or text of numbers,
+/// are not those of the user's country. Older hosts know no invariant locale.
+inline constexpr LCID kHostLocale = 0x0409;
+
+enum class HostAction { Find, Read, Put, Run };
+
+/// The host's description of a failure; its strings are freed at the end.
+class ExceptionInfo : public EXCEPINFO {
+ public:
+    ExceptionInfo() : EXCEPINFO{} {}
+    ~ExceptionInfo() {
+        if (bstrSource || bstrDescription || bstrHelpFile) FreeStrings();
+    }
+    ExceptionInfo(const ExceptionInfo&) = delete;
+    ExceptionInfo& operator=(const ExceptionInfo&) = delete;
+
+    /// Has a host that describes its failures only on demand do so.
+    void FillIn();
+
+ private:
+    void FreeStrings();
+};
+
+/// Raises HostError for a failing `result`: in the words of `info`, else of the error object
+/// that `object` left, else of the system. `object` may be nothing.
+[[noreturn]] void RaiseHostFailure(HostAction action, HostMember member, HRESULT result,
+                                   const ExceptionInfo& info, IDispatch* object);
+
+/// Raises HostError: "The host answered Plan.Tasks with `what`."
+[[noreturn]] void RaiseHostAnswer(HostMember member, const std::string& what);
+
+/// Whether a look-up that failed so may only mean that there is nothing under the key. Hosts have
+/// no common code for that; most raise an error of their own. A host that could not be reached,
+/// or that could not make sense of the call, is another matter.
+bool MeansNotFound(HRESULT result, const ExceptionInfo& info);
+
+}  // namespace kestrel::com

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <oaidl.h>
+
+#include <string>
+
+/// The DLL that this code is part of.
+namespace kestrel::com {
+
+/// Known without DllMain: the linker names the place where the image begins.
+HINSTANCE OwnModule() noexcept;
+
+/// Full path of the DLL, of any length. Empty when the system does not tell.
+std::wstring OwnPath();
+
+/// The type library among the DLL's resources; nothing of the registry is read or written.
+HRESULT LoadOwnTypeLibrary(ITypeLib** library) noexcept;
+
+/// The description of one interface or class in it.
+HRESULT LoadOwnTypeInfo(REFGUID guid, ITypeInfo** info) noexcept;
+
+}  // namespace kestrel::com

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <oaidl.h>
+
+#include <string_view>
+
+/// The edge between C++ and COM: failures leave as a failing HRESULT, with a sentence as error
+/// information, never as an exception.
+namespace kestrel::win32 {
+
+/// What the add-in's own failures are called across COM.
+inline constexpr HRESULT kHostFailed = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0x201);
+inline constexpr HRESULT kUnreadable = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0x202);
+inline constexpr HRESULT kBusy = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0x203);
+
+/// Who reports a failure: the interface that was called and the class's registered name.
+struct ErrorOrigin {
+    const IID& iid;
+    const wchar_t* source;
+};
+
+/// Leaves the sentence as this thread's error information and answers `code`. Where even that
+/// fails, what an earlier call left is removed: it must not pass for ours.
+HRESULT FailWith(HRESULT code, const ErrorOrigin& origin, std::string_view sentence) noexcept;
+
+/// The exception that is being handled, as FailWith: HostError kHostFailed, DataError kUnreadable,
+/// std::bad_alloc E_OUTOFMEMORY, anything else E_UNEXPECTED. To be called in a handler only.
+HRESULT TranslateException(const ErrorOrigin& origin) noexcept;
+
+}  // namespace kestrel::win32
+
+/// Ends the function-try-block of every method that COM calls:
+///     HRESULT Object::Method() noexcept try { ... return S_OK; } KESTREL_COM_CATCH(kOrigin)
+#define KESTREL_COM_CATCH(origin)                            \
+    catch (...) {                                            \
+        return ::kestrel::win32::TranslateException(origin); \
+    }
