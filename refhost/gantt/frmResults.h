@@ -20,8 +20,9 @@ class DrawnChart : public kestrel::ui::Chart {
         painter_ = std::move(painter);
         Changed();
     }
-    kestrel::ui::ChartDrawing Draw(int width, int height) const override {
-        return painter_ ? painter_(width, height) : Chart::Draw(width, height);
+    kestrel::ui::ChartDrawing Draw(int width, int height,
+                                   const kestrel::ui::TextMeasure& measure) const override {
+        return painter_ ? painter_(width, height) : Chart::Draw(width, height, measure);
     }
 
  private:

@@ -4,7 +4,9 @@
 
 namespace kestrel::ui {
 
-ChartDrawing Chart::Draw(int width, int height) const { return DrawingOf(*this, width, height); }
+ChartDrawing Chart::Draw(int width, int height, const TextMeasure& measure) const {
+    return DrawingOf(*this, width, height, measure);
+}
 
 void Chart::ClearAllData() {
     channels_.resize(1);

@@ -8,6 +8,7 @@
 
 #include "ui/controls/ChartAttributes.h"
 #include "ui/controls/ChartDrawing.h"
+#include "ui/controls/ChartText.h"
 #include "ui/controls/Control.h"
 
 namespace kestrel::ui {
@@ -52,7 +53,7 @@ class Chart : public Control {
 
     /// The chart at a size, as whoever shows it paints it: DrawingOf (ChartGeometry.h), unless a
     /// chart of another kind draws itself.
-    virtual ChartDrawing Draw(int width, int height) const;
+    virtual ChartDrawing Draw(int width, int height, const TextMeasure& measure = TextWidth) const;
 
     const ChartAttributes& Attributes() const { return attributes_; }
     /// A single axis of each kind; another index raises std::out_of_range.

@@ -87,7 +87,10 @@ void FormWindow::AddChildren() {
         auto* const systemView = dynamic_cast<SystemView*>(view.get());
         children_.push_back(
             std::make_unique<Child>(Child{*this, *control, std::move(view), systemView}));
-        if (!SetWindowSubclass(children_.back()->view->Window(), ChildHook, 1,
+        const HWND window = children_.back()->view->Window();
+        // What tools that work windows tell controls apart by: places in tab order, from 1.
+        SetWindowLongPtrW(window, GWLP_ID, static_cast<LONG_PTR>(children_.size()));
+        if (!SetWindowSubclass(window, ChildHook, 1,
                                reinterpret_cast<DWORD_PTR>(children_.back().get())))
             RaiseWindowError("cannot watch a control");
     }

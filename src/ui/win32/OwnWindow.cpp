@@ -1,60 +1,57 @@
 #include "ui/win32/OwnWindow.h"
 
-#include <system_error>
-
 namespace kestrel::ui::win32 {
+namespace {
 
-OwnWindow::OwnWindow(ViewContext& context, const wchar_t* className)
-    : context_(context), className_(className) {}
+WNDCLASSEXW ClassOf(HINSTANCE module, const wchar_t* name, WNDPROC procedure) {
+    WNDCLASSEXW wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.style = CS_DBLCLKS;
+    wanted.lpfnWndProc = procedure;
+    wanted.hInstance = module;
+    wanted.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    wanted.lpszClassName = name;
+    return wanted;
+}
+
+}  // namespace
+
+OwnWindow::OwnWindow(ViewContext& context, const wchar_t* className, DWORD style)
+    : context_(context),
+      class_(ClassOf(context.module, className, Procedure)),
+      window_(CreateWindowExW(0, className, L"", style | WS_CHILD, 0, 0, 0, 0, context.formWindow,
+                              nullptr, context.module, nullptr)) {
+    if (!window_) RaiseWindowError("cannot create a control's window");
+}
 
 OwnWindow::~OwnWindow() {
-    if (window_) {
-        SetWindowLongPtrW(window_, GWLP_USERDATA, 0);  // nobody is left to handle messages
-        DestroyWindow(window_);
-    }
-    // Refused while another window of the kind is there.
-    static_cast<void>(UnregisterClassW(className_, context_.module));
+    if (!window_) return;
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);  // nobody is left to handle messages
+    DestroyWindow(window_);
 }
 
-void OwnWindow::Create(DWORD style, DWORD extendedStyle) {
-    WNDCLASSEXW kind{};
-    kind.cbSize = sizeof kind;
-    kind.style = CS_DBLCLKS;
-    kind.lpfnWndProc = Procedure;
-    kind.hInstance = context_.module;
-    kind.hCursor = LoadCursor(nullptr, IDC_ARROW);
-    kind.lpszClassName = className_;
-    if (!RegisterClassExW(&kind) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
-        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
-                                "cannot register a window class");
-    CreateWindowExW(extendedStyle, className_, L"", style | WS_CHILD, 0, 0, 0, 0,
-                    context_.formWindow, nullptr, context_.module, this);
-    if (!window_)
-        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
-                                "cannot create a window");
+RECT OwnWindow::Client() const {
+    RECT client{};
+    GetClientRect(window_, &client);  // fails only for a window that is gone
+    return client;
 }
 
-LRESULT CALLBACK OwnWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* created =
-            static_cast<OwnWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-        created->window_ = window;
-        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-    }
-    auto* self = reinterpret_cast<OwnWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+LRESULT CALLBACK OwnWindow::Procedure(HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept {
+    auto* const self = reinterpret_cast<OwnWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!self) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         self->window_ = nullptr;
-        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         return DefWindowProcW(window, message, wParam, lParam);
     }
-    ViewContext& context = self->context_;  // outlives the window
+    ViewContext& context = self->context_;  // outlives the view
     try {
-        return self->Handle(message, wParam, lParam);
+        if (const auto answer = self->Handle(message, wParam, lParam)) return *answer;
     } catch (...) {
         if (context.failed) context.failed(std::current_exception());
         return 0;
     }
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 }  // namespace kestrel::ui::win32

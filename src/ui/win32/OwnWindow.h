@@ -2,42 +2,44 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "ui/win32/ControlView.h"
+#include "ui/win32/WindowHandle.h"
 
 namespace kestrel::ui::win32 {
 
 /// A child window of the form's that the program itself paints and works, for controls that the
-/// system has no window for. What a handler raises is kept in the context.
-class OwnWindow {
+/// system has no window for. What a message raises goes to the context, where it closes the form.
+class OwnWindow : public ControlView {
  public:
     OwnWindow(const OwnWindow&) = delete;
     OwnWindow& operator=(const OwnWindow&) = delete;
+    /// Destroys the window, unless its parent has done so.
+    ~OwnWindow() override;
+
+    HWND Window() const override { return window_; }
 
  protected:
-    /// `className` is the same for all windows of a kind, and must live as long.
-    OwnWindow(ViewContext& context, const wchar_t* className);
-    /// Destroys the window, unless its parent has been first; the last of a kind gives the class
-    /// back, since the module that it points into may be unloaded.
-    virtual ~OwnWindow();
+    /// Without size or text, and without messages yet. `className` names the kind of window.
+    OwnWindow(ViewContext& context, const wchar_t* className, DWORD style);
+    /// From here on messages come to Handle, for whose class this is the constructor's last call.
+    void Begin() { SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this)); }
 
-    /// To be called by the constructor of the class that handles the messages. Raises
-    /// std::system_error.
-    void Create(DWORD style, DWORD extendedStyle = 0);
+    /// Answers nothing where the system's own handling is wanted as well. The view may be gone
+    /// afterwards.
+    virtual std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
-    /// A message of the window; those that it has no use for go to Default. The window may be
-    /// gone after a call of the context's `afterEvent`.
-    virtual LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) = 0;
-    LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) {
-        return DefWindowProcW(window_, message, wParam, lParam);
-    }
+    RECT Client() const;
 
     ViewContext& context_;
-    HWND window_ = nullptr;  ///< none before Create and after its destruction
 
  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
 
-    const wchar_t* className_;
+    WindowClass class_;
+    HWND window_;  ///< none once its parent has taken it along
 };
 
 }  // namespace kestrel::ui::win32

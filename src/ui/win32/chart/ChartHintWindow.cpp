@@ -8,6 +8,7 @@ namespace kestrel::ui::win32 {
 namespace {
 
 constexpr int kWidestHint = 400;    ///< units; longer ones are broken into lines
+constexpr int kBelow = 4;           ///< pixels
 constexpr UINT_PTR kProgram = 0;    ///< number of the hint that the program shows
 constexpr int kTimeToRead = 32000;  ///< ms, the system's longest
 
@@ -67,7 +68,7 @@ void ChartHintWindow::Show(const RECT& area, const std::string& text) {
     TTTOOLINFOW tool = ToolOf(chart_, kProgram);
     tool.lpszText = wide.data();
     Send(window_, TTM_UPDATETIPTEXTW, tool);
-    POINT corner{area.left, area.bottom};
+    POINT corner{area.left, area.bottom + kBelow};
     ClientToScreen(chart_, &corner);
     SendMessageW(window_, TTM_TRACKPOSITION, 0, MAKELPARAM(corner.x, corner.y));
     SendMessageW(window_, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));

@@ -2,19 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
+#include "ui/win32/chart/ChartFonts.h"
 
 namespace kestrel::ui::win32 {
 namespace {
 
 using kestrel::win32::Brush;
-using kestrel::win32::Font;
 using kestrel::win32::Pen;
 using kestrel::win32::SavedState;
 using kestrel::win32::Selection;
@@ -39,21 +37,19 @@ UINT AlignmentOf(ChartAlign align) {
     }
 }
 
-/// Paints one drawing; the context is as before when it ends.
+/// Paints one drawing from its beginning; the context is as before when it ends.
 class ChartPainter {
  public:
     /// Both in the units of the context.
-    ChartPainter(HDC dc, double scale, int hairline)
-        : dc_(dc), scale_(scale), hairline_(hairline), state_(dc) {}
-
-    void Paint(const ChartDrawing& drawing) {
+    ChartPainter(HDC dc, const ChartDrawing& drawing, double scale, int hairline)
+        : dc_(dc), scale_(scale), hairline_(hairline), fonts_(drawing.font), state_(dc) {
         PaintGround(drawing);
         for (const ChartLine& line : drawing.grid) Paint(line);
         for (const ChartBar& bar : drawing.bars) Paint(bar);
         for (const ChartLine& line : drawing.lines) Paint(line);
         for (const ChartCurve& curve : drawing.curves) Paint(curve);
         SetBkMode(dc_, TRANSPARENT);
-        for (const ChartText& text : drawing.texts) Paint(text, drawing.font);
+        for (const ChartText& text : drawing.texts) Paint(text);
     }
 
  private:
@@ -107,35 +103,25 @@ class ChartPainter {
         Polyline(dc_, points.data(), static_cast<int>(points.size()));
     }
 
-    void Paint(const ChartText& text, const std::string& face) {
+    void Paint(const ChartText& text) {
         const std::wstring wide = Wide(text.text);
-        SelectObject(dc_, FontOf(face, text.size, text.bold));
+        SelectObject(dc_, fonts_.Of(At(text.size), text.bold));
         SetTextColor(dc_, ColourRef(text.colour));
         SetTextAlign(dc_, AlignmentOf(text.align));
         TextOutW(dc_, At(text.x), At(text.baseline), wide.data(), static_cast<int>(wide.size()));
     }
 
-    HFONT FontOf(const std::string& face, int size, bool bold) {
-        Font& font = fonts_[{size, bold}];
-        if (!font)
-            font = Font(CreateFontW(-At(size), 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE,
-                                    FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS,
-                                    CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS,
-                                    Wide(face).substr(0, LF_FACESIZE - 1).c_str()));
-        return font.Get();
-    }
-
     HDC dc_;
     double scale_;
     int hairline_;
-    std::map<std::pair<int, bool>, Font> fonts_;  ///< by size and weight
-    SavedState state_;                            ///< behind the fonts: takes them back out first
+    ChartFonts fonts_;
+    SavedState state_;  ///< behind the fonts: takes them back out first
 };
 
 }  // namespace
 
 void PaintChart(HDC dc, const ChartDrawing& drawing, double scale) {
-    ChartPainter(dc, scale, 1).Paint(drawing);
+    ChartPainter(dc, drawing, scale, 1);
 }
 
 void PaintChartInto(HDC dc, const ChartDrawing& drawing, const RECT& target) {
@@ -144,7 +130,7 @@ void PaintChartInto(HDC dc, const ChartDrawing& drawing, const RECT& target) {
     SetWindowExtEx(dc, drawing.width * kFineSteps, drawing.height * kFineSteps, nullptr);
     SetViewportOrgEx(dc, target.left, target.top, nullptr);
     SetViewportExtEx(dc, target.right - target.left, target.bottom - target.top, nullptr);
-    ChartPainter(dc, kFineSteps, kFineHairline).Paint(drawing);
+    ChartPainter(dc, drawing, kFineSteps, kFineHairline);
 }
 
 }  // namespace kestrel::ui::win32

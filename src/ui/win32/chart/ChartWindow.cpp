@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -12,7 +13,8 @@
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
 #include "ui/controls/ChartHints.h"
-#include "ui/win32/KeyEvents.h"
+#include "ui/win32/FormKeys.h"
+#include "ui/win32/chart/ChartFonts.h"
 #include "ui/win32/chart/ChartMetafile.h"
 #include "ui/win32/chart/ChartPainter.h"
 #include "ui/win32/chart/ChartPrinter.h"
@@ -45,22 +47,18 @@ bool IsNext(const KeyEvent& event) { return event.key == Key::Down || event.key 
 }  // namespace
 
 ChartWindow::ChartWindow(ViewContext& context, Chart& chart)
-    : OwnWindow(context, L"KestrelChart"), chart_(chart) {
-    Create(chart.Visible() ? WS_VISIBLE : 0);
-    hints_.emplace(context, window_);
-    Layout();
+    : OwnWindow(context, L"KestrelChart", WS_TABSTOP | WS_CLIPSIBLINGS),
+      chart_(chart),
+      hints_(context, Window()) {
+    Update();
+    Begin();
 }
 
-LRESULT ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT: {
-            const kestrel::win32::PaintScope paint(window_);
-            const RECT client = Client();
-            const kestrel::win32::MemoryPicture picture(paint.Dc(), client.right, client.bottom);
-            Paint(picture.Dc());
-            picture.CopyTo(paint.Dc(), paint.Dirty());
+        case WM_PAINT:
+            PaintWindow();
             return 0;
-        }
         case WM_PRINTCLIENT:
             Paint(reinterpret_cast<HDC>(wParam));
             return 0;
@@ -69,19 +67,19 @@ LRESULT ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SIZE:
             Layout();
             return 0;
-        case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            FocusChanged(message == WM_SETFOCUS);
-            return 0;
+            hints_.Hide();
+            [[fallthrough]];
+        case WM_SETFOCUS:
         case WM_UPDATEUISTATE:
-            InvalidateRect(window_, nullptr, FALSE);
-            return Default(message, wParam, lParam);
+        case WM_SYSCOLORCHANGE:
+            InvalidateRect(Window(), nullptr, FALSE);
+            return {};
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS;
         case WM_KEYDOWN:
-        case WM_SYSKEYDOWN:
             if (const auto event = KeyEventOf(wParam); event && KeyDown(*event)) return 0;
-            return Default(message, wParam, lParam);
+            return {};
         case WM_LBUTTONDOWN:
             MousePressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
@@ -89,34 +87,46 @@ LRESULT ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             OpenMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
         case WM_COMMAND:
-            return Command(LOWORD(wParam)) ? 0 : Default(message, wParam, lParam);
+            Command(LOWORD(wParam));
+            return 0;
         default:
-            return Default(message, wParam, lParam);
+            return {};
     }
 }
 
 void ChartWindow::Update() {
-    if (chart_.Changes() != shownChanges_) Layout();
+    if (chart_.Changes() == shownChanges_) return;
+    Layout();
+    EnableWindow(Window(), chart_.Enabled());
+    ShowWindow(Window(), chart_.Visible() ? SW_SHOWNA : SW_HIDE);
 }
 
 void ChartWindow::ScaleChanged() {
-    hints_->SetFont(context_.font);
+    hints_.SetFont(context_.font);
     Layout();
 }
 
 void ChartWindow::Layout() {
-    if (!hints_) return;  // while the window is being created
     shownChanges_ = chart_.Changes();
     const RECT client = Client();
     const auto units = [this](LONG pixels) {
         return std::max(1, static_cast<int>(std::floor(static_cast<double>(pixels) / Scale())));
     };
-    drawing_ = chart_.Draw(units(client.right), units(client.bottom));
-    SetWindowTextW(window_, Wide(drawing_.title).c_str());  // what screen readers say
+    ChartMeasure measure(std::as_const(chart_).Attributes().Text("TitleFontName"), Scale());
+    drawing_ = chart_.Draw(units(client.right), units(client.bottom), std::ref(measure));
+    SetWindowTextW(Window(), Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
-    hints_->Clear();
-    for (const ChartHint& hint : HintsOf(drawing_)) hints_->Add(Pixels(hint.area), hint.text);
-    InvalidateRect(window_, nullptr, FALSE);
+    hints_.Clear();
+    for (const ChartHint& hint : HintsOf(drawing_)) hints_.Add(Pixels(hint.area), hint.text);
+    InvalidateRect(Window(), nullptr, FALSE);
+}
+
+void ChartWindow::PaintWindow() {
+    const kestrel::win32::PaintScope paint(Window());
+    const RECT client = Client();
+    const kestrel::win32::MemoryPicture picture(paint.Dc(), client.right, client.bottom);
+    Paint(picture.Dc());
+    picture.CopyTo(paint.Dc(), paint.Dirty());
 }
 
 void ChartWindow::Paint(HDC dc) const {
@@ -124,11 +134,11 @@ void ChartWindow::Paint(HDC dc) const {
     FillRect(dc, &client, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     PaintChart(dc, drawing_, Scale());
     FrameRect(dc, &client, GetSysColorBrush(COLOR_BTNSHADOW));
-    if (GetFocus() == window_) PaintFocus(dc, client);
+    if (GetFocus() == Window()) PaintFocus(dc, client);
 }
 
 void ChartWindow::PaintFocus(HDC dc, const RECT& client) const {
-    const auto state = SendMessageW(window_, WM_QUERYUISTATE, 0, 0);
+    const auto state = SendMessageW(Window(), WM_QUERYUISTATE, 0, 0);
     if (state & UISF_HIDEFOCUS) return;
     RECT mark = client;
     InflateRect(&mark, -kFocusInset, -kFocusInset);
@@ -141,14 +151,6 @@ void ChartWindow::PaintFocus(HDC dc, const RECT& client) const {
     DrawFocusRect(dc, &mark);
 }
 
-void ChartWindow::FocusChanged(bool focused) {
-    if (!focused) hints_->Hide();
-    InvalidateRect(window_, nullptr, FALSE);
-    if (!focused || context_.form->Focus() == &chart_) return;
-    context_.form->SetFocus(chart_);
-    context_.afterEvent();
-}
-
 bool ChartWindow::KeyDown(const KeyEvent& event) {
     const int bars = static_cast<int>(drawing_.bars.size());
     if (event.ctrl && !event.alt && event.letter == 'C') return Command(kCopy);
@@ -159,13 +161,11 @@ bool ChartWindow::KeyDown(const KeyEvent& event) {
         if (event.key == Key::Home) return Choose(0), true;
         if (event.key == Key::End) return Choose(bars - 1), true;
     }
-    const bool used = context_.form->KeyDown(event);
-    context_.afterEvent();
-    return used;
+    return false;
 }
 
 void ChartWindow::MousePressed(POINT place) {
-    SetFocus(window_);
+    SetFocus(Window());
     for (std::size_t i = 0; i < drawing_.bars.size(); ++i) {
         const RECT bar = Pixels(drawing_.bars[i].bounds);
         if (PtInRect(&bar, place)) return Choose(static_cast<int>(i));
@@ -175,32 +175,32 @@ void ChartWindow::MousePressed(POINT place) {
 
 void ChartWindow::Choose(int bar) {
     chosen_ = bar;
-    hints_->Hide();
+    hints_.Hide();
     if (bar >= 0) {
         const ChartBar& chosen = drawing_.bars[static_cast<std::size_t>(bar)];
-        hints_->Show(Pixels(chosen.bounds), chosen.hint);
+        hints_.Show(Pixels(chosen.bounds), chosen.hint);
     }
-    InvalidateRect(window_, nullptr, FALSE);
+    InvalidateRect(Window(), nullptr, FALSE);
 }
 
 void ChartWindow::OpenMenu(POINT screen) {
     if (screen.x == -1 && screen.y == -1) {  // by the keyboard
         const RECT client = Client();
         screen = {client.right / 2, client.bottom / 2};
-        ClientToScreen(window_, &screen);
+        ClientToScreen(Window(), &screen);
     }
-    SetFocus(window_);
+    SetFocus(Window());
     const PopupMenu menu;
     AppendMenuW(menu.Get(), MF_STRING, kCopy, L"&Copy chart\tCtrl+C");
     AppendMenuW(menu.Get(), MF_STRING, kPrint, L"&Print chart...\tCtrl+P");
-    TrackPopupMenuEx(menu.Get(), TPM_LEFTALIGN | TPM_RIGHTBUTTON, screen.x, screen.y, window_,
+    TrackPopupMenuEx(menu.Get(), TPM_LEFTALIGN | TPM_RIGHTBUTTON, screen.x, screen.y, Window(),
                      nullptr);  // answers by WM_COMMAND
 }
 
 bool ChartWindow::Command(WORD command) {
     switch (command) {
         case kCopy:
-            TellFailure([this] { CopyChart(window_, drawing_); });
+            TellFailure([this] { CopyChart(Window(), drawing_); });
             return true;
         case kPrint:
             TellFailure([this] {
@@ -223,12 +223,6 @@ void ChartWindow::TellFailure(Action action) {
         MessageBoxW(context_.formWindow, Wide(failure.what()).c_str(),
                     Wide(kApplicationTitle).c_str(), MB_OK | MB_ICONWARNING);
     }
-}
-
-RECT ChartWindow::Client() const {
-    RECT client{};
-    GetClientRect(window_, &client);
-    return client;
 }
 
 RECT ChartWindow::Pixels(const Rect& area) const {

@@ -13,16 +13,15 @@ namespace kestrel::ui::win32 {
 /// The window of a chart. It shows hints where the mouse rests; with the keyboard, the arrow keys,
 /// Home and End go from bar to bar and show the same. Ctrl+C copies the chart as a picture, Ctrl+P
 /// prints it, and a context menu offers both.
-class ChartWindow : public ControlView, private OwnWindow {
+class ChartWindow : public OwnWindow {
  public:
     ChartWindow(ViewContext& context, Chart& chart);
 
-    HWND Window() const override { return window_; }
     void Update() override;
     void ScaleChanged() override;
 
  private:
-    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool Command(WORD command);
     bool KeyDown(const KeyEvent& event);
     void OpenMenu(POINT screen);
@@ -33,20 +32,19 @@ class ChartWindow : public ControlView, private OwnWindow {
     void Layout();
     void Paint(HDC dc) const;
     void PaintFocus(HDC dc, const RECT& client) const;
-    void FocusChanged(bool focused);
+    void PaintWindow();
     void MousePressed(POINT place);
     /// Makes a bar the one that keys go on from; -1 for none.
     void Choose(int bar);
 
-    RECT Client() const;
     double Scale() const { return context_.dpi / 96.0; }
     RECT Pixels(const Rect& area) const;
 
     Chart& chart_;
     ChartDrawing drawing_;
-    std::optional<ChartHintWindow> hints_;  ///< none while the window is being created
-    std::uint64_t shownChanges_ = 0;        ///< of the model
-    int chosen_ = -1;                       ///< index of a bar of the drawing; -1 for none
+    ChartHintWindow hints_;
+    std::uint64_t shownChanges_ = 0;  ///< of the model
+    int chosen_ = -1;                 ///< index of a bar of the drawing; -1 for none
 };
 
 }  // namespace kestrel::ui::win32
