@@ -1,24 +1,11 @@
 #include "ui/win32/FormKeys.h"
 
-#include <algorithm>
-#include <iterator>
+#include <optional>
+
+#include "ui/win32/KeyInput.h"
 
 namespace kestrel::ui::win32 {
 namespace {
-
-struct NamedKey {
-    WPARAM code;
-    Key key;
-};
-constexpr NamedKey kNamedKeys[] = {
-    {VK_BACK, Key::Back},     {VK_TAB, Key::Tab},       {VK_RETURN, Key::Enter},
-    {VK_ESCAPE, Key::Escape}, {VK_SPACE, Key::Space},   {VK_PRIOR, Key::PageUp},
-    {VK_NEXT, Key::PageDown}, {VK_END, Key::End},       {VK_HOME, Key::Home},
-    {VK_LEFT, Key::Left},     {VK_UP, Key::Up},         {VK_RIGHT, Key::Right},
-    {VK_DOWN, Key::Down},     {VK_DELETE, Key::Delete}, {VK_F2, Key::F2},
-};
-
-bool IsHeld(int key) { return GetKeyState(key) < 0; }
 
 bool IsLetterOrDigit(WPARAM key) {
     return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
@@ -60,23 +47,6 @@ bool IsTyped(ViewContext& context, const MSG& message) {
 }
 
 }  // namespace
-
-std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey) {
-    KeyEvent event;
-    const auto* const named =
-        std::find_if(std::begin(kNamedKeys), std::end(kNamedKeys),
-                     [&](const NamedKey& one) { return one.code == virtualKey; });
-    if (named != std::end(kNamedKeys))
-        event.key = named->key;
-    else if (IsLetterOrDigit(virtualKey))
-        event.letter = static_cast<char32_t>(virtualKey);
-    else
-        return {};
-    event.shift = IsHeld(VK_SHIFT);
-    event.ctrl = IsHeld(VK_CONTROL);
-    event.alt = IsHeld(VK_MENU);
-    return event;
-}
 
 KeyEvent AccessKey(char32_t letter) {
     KeyEvent event;

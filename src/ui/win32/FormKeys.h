@@ -2,17 +2,11 @@
 
 #include <windows.h>
 // windows.h first
-#include <optional>
-
 #include "ui/controls/Events.h"
 #include "ui/win32/ControlView.h"
 
 /// Who gets a key: the window that has the keyboard, or the form.
 namespace kestrel::ui::win32 {
-
-/// The key of a WM_KEYDOWN or WM_SYSKEYDOWN with what is held down beside it; nothing for a key
-/// that no model knows.
-std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey);
 
 /// A letter or digit as an access key.
 KeyEvent AccessKey(char32_t letter);

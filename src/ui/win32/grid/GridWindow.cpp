@@ -106,7 +106,7 @@ std::optional<LRESULT> GridWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
         default:
             if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
                 return HandleMouse(message, wParam, lParam);
-            return HandleKeyboard(message, wParam);
+            return HandleKeyboard(message, wParam, lParam);
     }
 }
 

@@ -1,5 +1,6 @@
 #include <windowsx.h>
 
+#include "ui/win32/KeyInput.h"
 #include "ui/win32/grid/GridWindow.h"
 
 /// What the user does with keyboard and mouse.
@@ -8,7 +9,8 @@ namespace {
 
 using kestrel::win32::WindowDc;
 
-constexpr int kColumnStep = 8;  // units that a key widens a column by
+constexpr LPARAM kRepeated = 0x40000000;  // of a key message: the key was down before
+constexpr int kColumnStep = 8;            // units that a key widens a column by
 
 std::optional<LRESULT> Done(bool used) { return used ? std::optional<LRESULT>(0) : std::nullopt; }
 
@@ -16,19 +18,17 @@ POINT PointOf(LPARAM place) { return {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
 
 }  // namespace
 
-std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam) {
+std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS;
         case WM_KEYDOWN:
-            return Done(KeyDown(wParam));
+            return Done(KeyDown(wParam, (lParam & kRepeated) != 0));
         case WM_CHAR:
             Character(wParam);
             return 0;
         case WM_SYSKEYDOWN:
             return Done(SystemKeyDown(wParam));
-        case WM_SYSCHAR:
-            return Done(SystemCharacter(wParam));
         case WM_SETFOCUS:
             FocusGained();
             return 0;
@@ -46,7 +46,7 @@ std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam) {
     }
 }
 
-bool GridWindow::KeyDown(WPARAM virtualKey) {
+bool GridWindow::KeyDown(WPARAM virtualKey, bool repeated) {
     if (virtualKey == VK_ADD && IsDown(VK_CONTROL)) {  // as in the system's own lists
         FitAllColumns();
         return true;
@@ -55,27 +55,18 @@ bool GridWindow::KeyDown(WPARAM virtualKey) {
     if (!event) return false;
     bool used = false;
     ViewContext& context = context_;
-    context.Deliver([&] { used = context.form->KeyDown(*event); });
+    context.Deliver([&] {
+        // Held down, Enter and Esc work on in the grid, but must not answer the next window.
+        const bool gridOnly = repeated && (event->key == Key::Enter || event->key == Key::Escape);
+        used = gridOnly ? grid_.KeyDown(*event) : context.form->KeyDown(*event);
+    });
     return used;
 }
 
-/// Access keys come as WM_SYSCHAR, when the loop that fetched the message had no use for them.
 bool GridWindow::SystemKeyDown(WPARAM virtualKey) {
     if (IsDown(VK_CONTROL) || (virtualKey != VK_LEFT && virtualKey != VK_RIGHT)) return false;
     WidenColumn(virtualKey == VK_RIGHT ? kColumnStep : -kColumnStep);
     return true;
-}
-
-bool GridWindow::SystemCharacter(WPARAM unit) {
-    KeyEvent event;
-    event.alt = true;
-    event.shift = IsDown(VK_SHIFT);
-    event.letter = static_cast<char32_t>(
-        reinterpret_cast<ULONG_PTR>(CharUpperW(reinterpret_cast<LPWSTR>(unit & 0xFFFF))));
-    bool used = false;
-    ViewContext& context = context_;
-    context.Deliver([&] { used = context.form->KeyDown(event); });
-    return used;
 }
 
 void GridWindow::Character(WPARAM unit) {
@@ -90,9 +81,6 @@ void GridWindow::Character(WPARAM unit) {
 void GridWindow::FocusGained() {
     InvalidateRect(window_, nullptr, FALSE);
     UpdateCaret();
-    ViewContext& context = context_;
-    if (context.form->Focus() == &grid_) return;
-    context.Deliver([&] { context.form->SetFocus(grid_); });
 }
 
 void GridWindow::FocusLost() {

@@ -1,4 +1,4 @@
-#include "ui/win32/grid/KeyInput.h"
+#include "ui/win32/KeyInput.h"
 
 #include <utility>
 
