@@ -1,30 +1,18 @@
 #include "ui/win32/chart/ChartMetafile.h"
 
 #include <string>
+#include <utility>
 
+#include "platform/win32/Clipboard.h"
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
 #include "ui/win32/chart/ChartPainter.h"
-#include "util/Errors.h"
 
 namespace kestrel::ui::win32 {
 namespace {
 
 constexpr int kUnitsPerInch = 96;
 constexpr int kFramePerInch = 2540;  ///< frames are in hundredths of a millimetre
-
-/// For as long as the clipboard is the program's.
-class OpenedClipboard {
- public:
-    explicit OpenedClipboard(HWND owner) {
-        if (!OpenClipboard(owner))
-            throw DataError(
-                "The chart was not copied because another program uses the clipboard; try again.");
-    }
-    OpenedClipboard(const OpenedClipboard&) = delete;
-    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
-    ~OpenedClipboard() { CloseClipboard(); }
-};
 
 /// The context that draws a metafile.
 class Recording {
@@ -39,18 +27,17 @@ class Recording {
         if (dc_) DeleteEnhMetaFile(CloseEnhMetaFile(dc_));
     }
     HDC Dc() const { return dc_; }
-    /// Ends the recording.
-    Metafile Close() { return Metafile(CloseEnhMetaFile(std::exchange(dc_, nullptr))); }
+    Metafile Close() {
+        Metafile closed(CloseEnhMetaFile(std::exchange(dc_, nullptr)));
+        if (!closed) kestrel::win32::RaiseGdiError("cannot finish a metafile");
+        return closed;
+    }
 
  private:
     HDC dc_;
 };
 
 }  // namespace
-
-Metafile::Metafile(HENHMETAFILE closed) : file_(closed) {
-    if (!file_) kestrel::win32::RaiseGdiError("cannot make a metafile");
-}
 
 Metafile RecordChart(const ChartDrawing& drawing) {
     const kestrel::win32::WindowDc screen(nullptr);
@@ -69,14 +56,11 @@ Metafile RecordChart(const ChartDrawing& drawing) {
     return recording.Close();
 }
 
-void CopyChart(HWND owner, const ChartDrawing& drawing) {
+void CopyChart(const ChartDrawing& drawing) {
     Metafile picture = RecordChart(drawing);
-    const OpenedClipboard clipboard(owner);
-    EmptyClipboard();
-    if (SetClipboardData(CF_ENHMETAFILE, picture.Get()))
-        static_cast<void>(picture.Detach());  // the clipboard's from here on
-    else
-        throw DataError("The chart was not copied because the clipboard refused it; try again.");
+    kestrel::win32::Clipboard clipboard;
+    clipboard.Put(CF_ENHMETAFILE, picture.Get());
+    static_cast<void>(picture.Detach());  // the clipboard's from here on
 }
 
 }  // namespace kestrel::ui::win32

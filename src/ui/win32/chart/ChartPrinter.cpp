@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "platform/win32/Gdi.h"
+#include "platform/win32/Handles.h"
 #include "platform/win32/WideText.h"
 #include "ui/win32/chart/ChartPainter.h"
 #include "util/Errors.h"
@@ -14,20 +15,6 @@ namespace kestrel::ui::win32 {
 namespace {
 
 constexpr double kMarginInches = 0.5;
-
-/// Owns a block of the system's global memory.
-class GlobalBlock {
- public:
-    explicit GlobalBlock(HGLOBAL block) : block_(block) {}
-    GlobalBlock(const GlobalBlock&) = delete;
-    GlobalBlock& operator=(const GlobalBlock&) = delete;
-    ~GlobalBlock() {
-        if (block_) GlobalFree(block_);
-    }
-
- private:
-    HGLOBAL block_;
-};
 
 /// The user has cancelled in a dialog of the printer's own.
 struct PrintingCancelled {};
@@ -111,7 +98,7 @@ void AskAndPrintChart(HWND owner, const ChartDrawing& drawing, const std::string
     dialog.hwndOwner = owner;
     dialog.Flags = PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE;
     const BOOL chosen = PrintDlgW(&dialog);
-    const GlobalBlock mode(dialog.hDevMode), names(dialog.hDevNames);
+    const kestrel::win32::GlobalMemory mode(dialog.hDevMode), names(dialog.hDevNames);
     if (!chosen) {
         if (CommDlgExtendedError() == 0) return;
         throw DataError(

@@ -200,7 +200,7 @@ void ChartWindow::OpenMenu(POINT screen) {
 bool ChartWindow::Command(WORD command) {
     switch (command) {
         case kCopy:
-            TellFailure([this] { CopyChart(Window(), drawing_); });
+            TellFailure([this] { CopyChart(drawing_); });
             return true;
         case kPrint:
             TellFailure([this] {
