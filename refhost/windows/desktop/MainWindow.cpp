@@ -210,7 +210,7 @@ void MainWindow::Refresh() {
         SetWindowTextW(window_, title.c_str());
         title_ = std::move(title);
     }
-    pane_->Refresh();
+    pane_->Update();
     ShowStatus();
 }
 

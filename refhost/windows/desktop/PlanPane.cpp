@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "refhost/windows/desktop/PlanPainter.h"
-#include "ui/win32/KeyEvents.h"
+#include "ui/win32/KeyInput.h"
 
 namespace refhost::win32 {
 namespace {
@@ -19,16 +19,16 @@ int BarHeight() { return GetSystemMetrics(SM_CYHSCROLL); }
 }  // namespace
 
 PlanPane::PlanPane(kestrel::ui::win32::ViewContext& context, Workbench& bench)
-    : OwnWindow(context, L"KestrelPlanPane"), bench_(bench) {
-    Create(WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP);
-    fonts_.emplace(context.dpi);
-    rows_.emplace(window_, context.module, true);
-    table_.emplace(window_, context.module, false);
-    time_.emplace(window_, context.module, false);
-    LayOut();
+    : OwnWindow(context, L"KestrelPlanPane", WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP),
+      bench_(bench),
+      fonts_(context.dpi),
+      rows_(Window(), context.module, true),
+      table_(Window(), context.module, false),
+      time_(Window(), context.module, false) {
+    Begin();
 }
 
-LRESULT PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT:
             Paint();
@@ -43,18 +43,17 @@ LRESULT PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            InvalidateRect(window_, nullptr, FALSE);
+            InvalidateRect(Window(), nullptr, FALSE);
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
             palette_ = Palette::Current();
-            InvalidateRect(window_, nullptr, FALSE);
+            InvalidateRect(Window(), nullptr, FALSE);
             return 0;
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN: {
             const auto event = kestrel::ui::win32::KeyEventOf(wParam);
-            if (!event || !bench_.View() || !bench_.View()->KeyDown(*event))
-                return Default(message, wParam, lParam);
+            if (!event || !bench_.View() || !bench_.View()->KeyDown(*event)) return std::nullopt;
             AfterInput();
             return 0;
         }
@@ -64,7 +63,7 @@ LRESULT PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_SETCURSOR:
             if (LOWORD(lParam) == HTCLIENT && ChooseCursor()) return TRUE;
-            return Default(message, wParam, lParam);
+            return std::nullopt;
         case WM_CONTEXTMENU:
             OpenMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
@@ -73,21 +72,21 @@ LRESULT PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-LRESULT PlanPane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> PlanPane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
             Press(lParam, message == WM_LBUTTONDBLCLK);
             return 0;
         case WM_MOUSEMOVE:
-            if (GetCapture() == window_ && bench_.View()) {
+            if (GetCapture() == Window() && bench_.View()) {
                 bench_.View()->MouseMove(Units(GET_X_LPARAM(lParam)));
                 LayOut();
-                Refresh();
+                Update();
             }
             return 0;
         case WM_LBUTTONUP:
-            if (GetCapture() == window_) ReleaseCapture();
+            if (GetCapture() == Window()) ReleaseCapture();
             return 0;
         case WM_CAPTURECHANGED:
             if (bench_.View()) bench_.View()->MouseUp();
@@ -98,7 +97,7 @@ LRESULT PlanPane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
                   message == WM_MOUSEHWHEEL, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
         default:
-            return Default(message, wParam, lParam);
+            return std::nullopt;
     }
 }
 
@@ -106,51 +105,50 @@ int PlanPane::Units(int pixels) const { return static_cast<int>(std::floor(pixel
 
 RECT PlanPane::PlanArea() const {
     RECT area{};
-    GetClientRect(window_, &area);
+    GetClientRect(Window(), &area);
     area.right = std::max<LONG>(1, area.right - BarWidth());
     area.bottom = std::max<LONG>(1, area.bottom - BarHeight());
     return area;
 }
 
 void PlanPane::Place(const RECT& place) {
-    MoveWindow(window_, place.left, place.top, place.right - place.left, place.bottom - place.top,
+    MoveWindow(Window(), place.left, place.top, place.right - place.left, place.bottom - place.top,
                TRUE);
 }
 
 void PlanPane::ScaleChanged() {
-    fonts_.emplace(context_.dpi);
+    fonts_ = PlanFonts(context_.dpi);
     LayOut();
 }
 
 void PlanPane::LayOut() {
-    if (!time_) return;  // while the window is being created
     const RECT area = PlanArea();
     int splitter = area.right / 2;
     if (PlanView* view = bench_.View()) {
         view->Resize(Units(area.right), Units(area.bottom));
         splitter = static_cast<int>(std::lround(view->ChartLeft() * Scale()));
     }
-    rows_->Place({area.right, 0, area.right + BarWidth(), area.bottom});
-    table_->Place({0, area.bottom, splitter, area.bottom + BarHeight()});
-    time_->Place({splitter, area.bottom, area.right, area.bottom + BarHeight()});
+    rows_.Place({area.right, 0, area.right + BarWidth(), area.bottom});
+    table_.Place({0, area.bottom, splitter, area.bottom + BarHeight()});
+    time_.Place({splitter, area.bottom, area.right, area.bottom + BarHeight()});
     UpdateScrollBars();
-    InvalidateRect(window_, nullptr, FALSE);
+    InvalidateRect(Window(), nullptr, FALSE);
 }
 
 void PlanPane::UpdateScrollBars() {
     const PlanView* view = bench_.View();
     if (!view) {
-        for (auto* bar : {&*rows_, &*table_, &*time_}) bar->Set(1, 1, 0);
+        for (auto* bar : {&rows_, &table_, &time_}) bar->Set(1, 1, 0);
         return;
     }
-    rows_->Set(static_cast<int>(view->Outline().RowCount()), static_cast<int>(view->WholeRows()),
-               static_cast<int>(view->FirstRow()));
-    table_->Set(view->Table().TotalWidth(), view->TableWidth(), view->TableLeft());
-    time_->Set(static_cast<int>(view->TimeTo() - view->TimeFrom()), view->ChartWidth(),
-               static_cast<int>(view->TimeLeft() - view->TimeFrom()));
+    rows_.Set(static_cast<int>(view->Outline().RowCount()), static_cast<int>(view->WholeRows()),
+              static_cast<int>(view->FirstRow()));
+    table_.Set(view->Table().TotalWidth(), view->TableWidth(), view->TableLeft());
+    time_.Set(static_cast<int>(view->TimeTo() - view->TimeFrom()), view->ChartWidth(),
+              static_cast<int>(view->TimeLeft() - view->TimeFrom()));
 }
 
-void PlanPane::Refresh() {
+void PlanPane::Update() {
     PlanView* view = bench_.View();
     if (view != shownView_) {
         shownView_ = view;
@@ -160,11 +158,11 @@ void PlanPane::Refresh() {
     shownChanges_ = view->Changes();
     UpdateScrollBars();
     const RECT area = PlanArea();
-    InvalidateRect(window_, &area, FALSE);
+    InvalidateRect(Window(), &area, FALSE);
 }
 
 void PlanPane::Paint() {
-    const kestrel::win32::PaintScope paint(window_);
+    const kestrel::win32::PaintScope paint(Window());
     const RECT area = PlanArea();
     if (!picture_ || pictureSize_.cx != area.right || pictureSize_.cy != area.bottom) {
         picture_.reset();
@@ -174,7 +172,7 @@ void PlanPane::Paint() {
     PaintPlanInto(picture_->Dc());
     picture_->CopyTo(paint.Dc(), area);
     RECT corner{};  // between the scroll bars
-    GetClientRect(window_, &corner);
+    GetClientRect(Window(), &corner);
     corner = {area.right, area.bottom, corner.right, corner.bottom};
     FillRect(paint.Dc(), &corner, GetSysColorBrush(COLOR_3DFACE));
 }
@@ -183,15 +181,15 @@ void PlanPane::PaintPlanInto(HDC dc) {
     const RECT area = PlanArea();
     const PlanView* view = bench_.View();
     if (!view) return PaintNothingOpen(dc, area);
-    const PaintTools tools(dc, context_.dpi, palette_, *fonts_);
-    PaintPlan(tools, *view, {GetFocus() == window_, bench_.Now()}, area.right / Scale(),
+    const PaintTools tools(dc, context_.dpi, palette_, fonts_);
+    PaintPlan(tools, *view, {GetFocus() == Window(), bench_.Now()}, area.right / Scale(),
               area.bottom / Scale());
 }
 
 void PlanPane::PaintNothingOpen(HDC dc, const RECT& area) {
-    const PaintTools tools(dc, context_.dpi, palette_, *fonts_);
+    const PaintTools tools(dc, context_.dpi, palette_, fonts_);
     tools.Fill(area, palette_.paper);
-    tools.Text(kNothingOpen, area, fonts_->usual.Get(), palette_.faintText, DT_CENTER);
+    tools.Text(kNothingOpen, area, fonts_.usual.Get(), palette_.faintText, DT_CENTER);
 }
 
 }  // namespace refhost::win32

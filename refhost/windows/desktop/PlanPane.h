@@ -13,22 +13,20 @@ namespace refhost::win32 {
 
 /// The window of the plan: table and chart side by side with their scroll bars. It paints what the
 /// view says and hands it keys and mouse.
-class PlanPane : private kestrel::ui::win32::OwnWindow {
+class PlanPane : public kestrel::ui::win32::OwnWindow {
  public:
     /// A child of the context's window. `context.afterEvent` is called after everything the user
     /// did here.
     PlanPane(kestrel::ui::win32::ViewContext& context, Workbench& bench);
 
-    HWND Window() const { return window_; }
-    /// Brings the window in step with the view, repainting when it has changed.
-    void Refresh();
+    void Update() override;
     void Place(const RECT& place);
     /// The context's dpi has changed.
-    void ScaleChanged();
+    void ScaleChanged() override;
 
  private:
-    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
-    LRESULT HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     void LayOut();
     void UpdateScrollBars();
     void Paint();
@@ -46,9 +44,9 @@ class PlanPane : private kestrel::ui::win32::OwnWindow {
     RECT PlanArea() const;  ///< pixels beside the scroll bars
 
     Workbench& bench_;
-    std::optional<PlanFonts> fonts_;
+    PlanFonts fonts_;
     Palette palette_ = Palette::Current();
-    std::optional<ScrollBar> rows_, table_, time_;
+    ScrollBar rows_, table_, time_;
     std::optional<kestrel::win32::MemoryPicture> picture_;  ///< kept while the size stays
     SIZE pictureSize_{};
     PlanView* shownView_ = nullptr;  ///< compared only

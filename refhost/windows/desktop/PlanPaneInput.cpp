@@ -28,10 +28,10 @@ void PlanPane::AfterInput() {
 }
 
 void PlanPane::Press(LPARAM place, bool doubleClick) {
-    SetFocus(window_);
+    SetFocus(Window());
     PlanView* view = bench_.View();
     if (!view) return;
-    SetCapture(window_);
+    SetCapture(Window());
     kestrel::ui::MouseEvent event;
     event.x = Units(GET_X_LPARAM(place));
     event.y = Units(GET_Y_LPARAM(place));
@@ -44,13 +44,13 @@ void PlanPane::Press(LPARAM place, bool doubleClick) {
 void PlanPane::Scroll(HWND bar, WORD code) {
     PlanView* view = bench_.View();
     if (!view) return;
-    if (bar == rows_->Window())
-        view->ScrollToRow(rows_->Wanted(code, 1));
-    else if (bar == table_->Window())
-        view->ScrollTableTo(table_->Wanted(code, kTableLine));
+    if (bar == rows_.Window())
+        view->ScrollToRow(rows_.Wanted(code, 1));
+    else if (bar == table_.Window())
+        view->ScrollTableTo(table_.Wanted(code, kTableLine));
     else
-        view->ScrollTimeTo(view->TimeFrom() + time_->Wanted(code, kTimeLine));
-    Refresh();
+        view->ScrollTimeTo(view->TimeFrom() + time_.Wanted(code, kTimeLine));
+    Update();
 }
 
 /// With Ctrl the wheel zooms, with Shift it moves the time.
@@ -61,7 +61,7 @@ void PlanPane::Wheel(short delta, WORD keys, bool across, POINT screen) {
         const int direction = across ? 1 : -1;
         view->ScrollTimeTo(view->TimeLeft() +
                            direction * static_cast<double>(delta) * kWheelTime / WHEEL_DELTA);
-        return Refresh();
+        return Update();
     }
     // Fine wheels turn by parts of a notch; a turn back starts anew.
     if ((wheelRest_ > 0) != (delta > 0)) wheelRest_ = 0;
@@ -70,12 +70,12 @@ void PlanPane::Wheel(short delta, WORD keys, bool across, POINT screen) {
     const int turned = wheelRest_ + delta * steps;
     wheelRest_ = turned % WHEEL_DELTA;
     if (zooms) {
-        ScreenToClient(window_, &screen);
+        ScreenToClient(Window(), &screen);
         view->Zoom(turned / WHEEL_DELTA, std::max(Units(screen.x), view->ChartLeft()));
     } else {
         view->ScrollToRow(static_cast<std::ptrdiff_t>(view->FirstRow()) - turned / WHEEL_DELTA);
     }
-    Refresh();
+    Update();
 }
 
 bool PlanPane::ChooseCursor() const {
@@ -83,7 +83,7 @@ bool PlanPane::ChooseCursor() const {
     if (!view) return false;
     POINT place{};
     GetCursorPos(&place);
-    ScreenToClient(window_, &place);
+    ScreenToClient(Window(), &place);
     const PlanPlace at = view->At(Units(place.x), Units(place.y));
     if (at.kind != PlanPlace::Kind::Splitter && at.kind != PlanPlace::Kind::ColumnBorder)
         return false;
@@ -102,18 +102,18 @@ void PlanPane::OpenMenu(POINT screen) {
             static_cast<LONG>(60 * Scale()),
             static_cast<LONG>((PlanView::kHeaderHeight + kRowHeight * static_cast<double>(below)) *
                               Scale())};
-        ClientToScreen(window_, &screen);
+        ClientToScreen(Window(), &screen);
     } else {
         POINT place = screen;
-        ScreenToClient(window_, &place);
+        ScreenToClient(Window(), &place);
         Press(MAKELPARAM(place.x, place.y), false);
-        if (GetCapture() == window_) ReleaseCapture();
+        if (GetCapture() == Window()) ReleaseCapture();
     }
     const HMENU menu = CreatePopupMenu();
     AppendMenuW(menu, MF_STRING, kAssign, L"&Assign Risk Factors...\tEnter");
     AppendMenuW(menu, MF_STRING, kGoTo, L"&Go to Task\tCtrl+G");
     const int chosen = TrackPopupMenuEx(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x, screen.y,
-                                        window_, nullptr);
+                                        Window(), nullptr);
     DestroyMenu(menu);
     if (chosen == kAssign) bench_.Run(WorkbenchCommand::AssignFactors);
     if (chosen == kGoTo) bench_.Run(WorkbenchCommand::GoToSelectedTask);
