@@ -47,20 +47,17 @@ DWORD StyleOf(const Form& form) {
     return style;
 }
 
-DWORD ExtendedStyleOf(const Form& form) {
-    return WS_EX_CONTROLPARENT | (IsResizable(form) ? 0u : WS_EX_DLGMODALFRAME);
-}
+// Dialogs have no icon of their own.
+constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
 
 }  // namespace
 
 FormWindow::FormWindow(HINSTANCE module, Form& form, HWND owner)
-    : style_(StyleOf(form)),
-      extendedStyle_(ExtendedStyleOf(form)),
-      class_(FormClass(module, Procedure)) {
+    : style_(StyleOf(form)), class_(FormClass(module, Procedure)) {
     SetUpContext(module, form);
     const POINT start = PlaceFor(form, owner, {});
     window_ = WindowHandle(
-        CreateWindowExW(extendedStyle_, class_.Name(), kestrel::win32::Wide(form.Caption()).c_str(),
+        CreateWindowExW(kExtendedStyle, class_.Name(), kestrel::win32::Wide(form.Caption()).c_str(),
                         style_, start.x, start.y, 0, 0, owner, nullptr, module, nullptr));
     SetWindowLongPtrW(Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     context_.formWindow = Handle();
@@ -96,16 +93,18 @@ void FormWindow::AddChildren() {
     }
 }
 
-SIZE FormWindow::InnerSize() const {
+SIZE FormWindow::LeastSize() const {
     int missing = 0;
     for (const auto& child : children_)
         if (child->systemView) missing = std::max(missing, child->systemView->MissingHeight());
-    const Form& form = *context_.form;
-    return {context_.Pixels(form.DesignWidth()), context_.Pixels(form.DesignHeight()) + missing};
+    Form& form = *context_.form;
+    const int height = context_.Pixels(form.AdjustedHeight(form.DesignHeight()));
+    return WindowSize({context_.Pixels(form.DesignWidth()), height + missing}, style_,
+                      kExtendedStyle, context_.dpi);
 }
 
 void FormWindow::Place(HWND owner) {
-    const SIZE size = WindowSize(InnerSize(), style_, extendedStyle_, context_.dpi);
+    const SIZE size = LeastSize();
     const POINT place = PlaceFor(*context_.form, owner, size);
     SetWindowPos(Handle(), nullptr, place.x, place.y, size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);

@@ -51,7 +51,8 @@ class FormWindow {
 
     void SetUpContext(HINSTANCE module, Form& form);
     void AddChildren();
-    SIZE InnerSize() const;
+    /// Of the design; larger where a text needs it.
+    SIZE LeastSize() const;
     void Place(HWND owner);
 
     /// @name What the user does to the window
@@ -74,7 +75,6 @@ class FormWindow {
 
     ViewContext context_;
     DWORD style_ = 0;
-    DWORD extendedStyle_ = 0;
     kestrel::win32::Font font_;
     std::vector<std::unique_ptr<Child>> children_;
     bool updating_ = false;       ///< what windows tell meanwhile is our own doing

@@ -160,7 +160,7 @@ void FormWindow::LayOut() {
 }
 
 void FormWindow::LimitSize(MINMAXINFO& limits) const {
-    const SIZE least = WindowSize(InnerSize(), style_, extendedStyle_, context_.dpi);
+    const SIZE least = LeastSize();
     limits.ptMinTrackSize = {least.cx, least.cy};
 }
 
@@ -174,8 +174,11 @@ void FormWindow::ChooseFont() {
 void FormWindow::ChangeScale(UINT dpi, const RECT& place) {
     context_.dpi = dpi;
     ChooseFont();
-    SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const SIZE size = style_ & WS_THICKFRAME
+                          ? SIZE{place.right - place.left, place.bottom - place.top}
+                          : LeastSize();
+    SetWindowPos(Handle(), nullptr, place.left, place.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     LayOut();
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }

@@ -22,7 +22,8 @@ void TextBoxView::Commanded(WORD code) {
 void TextBoxView::After(UINT message, WPARAM, LPARAM) {
     // As in the system's dialogs, who comes by keyboard replaces the text by typing. Who clicks
     // has the mouse's button down.
-    if (message == WM_SETFOCUS && GetKeyState(VK_LBUTTON) >= 0) Tell(EM_SETSEL, 0, -1);
+    if (message == WM_SETFOCUS && GetKeyState(VK_LBUTTON) >= 0 && !box_.ReadOnly())
+        Tell(EM_SETSEL, 0, -1);
 }
 
 void TextBoxView::Show() {

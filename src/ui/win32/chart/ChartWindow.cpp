@@ -13,7 +13,7 @@
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
 #include "ui/controls/ChartHints.h"
-#include "ui/win32/FormKeys.h"
+#include "ui/win32/KeyInput.h"
 #include "ui/win32/chart/ChartFonts.h"
 #include "ui/win32/chart/ChartMetafile.h"
 #include "ui/win32/chart/ChartPainter.h"

@@ -10,11 +10,11 @@
 #include "ui/controls/Grid.h"
 #include "ui/win32/ControlView.h"
 #include "ui/win32/WindowHandle.h"
-#include "ui/win32/KeyInput.h"
 #include "ui/win32/grid/GridCaret.h"
 #include "ui/win32/grid/GridPainter.h"
 #include "ui/win32/grid/GridScroll.h"
 #include "ui/win32/grid/GridSnapshot.h"
+#include "ui/win32/KeyInput.h"
 
 namespace kestrel::ui::win32 {
 
@@ -36,14 +36,15 @@ class GridWindow : public ControlView {
     /// gone afterwards.
     ///@{
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam);
     std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     ///@}
 
     /// @name Keyboard
     ///@{
-    bool KeyDown(WPARAM virtualKey, bool repeated);
+    bool KeyDown(WPARAM virtualKey);
     bool SystemKeyDown(WPARAM virtualKey);
+    bool SystemCharacter(WPARAM unit);
     void Character(WPARAM unit);
     void FocusGained();
     void FocusLost();
