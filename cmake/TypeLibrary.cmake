@@ -27,6 +27,7 @@ function(kestrel_type_library name idl)
     set(widl ${KESTREL_WIDL} -I${KESTREL_WIDL_IMPORTS} -I${folder} -L${KESTREL_WIDL_LIBRARIES})
     add_custom_command(OUTPUT ${out}/${name}.tlb ${out}/${name}.h
         COMMAND ${widl} -t -o ${out}/${name}.tlb ${idl}
+        COMMAND ${CMAKE_SOURCE_DIR}/scripts/undate-typelib ${out}/${name}.tlb
         COMMAND ${widl} -h -o ${out}/${name}.h ${idl}
         DEPENDS ${beside} VERBATIM)
     file(WRITE ${out}/${name}.rc "1 TYPELIB \"${out}/${name}.tlb\"\n")

@@ -80,16 +80,17 @@ void ComAddIn::Start() {
     started_ = true;
 }
 
-void ComAddIn::RunCommand(const wchar_t* command, const std::string& path) {
-    DialogAnswerer answers(session_.Desktop(), path);
+void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
+                          const std::string& name) {
+    DialogAnswerer answers(session_.Desktop(), path, name);
     CallMethod(*addIn_, command);
     answers.RaiseFailure();
 }
 
 void ComAddIn::Save() {
-    const ExchangeFile exchange;
-    RunCommand(L"LaunchSave", exchange.Path());
     CliDesktop& desktop = session_.Desktop();
+    const ExchangeFile exchange;
+    RunCommand(L"LaunchSave", exchange.Path(), desktop.fileToSave);
     if (exchange.Exists()) desktop.WriteFile(desktop.fileToSave, desktop.ReadFile(exchange.Path()));
 }
 
@@ -97,7 +98,7 @@ void ComAddIn::Load() {
     CliDesktop& desktop = session_.Desktop();
     const ExchangeFile exchange;
     kestrel::ReplaceWholeFile(exchange.Path(), desktop.ReadFile(desktop.fileToOpen));
-    RunCommand(L"LaunchLoad", exchange.Path());
+    RunCommand(L"LaunchLoad", exchange.Path(), desktop.fileToOpen);
 }
 
 }  // namespace refhost

@@ -30,8 +30,8 @@ class ComAddIn : public AddIn {
 
  private:
     void OfferHost();
-    /// Calls the command with every file dialog answered by `path`.
-    void RunCommand(const wchar_t* command, const std::string& path);
+    /// Calls the command, its file dialog answered by `path`, which messages call `name`.
+    void RunCommand(const wchar_t* command, const std::string& path, const std::string& name);
 
     Session& session_;
     SessionProgram program_;

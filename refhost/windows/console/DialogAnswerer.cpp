@@ -81,8 +81,8 @@ void Press(HWND dialog, int code) {
 
 }  // namespace
 
-DialogAnswerer::DialogAnswerer(kestrel::Desktop& desktop, std::string path)
-    : desktop_(desktop), path_(std::move(path)) {
+DialogAnswerer::DialogAnswerer(kestrel::Desktop& desktop, std::string path, std::string name)
+    : desktop_(desktop), path_(std::move(path)), name_(std::move(name)) {
     current = this;
     timer_ = SetTimer(nullptr, 0, kInterval, OnTimer);
 }
@@ -127,10 +127,15 @@ void DialogAnswerer::Visit(HWND dialog) {
     }
 }
 
+std::string DialogAnswerer::Message(HWND box) const {
+    std::string text = TextOf(GetDlgItem(box, kMessageText));
+    if (const auto at = text.find(path_); at != text.npos) text.replace(at, path_.size(), name_);
+    return text;
+}
+
 void DialogAnswerer::AnswerMessage(HWND box) {
     const std::vector<int> buttons = Buttons(box);
-    switch (
-        desktop_.ShowMessage(TextOf(GetDlgItem(box, kMessageText)), KindOf(buttons), TextOf(box))) {
+    switch (desktop_.ShowMessage(Message(box), KindOf(buttons), TextOf(box))) {
         case MessageAnswer::Yes:
             return Press(box, IDYES);
         case MessageAnswer::No:
@@ -143,11 +148,10 @@ void DialogAnswerer::AnswerMessage(HWND box) {
 }
 
 void DialogAnswerer::AnswerFileDialog(HWND dialog) {
-    const std::string path = std::exchange(path_, {});
     const HWND field = FileNameField(dialog);
-    if (path.empty() || !field) return Press(dialog, IDCANCEL);
+    if (std::exchange(pathGiven_, true) || !field) return Press(dialog, IDCANCEL);
     SendMessageW(field, WM_SETTEXT, 0,
-                 reinterpret_cast<LPARAM>(kestrel::win32::Wide(path).c_str()));
+                 reinterpret_cast<LPARAM>(kestrel::win32::Wide(path_).c_str()));
     Press(dialog, IDOK);
 }
 

@@ -18,8 +18,9 @@ namespace refhost {
 /// hook is told of a file dialog its controls are not all there yet.
 class DialogAnswerer {
  public:
-    /// `path` answers the first file dialog; a further one is cancelled.
-    DialogAnswerer(kestrel::Desktop& desktop, std::string path);
+    /// `path` answers the first file dialog; a further one is cancelled. Messages that name it
+    /// are told with `name` in its place.
+    DialogAnswerer(kestrel::Desktop& desktop, std::string path, std::string name);
     ~DialogAnswerer();
     DialogAnswerer(const DialogAnswerer&) = delete;
     DialogAnswerer& operator=(const DialogAnswerer&) = delete;
@@ -34,11 +35,14 @@ class DialogAnswerer {
     static BOOL CALLBACK OnWindow(HWND window, LPARAM self) noexcept;
     void Look();
     void Visit(HWND dialog);
+    std::string Message(HWND box) const;
     void AnswerMessage(HWND box);
     void AnswerFileDialog(HWND dialog);
 
     kestrel::Desktop& desktop_;
-    std::string path_;
+    const std::string path_;
+    const std::string name_;
+    bool pathGiven_ = false;
     std::exception_ptr failure_;
     std::map<HWND, int> visits_;  ///< how often a dialog was met, answered at the first
     bool answering_ = false;      ///< a question on the terminal may take its time

@@ -1,13 +1,12 @@
 #include "com/server/AddInObject.h"
 
+#include <memory>
 #include <utility>
 
 #include "com/automation/HostLink.h"
 #include "com/server/Module.h"
 #include "platform/win32/ComErrors.h"
 #include "platform/win32/FloatingPointScope.h"
-#include "platform/win32/Win32Desktop.h"
-#include "ui/win32/WindowRunner.h"
 
 namespace kestrel::com {
 namespace {
@@ -27,13 +26,16 @@ bool IsHostApplication(IDispatch& object) {
 
 }  // namespace
 
-/// One call from the host. The object outlives it even when the host lets go of it meanwhile.
+/// One command or event of the host while it runs. The object outlives it even when the host lets
+/// go of it meanwhile.
 class AddInObject::Call {
  public:
-    explicit Call(AddInObject& object) : self_(&object), object_(object) { object_.busy_ = true; }
+    explicit Call(AddInObject& object)
+        : self_(&object), object_(object), outermost_(!std::exchange(object.busy_, true)) {}
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
     ~Call() {
+        if (!outermost_) return;  // an event, while a command's window is open
         object_.busy_ = false;
         if (std::exchange(object_.siteChanged_, false)) object_.StopListening();
         if (!object_.listening_) object_.LetHostGo();
@@ -42,15 +44,15 @@ class AddInObject::Call {
  private:
     ComPtr<_clsKestrelDll> self_;
     AddInObject& object_;
+    const bool outermost_;
     win32::FloatingPointScope floatingPoint_;
 };
 
 AddInObject::AddInObject(IUnknown* outer)
     : own_(*this),
       outer_(outer ? outer : &own_),
-      desktop_(std::make_unique<win32::Win32Desktop>()),
-      runner_(std::make_unique<ui::win32::WindowRunner>(OwnModule())),
-      addIn_([this] { return AttachHost(); }, *desktop_, *runner_) {}
+      runner_(OwnModule()),
+      addIn_([this] { return AttachHost(); }, desktop_, runner_) {}
 
 AddInObject::~AddInObject() { StopListening(); }
 
@@ -140,9 +142,10 @@ HRESULT AddInObject::LoadType() noexcept {
 template <class Action>
 HRESULT AddInObject::Run(Action action) noexcept try {
     if (busy_)
-        return win32::FailWith(win32::kBusy, kOrigin,
-                               "A command of the risk factors add-in is still open: close its "
-                               "window first.");
+        return win32::FailWith(
+            win32::kBusy, kOrigin,
+            "The risk factors add-in is still at work: close its window, or wait "
+            "for the risk analysis to end, and try again.");
     const Call call(*this);
     action();
     return S_OK;
@@ -215,10 +218,11 @@ ComPtr<IDispatch> AddInObject::HostAsSite() const {
     return application;
 }
 
-host::ApplicationPtr AddInObject::AttachHost() const {
+host::ApplicationPtr AddInObject::AttachHost() {
     ComPtr<IDispatch> application = HostAsSite();
     if (!application) application = FindHost();
-    return WrapApplication(std::move(application));
+    return WrapApplication(std::move(application),
+                           [this] { return std::make_shared<Call>(*this); });
 }
 
 void AddInObject::StopListening() noexcept {

@@ -7,11 +7,12 @@
 #include <KestrelDll.h>
 
 #include <atomic>
-#include <memory>
 
 #include "host/clsKestrelDll.h"
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/ModuleRef.h"
+#include "platform/win32/Win32Desktop.h"
+#include "ui/win32/WindowRunner.h"
 
 namespace kestrel::com {
 
@@ -22,7 +23,8 @@ namespace kestrel::com {
 /// registered one may be another process. The host is held while the add-in listens to it, and
 /// otherwise only during a command, so that neither keeps the other alive.
 ///
-/// One call at a time: another that arrives while a command's window is open fails with kBusy.
+/// One call at a time: another that arrives while a command's window is open, or in the middle of
+/// an analysis event, fails with kBusy.
 class AddInObject final : public _clsKestrelDll,
                           public ISupportErrorInfo,
                           public IProvideClassInfo,
@@ -89,7 +91,7 @@ class AddInObject final : public _clsKestrelDll,
     HRESULT Run(Action action) noexcept;
     HRESULT Run(void (kestrel::clsKestrelDll::*command)()) noexcept;
     HRESULT LoadType() noexcept;
-    host::ApplicationPtr AttachHost() const;
+    host::ApplicationPtr AttachHost();
     win32::ComPtr<IDispatch> HostAsSite() const;
     void StopListening() noexcept;
     /// Only while nothing of the add-in runs that uses the host.
@@ -100,12 +102,12 @@ class AddInObject final : public _clsKestrelDll,
     IUnknown* outer_;  ///< not counted: it holds this object, or is `own_`
     win32::ComPtr<ITypeInfo> type_;
     win32::ComPtr<IUnknown> site_;
-    std::unique_ptr<Desktop> desktop_;
-    std::unique_ptr<ui::FormRunner> runner_;
+    win32::Win32Desktop desktop_;
+    ui::win32::WindowRunner runner_;
     kestrel::clsKestrelDll addIn_;
     bool busy_ = false;
     bool listening_ = false;
-    bool siteChanged_ = false;  ///< while `busy_`
+    bool siteChanged_ = false;  ///< while `busy_`; looked after when it ends
 };
 
 }  // namespace kestrel::com

@@ -57,6 +57,19 @@ LSTATUS Remove(Scope scope, const Entry& entry) {
     return removed == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : removed;
 }
 
+/// A user who has no other class of their own had no such key before.
+void RemoveIfEmpty(Scope scope, const wchar_t* name) {
+    win32::RegistryKey key;
+    DWORD keys = 1, values = 1;
+    if (RegOpenKeyExW(RootOf(scope), ClassesKey(name).c_str(), 0, KEY_READ, key.Out()) ==
+            ERROR_SUCCESS &&
+        RegQueryInfoKeyW(key.Get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+                         nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+        keys == 0 && values == 0)
+        // An empty key that stays does no harm.
+        static_cast<void>(RegDeleteKeyW(RootOf(scope), ClassesKey(name).c_str()));
+}
+
 /// Goes on after a failure, which it answers in the end.
 HRESULT RemoveAll(Scope scope) {
     HRESULT result = UnregisterTypes(scope);
@@ -64,6 +77,7 @@ HRESULT RemoveAll(Scope scope) {
         const LSTATUS removed = Remove(scope, entry);
         if (removed != ERROR_SUCCESS && SUCCEEDED(result)) result = HRESULT_FROM_WIN32(removed);
     }
+    RemoveIfEmpty(scope, L"CLSID");
     return result;
 }
 

@@ -20,6 +20,8 @@ class Variant : public VARIANT {
     ~Variant() { VariantClear(this); }
 
     explicit Variant(std::string_view utf8) : Variant(Bstr(utf8)) {}
+    explicit Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
+    explicit Variant(const void*) = delete;  // would count as a truth value
     explicit Variant(Bstr text) : Variant() {
         vt = VT_BSTR;
         bstrVal = text.Detach();

@@ -149,6 +149,15 @@ void GridHost::Click(POINT place, Modifiers held, int times) {
     Pump();
 }
 
+void GridHost::Wheel(int delta) {
+    RECT place{};
+    GetWindowRect(Window(), &place);
+    INPUT input = MouseInput({place.left + 50, place.top + 100}, MOUSEEVENTF_WHEEL);
+    input.mi.mouseData = static_cast<DWORD>(delta);
+    SendInput(1, &input, sizeof input);
+    Pump();
+}
+
 void GridHost::DragMouse(POINT from, POINT to) {
     ClientToScreen(Window(), &from);
     ClientToScreen(Window(), &to);

@@ -32,6 +32,7 @@ class GridHost {
     /// Not there any more once it has been destroyed.
     ui::win32::ControlView& View() { return *view_; }
     void DestroyView() { view_.reset(); }
+    ui::win32::ViewContext& Context() { return context_; }
 
     /// Handles all messages up to the input that has been sent.
     void Pump();
@@ -41,6 +42,7 @@ class GridHost {
     void PressKey(WORD virtualKey, Modifiers held = {});
     void Type(std::wstring_view text);
     void Click(POINT place, Modifiers held = {}, int times = 1);
+    void Wheel(int delta);
     void DragMouse(POINT from, POINT to);
     ///@}
 

@@ -88,7 +88,11 @@ void SetMessageFont() {
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     metrics.lfMessageFont.lfHeight = -12;  // 9 points
+    wcscpy(metrics.lfMessageFont.lfFaceName, L"Open Sans");
     SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    SystemParametersInfoW(SPI_SETFONTSMOOTHING, TRUE, nullptr, 0);
+    SystemParametersInfoW(SPI_SETFONTSMOOTHINGTYPE, 0,
+                          reinterpret_cast<void*>(ULONG_PTR{FE_FONTSMOOTHINGSTANDARD}), 0);
 }
 
 /// The monitor that the window is on has another scale from now on.

@@ -49,7 +49,8 @@ bool IsNext(const KeyEvent& event) { return event.key == Key::Down || event.key 
 ChartWindow::ChartWindow(ViewContext& context, Chart& chart)
     : OwnWindow(context, L"KestrelChart", WS_TABSTOP | WS_CLIPSIBLINGS),
       chart_(chart),
-      hints_(context, Window()) {
+      hints_(context, Window()),
+      accessible_(AccessibleParts::Make(Window(), *this)) {
     Update();
     Begin();
 }
@@ -80,6 +81,9 @@ std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM l
         case WM_KEYDOWN:
             if (const auto event = KeyEventOf(wParam); event && KeyDown(*event)) return 0;
             return {};
+        case WM_SETCURSOR:  // comes ahead of the mouse's move
+            FitHints();
+            return {};
         case WM_LBUTTONDOWN:
             MousePressed({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
@@ -89,6 +93,8 @@ std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM l
         case WM_COMMAND:
             Command(LOWORD(wParam));
             return 0;
+        case WM_GETOBJECT:
+            return accessible_->Respond(wParam, lParam);
         default:
             return {};
     }
@@ -116,9 +122,16 @@ void ChartWindow::Layout() {
     drawing_ = chart_.Draw(units(client.right), units(client.bottom), std::ref(measure));
     SetWindowTextW(Window(), Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
+    hintsFit_ = false;
+    NotifyWinEvent(EVENT_OBJECT_REORDER, Window(), OBJID_CLIENT, CHILDID_SELF);
+    InvalidateRect(Window(), nullptr, FALSE);
+}
+
+/// Not before the mouse comes: while the user drags the form's edge, drawings come and go.
+void ChartWindow::FitHints() {
+    if (std::exchange(hintsFit_, true)) return;
     hints_.Clear();
     for (const ChartHint& hint : HintsOf(drawing_)) hints_.Add(Pixels(hint.area), hint.text);
-    InvalidateRect(Window(), nullptr, FALSE);
 }
 
 void ChartWindow::PaintWindow() {
@@ -143,7 +156,7 @@ void ChartWindow::PaintFocus(HDC dc, const RECT& client) const {
     RECT mark = client;
     InflateRect(&mark, -kFocusInset, -kFocusInset);
     if (chosen_ >= 0) {
-        mark = Pixels(drawing_.bars[static_cast<std::size_t>(chosen_)].bounds);
+        mark = Pixels(Bar(chosen_).bounds);
         InflateRect(&mark, kFocusInset, kFocusInset);
     }
     SetTextColor(dc, RGB(0, 0, 0));  // which the mark's dots are made of
@@ -152,11 +165,11 @@ void ChartWindow::PaintFocus(HDC dc, const RECT& client) const {
 }
 
 bool ChartWindow::KeyDown(const KeyEvent& event) {
-    const int bars = static_cast<int>(drawing_.bars.size());
+    const long bars = PartCount();
     if (event.ctrl && !event.alt && event.letter == 'C') return Command(kCopy);
     if (event.ctrl && !event.alt && event.letter == 'P') return Command(kPrint);
     if (bars > 0 && !event.ctrl && !event.alt) {
-        if (IsBefore(event)) return Choose(std::max(0, chosen_ - 1)), true;
+        if (IsBefore(event)) return Choose(std::max(0L, chosen_ - 1)), true;
         if (IsNext(event)) return Choose(std::min(bars - 1, chosen_ + 1)), true;
         if (event.key == Key::Home) return Choose(0), true;
         if (event.key == Key::End) return Choose(bars - 1), true;
@@ -166,20 +179,15 @@ bool ChartWindow::KeyDown(const KeyEvent& event) {
 
 void ChartWindow::MousePressed(POINT place) {
     SetFocus(Window());
-    for (std::size_t i = 0; i < drawing_.bars.size(); ++i) {
-        const RECT bar = Pixels(drawing_.bars[i].bounds);
-        if (PtInRect(&bar, place)) return Choose(static_cast<int>(i));
-    }
-    Choose(-1);
+    Choose(PartAt(place) - 1);
 }
 
-void ChartWindow::Choose(int bar) {
-    chosen_ = bar;
+void ChartWindow::Choose(long bar) {
     hints_.Hide();
-    if (bar >= 0) {
-        const ChartBar& chosen = drawing_.bars[static_cast<std::size_t>(bar)];
-        hints_.Show(Pixels(chosen.bounds), chosen.hint);
-    }
+    if (bar >= 0) hints_.Show(Pixels(Bar(bar).bounds), Bar(bar).hint);
+    if (bar == chosen_) return;
+    chosen_ = bar;
+    NotifyWinEvent(EVENT_OBJECT_FOCUS, Window(), OBJID_CLIENT, bar + 1);
     InvalidateRect(Window(), nullptr, FALSE);
 }
 

@@ -58,6 +58,7 @@ GridWindow::GridWindow(ViewContext& context, Grid& grid)
 }
 
 GridWindow::~GridWindow() {
+    DisconnectAccess();
     if (!window_) return;
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
     DestroyWindow(window_);
@@ -82,6 +83,7 @@ std::optional<LRESULT> GridWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
     switch (message) {
         case WM_NCDESTROY:
             caret_.Hide();
+            DisconnectAccess();
             window_ = nullptr;
             return std::nullopt;
         case WM_ERASEBKGND:
@@ -99,6 +101,10 @@ std::optional<LRESULT> GridWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
         case WM_ENABLE:
             InvalidateRect(window_, nullptr, FALSE);
             return 0;
+        case WM_GETOBJECT:
+            // Some programs send the id widened to 64 bits, some do not.
+            if (static_cast<LONG>(lParam) != OBJID_CLIENT) return std::nullopt;
+            return AccessibleObject(wParam);
         case WM_VSCROLL:
             scroll_.Scroll(LOWORD(wParam));
             Update();
@@ -122,6 +128,7 @@ void GridWindow::Update() {
     }
     scroll_.Update();
     InvalidateChanges(now);
+    if (shown_) AnnounceChanges(now);
     shown_ = std::move(now);
     shownChanges_ = grid_.Changes();
     UpdateCaret();

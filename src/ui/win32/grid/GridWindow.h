@@ -6,15 +6,17 @@
 #include <memory>
 #include <optional>
 
+#include "platform/win32/ComPtr.h"
 #include "platform/win32/Gdi.h"
 #include "ui/controls/Grid.h"
 #include "ui/win32/ControlView.h"
+#include "ui/win32/KeyInput.h"
 #include "ui/win32/WindowHandle.h"
+#include "ui/win32/grid/GridAccess.h"
 #include "ui/win32/grid/GridCaret.h"
 #include "ui/win32/grid/GridPainter.h"
 #include "ui/win32/grid/GridScroll.h"
 #include "ui/win32/grid/GridSnapshot.h"
-#include "ui/win32/KeyInput.h"
 
 namespace kestrel::ui::win32 {
 
@@ -36,15 +38,14 @@ class GridWindow : public ControlView {
     /// gone afterwards.
     ///@{
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam);
+    std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     ///@}
 
     /// @name Keyboard
     ///@{
-    bool KeyDown(WPARAM virtualKey);
+    bool KeyDown(WPARAM virtualKey, bool repeated);
     bool SystemKeyDown(WPARAM virtualKey);
-    bool SystemCharacter(WPARAM unit);
     void Character(WPARAM unit);
     void FocusGained();
     void FocusLost();
@@ -78,6 +79,14 @@ class GridWindow : public ControlView {
     void UpdateCaret();
     ///@}
 
+    /// @name Assistive programs
+    ///@{
+    LRESULT AccessibleObject(WPARAM wParam);
+    void AnnounceFocus() const;
+    void AnnounceChanges(const GridSnapshot& now) const;
+    void DisconnectAccess();
+    ///@}
+
     GridScale Scale() const { return {context_.dpi}; }
     GridStyle Style() const { return {Scale(), context_.font, colours_}; }
     bool HasFocus() const { return GetFocus() == window_; }
@@ -89,6 +98,7 @@ class GridWindow : public ControlView {
     GridScroll scroll_;
     GridCaret caret_;
     GridColours colours_ = GridColours::OfSystem();
+    kestrel::win32::ComPtr<GridAccess> access_;  ///< once a program has asked for it
     std::optional<GridSnapshot> shown_;
     std::uint64_t shownChanges_ = 0;
     std::unique_ptr<kestrel::win32::MemoryPicture> picture_;

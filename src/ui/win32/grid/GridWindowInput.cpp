@@ -81,6 +81,7 @@ void GridWindow::Character(WPARAM unit) {
 void GridWindow::FocusGained() {
     InvalidateRect(window_, nullptr, FALSE);
     UpdateCaret();
+    AnnounceFocus();
 }
 
 void GridWindow::FocusLost() {

@@ -1,0 +1,251 @@
+#include "com/automation/HostValue.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <optional>
+
+#include "platform/win32/Variant.h"
+#include "util/Errors.h"
+#include "util/NumberText.h"
+#include "windows/support/ScriptedDispatch.h"
+
+namespace kestrel::com {
+namespace {
+
+using test::Script;
+using test::ScriptedDispatch;
+using win32::Bstr;
+using win32::ComPtr;
+using win32::Variant;
+
+/// A value of that type, set as the union keeps it.
+template <class Set>
+std::function<void(Variant&)> Of(int type, Set set) {
+    return [=](Variant& value) {
+        value.vt = static_cast<VARTYPE>(type);
+        set(value);
+    };
+}
+
+std::function<void(Variant&)> Empty(VARTYPE type) {
+    return [=](Variant& value) { value.vt = type; };
+}
+
+std::function<void(Variant&)> Text(const wchar_t* text) {
+    return [=](Variant& value) {
+        value.vt = VT_BSTR;
+        value.bstrVal = Bstr(std::wstring_view(text)).Detach();
+    };
+}
+
+/// What the conversion answers, or nothing where it raises a HostError that names the member.
+template <class Value>
+std::optional<Value> Try(Value (*convert)(const VARIANT&, HostMember), const VARIANT& answer) {
+    try {
+        return convert(answer, HostMember::TaskDuration);
+    } catch (const HostError& error) {
+        EXPECT_THAT(error.what(), testing::StartsWith("The host answered Task.Duration with "));
+        EXPECT_THAT(error.what(), testing::EndsWith(" is needed."));
+        return std::nullopt;
+    }
+}
+
+std::string Shown(const std::optional<double>& value) {
+    return value ? GeneralText(*value) : "refused";
+}
+
+/// A number for each of the model's types; nothing where the answer must be refused.
+struct Expected {
+    std::optional<double> number;
+    std::optional<std::int32_t> int32;
+    std::optional<std::int16_t> int16;
+    std::optional<bool> truth;
+    std::optional<std::string> text;
+};
+
+constexpr std::nullopt_t kNo = std::nullopt;
+
+struct Row {
+    const char* what;
+    std::function<void(Variant&)> make;
+    Expected expected;
+};
+
+long kLong = 70000;
+double kDouble = 12.5;
+VARIANT_BOOL kTrue = VARIANT_TRUE;
+VARIANT kInner{};
+
+DECIMAL Decimal(unsigned long long low, unsigned char scale, bool negative) {
+    DECIMAL decimal{};
+    decimal.Lo64 = low;
+    decimal.scale = scale;
+    decimal.sign = negative ? DECIMAL_NEG : 0;
+    return decimal;
+}
+
+const Row kRows[] = {
+    {"empty", Empty(VT_EMPTY), {0.0, 0, 0, false, ""}},
+    {"null", Empty(VT_NULL), {0.0, 0, 0, false, ""}},
+    {"missing",
+     Of(VT_ERROR, [](auto& v) { v.scode = DISP_E_PARAMNOTFOUND; }),
+     {0.0, 0, 0, false, ""}},
+    {"no object", Empty(VT_DISPATCH), {0.0, 0, 0, false, ""}},
+    {"I1", Of(VT_I1, [](auto& v) { v.cVal = static_cast<char>(-5); }), {-5.0, -5, -5, true, "-5"}},
+    {"I2", Of(VT_I2, [](auto& v) { v.iVal = -300; }), {-300.0, -300, -300, true, "-300"}},
+    {"I4", Of(VT_I4, [](auto& v) { v.lVal = 70000; }), {70000.0, 70000, kNo, true, "70000"}},
+    {"INT", Of(VT_INT, [](auto& v) { v.intVal = -7; }), {-7.0, -7, -7, true, "-7"}},
+    {"I8 that fits", Of(VT_I8, [](auto& v) { v.llVal = -12; }), {-12.0, -12, -12, true, "-12"}},
+    {"I8 beyond 32 bits",
+     Of(VT_I8, [](auto& v) { v.llVal = 2147483648LL; }),
+     {2147483648.0, kNo, kNo, true, "2147483648"}},
+    {"UI1", Of(VT_UI1, [](auto& v) { v.bVal = 200; }), {200.0, 200, 200, true, "200"}},
+    {"UI2", Of(VT_UI2, [](auto& v) { v.uiVal = 65535; }), {65535.0, 65535, kNo, true, "65535"}},
+    {"UI4",
+     Of(VT_UI4, [](auto& v) { v.ulVal = 4294967295u; }),
+     {4294967295.0, kNo, kNo, true, "4294967295"}},
+    {"UINT", Of(VT_UINT, [](auto& v) { v.uintVal = 3; }), {3.0, 3, 3, true, "3"}},
+    {"UI8",
+     Of(VT_UI8, [](auto& v) { v.ullVal = 18446744073709551615ull; }),
+     {18446744073709551616.0, kNo, kNo, true, "18446744073709551615"}},
+    {"R4", Of(VT_R4, [](auto& v) { v.fltVal = 0.5f; }), {0.5, 0, 0, true, "0.5"}},
+    {"R8, half up to even", Of(VT_R8, [](auto& v) { v.dblVal = 3.5; }), {3.5, 4, 4, true, "3.5"}},
+    {"R8 too large",
+     Of(VT_R8, [](auto& v) { v.dblVal = 1e300; }),
+     {1e300, kNo, kNo, true, "1E+300"}},
+    {"R8 not a number",
+     Of(VT_R8, [](auto& v) { v.dblVal = std::numeric_limits<double>::quiet_NaN(); }),
+     {kNo, kNo, kNo, kNo, kNo}},
+    {"R4 infinite", Of(VT_R4, [](auto& v) { v.fltVal = -HUGE_VALF; }), {kNo, kNo, kNo, kNo, kNo}},
+    {"CY", Of(VT_CY, [](auto& v) { v.cyVal.int64 = -12345; }), {-1.2345, -1, -1, true, "-1.2345"}},
+    {"DATE",
+     Of(VT_DATE, [](auto& v) { v.date = 45000.25; }),
+     {45000.25, 45000, kNo, true, "45000.25"}},
+    {"DECIMAL",
+     [](Variant& v) {
+         v.decVal = Decimal(1234567, 3, true);
+         v.vt = VT_DECIMAL;
+     },
+     {-1234.567, -1235, -1235, true, "-1234.567"}},
+    {"BOOL, set otherwise than -1",
+     Of(VT_BOOL, [](auto& v) { v.boolVal = 1; }),
+     {-1.0, -1, -1, true, "True"}},
+    {"BOOL false",
+     Of(VT_BOOL, [](auto& v) { v.boolVal = VARIANT_FALSE; }),
+     {0.0, 0, 0, false, "False"}},
+    {"text of a number", Text(L" 12.5 "), {12.5, 12, 12, true, " 12.5 "}},
+    {"text of zero", Text(L"0"), {0.0, 0, 0, false, "0"}},
+    {"text with a decimal comma", Text(L"12,5"), {kNo, kNo, kNo, kNo, "12,5"}},
+    {"text of truth", Text(L"TRUE"), {kNo, kNo, kNo, true, "TRUE"}},
+    {"text of untruth", Text(L"False"), {kNo, kNo, kNo, false, "False"}},
+    {"empty text", Text(L""), {kNo, kNo, kNo, kNo, ""}},
+    {"text of an endless number", Text(L"1e999"), {kNo, kNo, kNo, kNo, "1e999"}},
+    {"other letters", Text(L"Größe \x03A9"), {kNo, kNo, kNo, kNo, "Größe Ω"}},
+    {"text without a string", Empty(VT_BSTR), {kNo, kNo, kNo, kNo, ""}},
+    {"reference to I4",
+     Of(VT_I4 | VT_BYREF, [](auto& v) { v.plVal = &kLong; }),
+     {70000.0, 70000, kNo, true, "70000"}},
+    {"reference to R8",
+     Of(VT_R8 | VT_BYREF, [](auto& v) { v.pdblVal = &kDouble; }),
+     {12.5, 12, 12, true, "12.5"}},
+    {"reference to BOOL",
+     Of(VT_BOOL | VT_BYREF, [](auto& v) { v.pboolVal = &kTrue; }),
+     {-1.0, -1, -1, true, "True"}},
+    {"reference to a value that refers",
+     Of(VT_VARIANT | VT_BYREF,
+        [](auto& v) {
+            kInner.vt = VT_I4 | VT_BYREF;
+            kInner.plVal = &kLong;
+            v.pvarVal = &kInner;
+        }),
+     {70000.0, 70000, kNo, true, "70000"}},
+    {"reference to nowhere",
+     Of(VT_I4 | VT_BYREF, [](auto& v) { v.plVal = nullptr; }),
+     {kNo, kNo, kNo, kNo, kNo}},
+    {"reference to no value",
+     Of(VT_VARIANT | VT_BYREF, [](auto& v) { v.pvarVal = nullptr; }),
+     {kNo, kNo, kNo, kNo, kNo}},
+    {"an error",
+     Of(VT_ERROR, [](auto& v) { v.scode = E_ACCESSDENIED; }),
+     {kNo, kNo, kNo, kNo, kNo}},
+    {"an array",
+     [](Variant& v) {
+         v.vt = VT_ARRAY | VT_I4;
+         v.parray = SafeArrayCreateVector(VT_I4, 0, 3);
+     },
+     {kNo, kNo, kNo, kNo, kNo}},
+    {"a type that no value has",
+     Of(VT_CARRAY, [](auto& v) { v.lVal = 1; }),
+     {kNo, kNo, kNo, kNo, kNo}},
+};
+
+TEST(HostValue, TakesEveryAnswerThatCanBeMeantAndRefusesTheRest) {
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.what);
+        Variant answer;
+        row.make(answer);
+        const auto number = Try(NumberOf, answer);
+        EXPECT_EQ(Shown(number), Shown(row.expected.number));
+        EXPECT_EQ(Try(Int32Of, answer), row.expected.int32);
+        EXPECT_EQ(Try(Int16Of, answer), row.expected.int16);
+        EXPECT_EQ(Try(TruthOf, answer), row.expected.truth);
+        EXPECT_EQ(Try(TextOf, answer), row.expected.text);
+        if (answer.vt == VT_CARRAY) answer.vt = VT_EMPTY;  // which the system would not clear
+    }
+}
+
+TEST(HostValue, TakesObjectsOfEitherKindAndNeverTheirDefaultProperty) {
+    const auto script = std::make_shared<Script>();
+    const ComPtr<ScriptedDispatch> object(new ScriptedDispatch(script, "Thing"));
+    object->On("Value", [](test::ScriptedCall& call) { call.Answer(5.0); });
+    const Variant dispatch(object.Get());
+    Variant unknown;
+    unknown.vt = VT_UNKNOWN;
+    unknown.punkVal = ComPtr<IUnknown>(object.Get()).Detach();
+    IDispatch* held = object.Get();
+    VARIANT reference{};
+    reference.vt = VT_DISPATCH | VT_BYREF;
+    reference.ppdispVal = &held;
+    for (const VARIANT* answer :
+         {static_cast<const VARIANT*>(&dispatch), static_cast<const VARIANT*>(&unknown),
+          static_cast<const VARIANT*>(&reference)}) {
+        SCOPED_TRACE(answer->vt);
+        EXPECT_EQ(ObjectOf(*answer, HostMember::PlanTasks).Get(), object.Get());
+        EXPECT_EQ(Try(NumberOf, *answer), std::nullopt);
+        EXPECT_EQ(Try(TextOf, *answer), std::nullopt);
+    }
+    EXPECT_EQ(script->calls.size(), 0u);
+
+    // An object that cannot be called by name is of no use.
+    Variant other;
+    other.vt = VT_UNKNOWN;
+    other.punkVal = test::MakeEnumerator(script, {}).Detach();
+    EXPECT_THROW(ObjectOf(other, HostMember::PlanTasks), HostError);
+    EXPECT_THROW(ObjectOf(Variant(std::int32_t{1}), HostMember::PlanTasks), HostError);
+    EXPECT_FALSE(ObjectOf(Variant(), HostMember::PlanTasks));
+}
+
+TEST(HostValue, SaysWhatTheHostAnsweredAndWhatIsNeeded) {
+    const auto sentence = [](const Variant& answer) -> std::string {
+        try {
+            Int32Of(answer, HostMember::TaskDuration);
+        } catch (const HostError& error) {
+            return error.what();
+        }
+        return {};
+    };
+    EXPECT_EQ(sentence(Variant(3e9)),
+              "The host answered Task.Duration with 3000000000 where a whole number from "
+              "-2147483648 to 2147483647 is needed.");
+    EXPECT_EQ(sentence(Variant("five days")),
+              "The host answered Task.Duration with the text \"five days\" where a number is "
+              "needed.");
+    EXPECT_THAT(sentence(Variant(std::string(59, 'x') + "ä and much more")),
+                testing::HasSubstr("\"" + std::string(59, 'x') + "...\""));
+}
+
+}  // namespace
+}  // namespace kestrel::com

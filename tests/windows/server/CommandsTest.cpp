@@ -1,0 +1,136 @@
+#include <xmmintrin.h>
+
+#include <string>
+
+#include "platform/win32/Bstr.h"
+#include "platform/win32/ComErrors.h"
+#include "windows/server/FakeHostObject.h"
+#include "windows/server/ServerTest.h"
+
+// The eight methods, bound early and late, with a host that cannot be reached or does odd things.
+namespace kestrel::test {
+namespace {
+
+class CommandsTest : public ServerTest {
+ protected:
+    CommandsTest() { static_cast<void>(TakenErrorText()); }  // of whoever came before
+    void TearDown() override {
+        addIn_.Reset();
+        ServerTest::TearDown();
+    }
+
+    ComPtr<_clsKestrelDll> addIn_ = dll_.AddIn();
+
+    void SetSite(IUnknown* site) {
+        EXPECT_EQ(addIn_.As<IObjectWithSite>(IID_IObjectWithSite)->SetSite(site), S_OK);
+    }
+    /// Nothing but listening needs the host to be there.
+    HRESULT Expected(const Method& method) const {
+        return method.call == &_clsKestrelDll::LaunchStartSchedulon ? win32::kHostFailed : S_OK;
+    }
+};
+
+TEST_F(CommandsTest, WithoutAHostCommandsEndQuietlyAndListeningFailsInWords) {
+    for (const Method& method : kMethods) {
+        SCOPED_TRACE(win32::Utf8(method.name));
+        EXPECT_EQ((*addIn_.*method.call)(), Expected(method));
+        EXPECT_EQ(TakenErrorText().find("Schedulon is not registered on this computer") == 0,
+                  FAILED(Expected(method)));
+    }
+}
+
+TEST_F(CommandsTest, TheSameThroughDispatch) {
+    for (const Method& method : kMethods) {
+        SCOPED_TRACE(win32::Utf8(method.name));
+        std::wstring name = method.name;
+        LPOLESTR asked = name.data();
+        DISPID id = 0;
+        ASSERT_EQ(addIn_->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id), S_OK);
+        DISPPARAMS none{};
+        EXCEPINFO exception{};
+        const HRESULT result = addIn_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                              &none, nullptr, &exception, nullptr);
+        win32::Bstr source, description, help;
+        *source.Out() = exception.bstrSource;
+        *description.Out() = exception.bstrDescription;
+        *help.Out() = exception.bstrHelpFile;
+        if (FAILED(Expected(method))) {
+            EXPECT_EQ(result, DISP_E_EXCEPTION);
+            EXPECT_EQ(exception.scode, Expected(method));
+            EXPECT_EQ(source.View(), L"KestrelDll.clsKestrelDll");
+            EXPECT_EQ(description.Utf8().find("Schedulon is not registered"), 0u);
+        } else {
+            EXPECT_EQ(result, S_OK);
+        }
+    }
+    const auto support = addIn_.As<ISupportErrorInfo>(IID_ISupportErrorInfo);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__clsKestrelDll), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IObjectWithSite), S_FALSE);
+}
+
+TEST_F(CommandsTest, TheHostThatIsTheSiteComesBeforeTheRegisteredOne) {
+    FakeHostObject host;
+    SetSite(&host);
+    const ULONG asSite = host.references;
+    EXPECT_EQ(addIn_->LaunchStartSchedulon(), win32::kHostFailed);
+    EXPECT_EQ(TakenErrorText().find("registered"), std::string::npos);
+    EXPECT_EQ(addIn_->LaunchEdit(), S_OK);
+    EXPECT_EQ(host.references, asSite) << "held without listening";
+    SetSite(nullptr);
+    EXPECT_EQ(host.references, 0u);
+}
+
+TEST_F(CommandsTest, ASiteThatIsNoHostIsPassedOver) {
+    FakeHostObject stranger;
+    stranger.isHost = false;
+    SetSite(&stranger);
+    EXPECT_EQ(addIn_->LaunchStartSchedulon(), win32::kHostFailed);
+    EXPECT_NE(TakenErrorText().find("registered"), std::string::npos);
+    ComPtr<IUnknown> site;
+    const auto sited = addIn_.As<IObjectWithSite>(IID_IObjectWithSite);
+    EXPECT_EQ(sited->GetSite(IID_IUnknown, site.OutVoid()), S_OK);
+    EXPECT_EQ(site.Get(), &stranger);
+    site.Reset();
+    SetSite(nullptr);
+    EXPECT_EQ(sited->GetSite(IID_IUnknown, site.OutVoid()), E_FAIL);
+}
+
+TEST_F(CommandsTest, ACallInTheMiddleOfAnotherIsRefusedAndNothingIsLost) {
+    FakeHostObject host;
+    SetSite(&host);
+    int lookUps = 0;
+    host.onLookUp = [&] {
+        if (lookUps++ != 0) return;
+        for (const Method& method : kMethods) {
+            EXPECT_EQ((*addIn_.*method.call)(), win32::kBusy);
+            EXPECT_EQ(TakenErrorText().find("The risk factors add-in is still at work"), 0u);
+        }
+        SetSite(nullptr);
+        addIn_.Reset();  // the host lets go of everything: the command ends all the same
+        EXPECT_EQ(dll_.CanUnloadNow(), S_FALSE);
+    };
+    EXPECT_EQ(addIn_->LaunchEdit(), S_OK);
+    EXPECT_GT(lookUps, 0);
+    EXPECT_EQ(host.references, 0u);
+}
+
+TEST_F(CommandsTest, TheHostsWayOfCalculatingIsLeftAsItIs) {
+    constexpr unsigned kDefault = 0x1F80;
+    constexpr unsigned kTowardsZeroWithTraps = (0x1F80 & ~0x0200u) | 0x6000u;
+    FakeHostObject host;
+    SetSite(&host);
+    unsigned seenByTheAddIn = 0;
+    host.onLookUp = [&] { seenByTheAddIn = _mm_getcsr() & ~0x3Fu; };
+    const unsigned own = _mm_getcsr();
+    _mm_setcsr(kTowardsZeroWithTraps);
+    const HRESULT result = addIn_->LaunchEdit();
+    const unsigned afterwards = _mm_getcsr();
+    _mm_setcsr(own);
+    EXPECT_EQ(result, S_OK);
+    EXPECT_EQ(seenByTheAddIn, kDefault);
+    EXPECT_EQ(afterwards, kTowardsZeroWithTraps);
+    SetSite(nullptr);
+}
+
+}  // namespace
+}  // namespace kestrel::test
