@@ -1,6 +1,6 @@
 #include "refhost/windows/desktop/MainWindow.h"
 
-#include <shellapi.h>
+#include <oleauto.h>
 
 #include <algorithm>
 #include <exception>

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+// windows.h first
+#include <shellapi.h>
 
 #include <memory>
 #include <optional>
