@@ -8,7 +8,7 @@ namespace {
 
 using namespace kestrel::ui;
 
-constexpr int kWidth = 320, kHeight = 150, kMargin = 12, kRow = 24, kLabelWidth = 80;
+constexpr int kWidth = 400, kHeight = 150, kMargin = 12, kRow = 24, kLabelWidth = 80;
 constexpr int kButtonWidth = 90, kButtonHeight = 26;
 
 /// A whole number, blanks around it skipped; nothing for anything else.

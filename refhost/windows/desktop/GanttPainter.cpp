@@ -65,6 +65,11 @@ class GanttPainter {
         tools_.Fill(area, state_.focused ? colours_.selected : colours_.selectedIdle);
     }
 
+    COLORREF RowGround(std::size_t task) const {
+        if (view_.SelectedTask() != task) return colours_.paper;
+        return state_.focused ? colours_.selected : colours_.selectedIdle;
+    }
+
     std::vector<TimeCell> Cells(TimeBand band) const {
         return view_.Scale().Cells(band, view_.TimeLeft(), view_.TimeLeft() + view_.ChartWidth());
     }
@@ -111,9 +116,9 @@ class GanttPainter {
                              factors.empty() ? colours_.bar : colours_.riskBar);
         }
         const double left = X(end) + kLabelGap;
-        tools_.Text(factors,
-                    tools_.Area(left, kTop + bar.top, left + 200, kTop + bar.top + kRowHeight - 1),
-                    tools_.Fonts().small.Get(), colours_.riskText);
+        tools_.Label(factors,
+                     tools_.Area(left, kTop + bar.top, left, kTop + bar.top + kRowHeight - 1),
+                     tools_.Fonts().small.Get(), colours_.riskText, RowGround(bar.task));
     }
 
     void PaintDiamond(const GanttBar& bar) const {

@@ -60,6 +60,21 @@ void PaintTools::Polygon(const POINT* points, int count, COLORREF colour) const 
     ::Polygon(dc_, points, count);
 }
 
+void PaintTools::Label(std::string_view text, RECT area, HFONT font, COLORREF colour,
+                       COLORREF ground) const {
+    if (text.empty()) return;
+    const std::wstring wide = kestrel::win32::Wide(text);
+    SIZE size{};
+    {
+        const Selection chosen(dc_, font);
+        GetTextExtentPoint32W(dc_, wide.c_str(), static_cast<int>(wide.size()), &size);
+    }
+    area.right = area.left + size.cx;
+    const LONG space = (area.bottom - area.top - size.cy) / 2;
+    Fill({area.left - 2, area.top + space, area.right + 2, area.bottom - space}, ground);
+    Text(text, area, font, colour);
+}
+
 void PaintTools::Text(std::string_view text, RECT area, HFONT font, COLORREF colour,
                       UINT format) const {
     if (text.empty() || area.right <= area.left) return;

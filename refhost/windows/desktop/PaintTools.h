@@ -41,6 +41,10 @@ class PaintTools {
     void Horizontal(double left, double right, double y, COLORREF colour) const;
     void Polygon(const POINT* points, int count, COLORREF colour) const;
 
+    /// A text on a ground of its own, from the left edge of the area, as wide as it is.
+    void Label(std::string_view text, RECT area, HFONT font, COLORREF colour,
+               COLORREF ground) const;
+
     /// One line in the middle of the area, cut off with an ellipsis. `format` is DT_LEFT,
     /// DT_CENTER or DT_RIGHT.
     void Text(std::string_view text, RECT area, HFONT font, COLORREF colour,
