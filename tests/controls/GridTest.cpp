@@ -175,9 +175,83 @@ TEST(GridTest, PlacesAgreeWithWhatTheyShow) {
         }
     }
     const auto last = grid.Geometry().CellBounds(0, 2);
-    EXPECT_EQ(last->x + last->width, 300 - grid.Geometry().scrollBarWidth)
+    EXPECT_EQ(last->x + last->width,
+              300 - 2 * grid.Geometry().frame - grid.Geometry().scrollBarWidth)
         << "the stretched column takes up the rest";
     EXPECT_FALSE(grid.Geometry().CellBounds(1, 0));
+}
+
+TEST(GridTest, ColumnsThatTheUserSizesStayWithinTheGrid) {
+    const int kFree = 300 - 2 - 17 - 44;  // without frame, scroll bar and fixed column
+    const struct {
+        const char* what;
+        int stretch;
+        bool fit;
+        int column, width;
+        int expected[3];
+    } cases[] = {
+        {"the next column gives", 0, false, 1, 80, {kFree - 128, 80, 48}},
+        {"no more than it can", 0, false, 1, 999, {kFree - 128, 104, 24}},
+        {"the next column gains", 0, false, 1, 5, {kFree - 128, 24, 104}},
+        {"the stretched column's edge follows", 0, false, 0, 50, {50, kFree - 114, 64}},
+        {"the last edge is held by the stretched column", 0, false, 2, 30, {kFree - 128, 64, 64}},
+        {"or is free", -1, false, 2, 100, {64, 64, 100}},
+        {"as far as there is room", -1, false, 2, 999, {64, 64, kFree - 128}},
+        {"fitting takes from the stretched column", 0, true, 2, 90, {kFree - 154, 64, 90}},
+        {"which fits by itself", 0, true, 0, 10, {kFree - 128, 64, 64}},
+        {"fitting without one moves the rest", -1, true, 0, 100, {100, 64, 64}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        GridForm form(1);
+        GridGeometry& geometry = form.grid.Geometry();
+        geometry.SetStretchColumn(c.stretch);
+        const auto before = form.grid.Changes();
+        if (c.fit)
+            form.grid.FitColumn(c.column, c.width);
+        else
+            form.grid.ResizeColumn(c.column, c.width);
+        for (int column = 0; column < 3; ++column)
+            EXPECT_EQ(geometry.ColumnWidth(column), c.expected[column]) << column;
+        EXPECT_GT(form.grid.Changes(), before);
+        form.Layout(300, 240);
+        EXPECT_LE(geometry.CellBounds(0, 2)->x + geometry.ColumnWidth(2), 300 - 2 - 17);
+    }
+}
+
+TEST(GridTest, HeaderEdgesAreFoundWhereColumnsCanBeSized) {
+    GridForm form(1);
+    GridGeometry& geometry = form.grid.Geometry();
+    EXPECT_EQ(geometry.EdgeAt(44 + 64 + 3, 5), 0);
+    EXPECT_EQ(geometry.EdgeAt(44 + 64 + 9, 5), std::nullopt);
+    EXPECT_EQ(geometry.EdgeAt(44 + 64, geometry.headerHeight), std::nullopt) << "below the headers";
+    EXPECT_EQ(geometry.EdgeAt(44 + 3 * 64, 5), 2);
+    geometry.SetStretchColumn(0);
+    EXPECT_EQ(geometry.EdgeAt(300 - 19, 5), std::nullopt) << "the last edge stays where it is";
+}
+
+TEST(GridTest, ADoubleClickEditsTheCellAsF2Does) {
+    GridForm form(2);
+    User user(form);
+    user.ClickCell("grid", 2, 1, {.doubleClick = true});
+    EXPECT_TRUE(form.grid.IsEditing());
+    EXPECT_EQ(form.grid.Text(2, 1), "b2") << "keeping its text";
+    form.grid.SetCaret(1);
+    user.Type("x");
+    EXPECT_EQ(form.grid.Text(2, 1), "bx2");
+    user.ClickCell("grid", 2, Grid::kRowHeader, {.doubleClick = true});
+    form.grid.SetEditable(1, 0, false);
+    user.ClickCell("grid", 1, 0, {.doubleClick = true});
+    EXPECT_FALSE(form.grid.IsEditing()) << "a locked cell";
+}
+
+TEST(GridTest, TypingBringsTheCellBackIntoSight) {
+    GridForm form(100);
+    User user(form);
+    form.grid.ScrollBy(50);
+    ASSERT_FALSE(form.grid.Geometry().CellBounds(1, 0));
+    user.Type("x");
+    EXPECT_TRUE(form.grid.Geometry().CellBounds(1, 0));
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ frmAssignRisk::frmAssignRisk(modGlobals& globals) : AssignmentForm(globals, kWid
         {kMargin, kAssignmentTop, kWidth - 2 * kMargin,
          kHeight - kAssignmentTop - kAssignmentBottom},
         kAnchorAll);
-    AddButtons({&cmdPrevious, &cmdNext, &cmdHelp, &cmdOk, &cmdClose});
+    AddButtons({&cmdPrevious, &cmdNext, &cmdOk, &cmdClose, &cmdHelp});
     SetDefaultButton(cmdOk);
     cmdOk.Click = [this] { cmdOk_Click(); };
     TabulonRF.AfterEdit = [this](int gridRow, int) { TabulonRF_AfterEdit(gridRow); };

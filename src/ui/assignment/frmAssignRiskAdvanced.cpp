@@ -41,7 +41,7 @@ frmAssignRiskAdvanced::frmAssignRiskAdvanced(modGlobals& globals)
         kAnchorLeft | kAnchorTop | kAnchorBottom);
     Add(lvwChoices, {2 * kMargin + kListWidth, kAssignmentTop, kListWidth, kListHeight},
         kAnchorAll);
-    AddButtons({&cmdNormalView, &cmdPrevious, &cmdNext, &cmdHelp, &cmdClose});
+    AddButtons({&cmdNormalView, &cmdPrevious, &cmdNext, &cmdClose, &cmdHelp});
     ConnectHandlers();
 }
 

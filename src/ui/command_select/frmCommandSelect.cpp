@@ -4,10 +4,10 @@
 
 namespace kestrel::ui {
 
-frmCommandSelect::frmCommandSelect() : Form(kApplicationTitle, 230, 86) {
-    Add(cboCommand, {10, 10, 210, 24}, kAnchorLeft | kAnchorTop | kAnchorRight);
-    Add(cmdOK, {50, 50, 80, 26}, kAnchorRight | kAnchorBottom);
-    Add(cmdCancel, {140, 50, 80, 26}, kAnchorRight | kAnchorBottom);
+frmCommandSelect::frmCommandSelect() : Form(kApplicationTitle, 230, 82) {
+    Add(cboCommand, {10, 10, 210, 23}, kAnchorLeft | kAnchorTop | kAnchorRight);
+    Add(cmdOK, {50, 46, 80, 26}, kAnchorRight | kAnchorBottom);
+    Add(cmdCancel, {140, 46, 80, 26}, kAnchorRight | kAnchorBottom);
     for (const char* word : {"edit", "assign", "show", "save", "load", "options"})
         cboCommand.AddItem(word);
     SetDefaultButton(cmdOK);

@@ -29,6 +29,11 @@ std::string Utf8(char32_t c) {
 
 }  // namespace
 
+std::size_t WholeCharacterAt(const std::string& text, std::size_t offset) {
+    if (offset >= text.size()) return text.size();
+    return IsContinuation(text[offset]) ? Before(text, offset) : offset;
+}
+
 void InsertAtCaret(std::string& text, std::size_t& caret, char32_t character) {
     const std::string bytes = Utf8(character);
     text.insert(caret, bytes);

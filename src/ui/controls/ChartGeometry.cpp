@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 #include "ui/controls/ChartScale.h"
-#include "ui/controls/ChartText.h"
 #include "util/NumberText.h"
 
 namespace kestrel::ui {
@@ -25,7 +24,8 @@ int Whole(double value) { return static_cast<int>(std::lround(value)); }
 /// Lays out one chart, from the outside to the inside.
 class Layout {
  public:
-    Layout(const Chart& chart, int width, int height) : chart_(chart) {
+    Layout(const Chart& chart, int width, int height, const TextMeasure& measure)
+        : chart_(chart), measure_(measure) {
         drawing_.width = width;
         drawing_.height = height;
         drawing_.font = chart.Attributes().Text("TitleFontName");
@@ -79,7 +79,7 @@ class Layout {
     void FindColumns() {
         int names = 0;
         for (const ChartTick& tick : Names())
-            names = std::max(names, TextWidth(tick.label, nameSize_));
+            names = std::max(names, measure_(tick.label, nameSize_, false));
         names_ = std::min(names, static_cast<int>(drawing_.width * kMostForNames));
 
         const ChartAttributes& axis = chart_.YAxis(0).attributes;
@@ -91,7 +91,7 @@ class Layout {
             for (const ChartPoint& point : chart_.Channel(c).points) {
                 int& room = point.y < 0 ? before : behind;
                 if (ShowsValues(chart_.Channel(c)))
-                    room = std::max(room, TextWidth(PercentText(point.y), nameSize_) + kGap);
+                    room = std::max(room, measure_(PercentText(point.y), nameSize_, false) + kGap);
             }
         left_ = kPad + names_ + (names_ > 0 ? kNameGap : 0) + before;
         right_ = std::max(left_ + 1, drawing_.width - kPad - behind);
@@ -123,7 +123,7 @@ class Layout {
             ticks = PercentTicks(min_, min_ + span_, count);
             int widest = 0;
             for (const ChartTick& tick : ticks)
-                widest = std::max(widest, TextWidth(tick.label, kTextSize - 1));
+                widest = std::max(widest, measure_(tick.label, kTextSize - 1, false));
             if (ticks.size() < 2 ||
                 AcrossOf(ticks[1].position) - AcrossOf(ticks[0].position) >= widest + kGap)
                 break;
@@ -203,7 +203,7 @@ class Layout {
                  Colour colour, int room = 0, bool bold = false) {
         if (text.empty()) return;
         ChartText shape;
-        shape.text = room > 0 ? ShortenedText(text, room, size, bold) : text;
+        shape.text = room > 0 ? ShortenedText(text, room, size, bold, measure_) : text;
         if (shape.text != text) shape.hint = text;
         shape.x = x;
         shape.baseline = baseline;
@@ -215,6 +215,7 @@ class Layout {
     }
 
     const Chart& chart_;
+    const TextMeasure& measure_;
     ChartDrawing drawing_;
     int left_ = 0, top_ = 0, right_ = 0, bottom_ = 0;  ///< of the plot
     double min_ = 0, span_ = 1;                        ///< of the values
@@ -226,10 +227,10 @@ class Layout {
 
 }  // namespace
 
-ChartDrawing DrawingOf(const Chart& chart, int width, int height) {
+ChartDrawing DrawingOf(const Chart& chart, int width, int height, const TextMeasure& measure) {
     if (!chart.Attributes().Flag("XYAxesReverse"))
         throw std::invalid_argument("a chart is drawn with its axes exchanged only");
-    return Layout(chart, width, height).Draw();
+    return Layout(chart, width, height, measure).Draw();
 }
 
 ChartSize ComfortableSize(const Chart& chart) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <vector>
 
 namespace kestrel::ui {
 namespace {
@@ -78,18 +79,22 @@ int TextWidth(std::string_view text, int size, bool bold) {
     return static_cast<int>(std::ceil(width * size * (bold ? kBoldFactor : 1.0)));
 }
 
-std::string ShortenedText(std::string_view text, int width, int size, bool bold) {
-    if (TextWidth(text, size, bold) <= width) return std::string(text);
-    const double em = size * (bold ? kBoldFactor : 1.0);
-    double used = WidthOf(U'…') * em;
-    std::size_t end = 0;
+std::string ShortenedText(std::string_view text, int width, int size, bool bold,
+                          const TextMeasure& measure) {
+    if (measure(text, size, bold) <= width) return std::string(text);
+    std::vector<std::size_t> ends{0};  // where the text may be cut
     for (std::size_t position = 0; position < text.size();) {
-        used += WidthOf(Next(text, position)) * em;
-        if (used > width) break;
-        end = position;
+        const std::size_t start = position;
+        if (WidthOf(Next(text, position)) > 0 && start > 0) ends.push_back(start);
     }
-    while (end > 0 && text[end - 1] == ' ') --end;
-    return std::string(text.substr(0, end)) + "…";
+    const auto cut = [&](std::size_t end) {
+        while (end > 0 && text[end - 1] == ' ') --end;
+        return std::string(text.substr(0, end)) + "…";
+    };
+    const auto tooLong = std::partition_point(ends.begin() + 1, ends.end(), [&](std::size_t end) {
+        return measure(cut(end), size, bold) <= width;
+    });
+    return cut(*std::prev(tooLong));
 }
 
 }  // namespace kestrel::ui

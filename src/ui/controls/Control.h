@@ -41,6 +41,8 @@ class Control {
     /// Whether controls of this kind are worked with the keyboard.
     virtual bool TakesFocus() const { return false; }
     bool CanFocus() const { return TakesFocus() && enabled_ && visible_; }
+    /// Whether Tab stops here.
+    virtual bool IsTabStop() const { return CanFocus(); }
     /// Asks the form that holds the control for the keyboard.
     void SetFocus();
     virtual void LostFocus() {}

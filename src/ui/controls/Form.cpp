@@ -30,6 +30,7 @@ void Form::Open() {
     Layout(designWidth_, designHeight_);
     FocusFirst();
     Form_Load();
+    if (focus_ && !focus_->IsTabStop()) MoveFocus(1);
 }
 
 void Form::Close() {
@@ -82,7 +83,7 @@ bool Form::MoveFocus(int step) {
     for (int tried = 0; tried < count; ++tried) {
         index = (index + step + count) % count;
         Control& next = *controls_[static_cast<std::size_t>(index)];
-        if (!next.CanFocus()) continue;
+        if (!next.IsTabStop()) continue;
         SetFocus(next);
         return true;
     }

@@ -49,6 +49,8 @@ class Form {
     /// Gives every control its bounds in a window with this inner size; one smaller than the
     /// design counts as the design.
     void Layout(int width, int height);
+    /// The height that a window takes which is meant to be `height` high inside.
+    virtual int AdjustedHeight(int height) { return height; }
     /// Nothing leaves the place to whoever shows the form. A form may ask for one while it
     /// loads; whoever shows it keeps it up to date as the user moves the window.
     const std::optional<ScreenPosition>& Position() const { return position_; }

@@ -69,8 +69,21 @@ bool Grid::BeginEdit() {
     editing_ = true;
     textBefore_ = Text(currentRow_, currentColumn_);
     caret_ = textBefore_.size();
+    geometry_.ScrollIntoView(currentRow_, RowCount());
     Changed();
     return true;
+}
+
+void Grid::SetCaret(std::size_t offset) {
+    if (!editing_) return;
+    caret_ = WholeCharacterAt(Text(currentRow_, currentColumn_), offset);
+    Changed();
+}
+
+void Grid::EditText(std::string text) {
+    SetText(currentRow_, currentColumn_, std::move(text));
+    geometry_.ScrollIntoView(currentRow_, RowCount());
+    Changed();
 }
 
 void Grid::EndEdit() {
@@ -94,7 +107,7 @@ bool Grid::Type(char32_t character) {
     std::string text = first ? std::string() : Text(currentRow_, currentColumn_);
     if (caret_ > text.size()) caret_ = text.size();
     InsertAtCaret(text, caret_, character);
-    SetText(currentRow_, currentColumn_, std::move(text));
+    EditText(std::move(text));
     return true;
 }
 
@@ -104,7 +117,7 @@ bool Grid::Backspace() {
     std::string text = Text(currentRow_, currentColumn_);
     if (caret_ > text.size()) caret_ = text.size();
     EraseBeforeCaret(text, caret_);
-    SetText(currentRow_, currentColumn_, std::move(text));
+    EditText(std::move(text));
     return true;
 }
 
@@ -116,6 +129,16 @@ void Grid::SetRedraw(bool redraw) {
 
 void Grid::Changed() {
     if (redraw_) Control::Changed();
+}
+
+void Grid::ResizeColumn(int column, int width) {
+    geometry_.ResizeColumn(column, width);
+    Changed();
+}
+
+void Grid::FitColumn(int column, int width) {
+    geometry_.FitColumn(column, width);
+    Changed();
 }
 
 void Grid::ScrollBy(int rows) {

@@ -48,6 +48,10 @@ class Grid : public Control, public GridTable {
     /// that does not exist, raises std::out_of_range.
     void SetCurrentCell(int row, int column);
 
+    /// As the user does: tells BeforeLeaveCell, makes the cell current and selects its row alone
+    /// or, with `extend`, all rows from the one chosen last.
+    void MoveTo(int row, int column, bool extend = false);
+
     /// Selects this row alone. Shift extends the selection from here.
     void SelectRow(int row);
 
@@ -63,6 +67,8 @@ class Grid : public Control, public GridTable {
     std::size_t Caret() const { return caret_; }
     /// Types a character: the first one replaces the cell's text, later ones go in at the caret.
     bool Type(char32_t character);
+    /// Anywhere within a character counts as before it, beyond the text as behind it.
+    void SetCaret(std::size_t offset);
     /// Removes the character before the caret, which stands behind the text when an edit begins.
     bool Backspace();
     ///@}
@@ -74,6 +80,11 @@ class Grid : public Control, public GridTable {
     /// Change sizes through here, places follow; ask freely.
     GridGeometry& Geometry() { return geometry_; }
     const GridGeometry& Geometry() const { return geometry_; }
+    /// @name The user sizes a column (see GridGeometry)
+    ///@{
+    void ResizeColumn(int column, int width);
+    void FitColumn(int column, int width);
+    ///@}
     /// Moves the rows shown, not the current cell.
     void ScrollBy(int rows);
 
@@ -92,9 +103,9 @@ class Grid : public Control, public GridTable {
     bool HasCurrentCell() const { return IsDataCell(currentRow_, currentColumn_); }
     void SetCurrent(int row, int column);
     bool Navigate(const KeyEvent& event);
-    void MoveTo(int row, int column, bool extend);
     void SelectRange(int row);
     void ToggleCheck();
+    void EditText(std::string text);
     void ChooseByMouse(const GridPlace& place, const MouseEvent& event);
 
     GridGeometry geometry_;

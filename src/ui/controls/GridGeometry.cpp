@@ -1,19 +1,14 @@
 #include "ui/controls/GridGeometry.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cstdlib>
 
 #include "ui/controls/GridTable.h"
 
 namespace kestrel::ui {
-namespace {
-
-constexpr int kDefaultWidth = 64;
-
-}  // namespace
 
 void GridGeometry::Reset(int columns, int fixedRows, bool hasRowHeader) {
-    widths_.assign(Index(columns), kDefaultWidth);
+    columns_.assign(Index(columns), Column());
     fixedRows_ = fixedRows;
     hasRowHeader_ = hasRowHeader;
     stretch_ = -1;
@@ -21,20 +16,69 @@ void GridGeometry::Reset(int columns, int fixedRows, bool hasRowHeader) {
 }
 
 void GridGeometry::SetColumnCount(int columns) {
-    widths_.resize(Index(columns), kDefaultWidth);
+    columns_.resize(Index(columns));
     if (stretch_ >= columns) stretch_ = -1;
 }
 
 void GridGeometry::SetSize(int width, int height) {
-    width_ = width;
-    height_ = height;
+    width_ = width - 2 * frame;
+    height_ = height - 2 * frame;
 }
 
 int GridGeometry::ColumnWidth(int column) const {
-    const int width = widths_.at(Index(column));
+    const int width = columns_.at(Index(column)).width;
     if (column != stretch_) return width;
-    const int used = std::accumulate(widths_.begin(), widths_.end(), HeaderWidth());
+    int used = HeaderWidth();
+    for (const Column& each : columns_) used += each.width;
     return std::max(width, width + width_ - scrollBarWidth - used);
+}
+
+int GridGeometry::WidthLeft() const {
+    int left = width_ - scrollBarWidth - HeaderWidth();
+    for (int column = 0; column < ColumnCount(); ++column) left -= ColumnWidth(column);
+    return left;
+}
+
+bool GridGeometry::CanResize(int column) const {
+    return column + 1 < ColumnCount() || stretch_ < 0;
+}
+
+std::optional<int> GridGeometry::EdgeAt(int x, int y) const {
+    constexpr int kReach = 4;
+    if (y < 0 || y >= HeaderBottom()) return std::nullopt;
+    int right = HeaderWidth();
+    for (int column = 0; column < ColumnCount(); ++column) {
+        right += ColumnWidth(column);
+        if (std::abs(x - right) <= kReach && CanResize(column)) return column;
+    }
+    return std::nullopt;
+}
+
+void GridGeometry::ResizeColumn(int column, int width) {
+    if (!CanResize(column)) return;
+    const int now = ColumnWidth(column);
+    const bool last = column + 1 == ColumnCount();
+    const int room =
+        std::max(now, last ? now + WidthLeft() : now + ColumnWidth(column + 1) - kLeastWidth);
+    width = std::clamp(width, std::min(kLeastWidth, room), room);
+    const auto set = [this](int which, int wanted) {
+        // The stretched column takes up what there is; more than that it must not ask for, or it
+        // would be too wide when the grid gets narrower.
+        if (which == stretch_) wanted = std::min(wanted, columns_[Index(which)].width);
+        SetColumnWidth(which, wanted);
+    };
+    const int nextWidth = last ? 0 : ColumnWidth(column + 1) + now - width;
+    set(column, width);
+    if (!last) set(column + 1, nextWidth);
+}
+
+void GridGeometry::FitColumn(int column, int width) {
+    if (column == stretch_) return;
+    const int now = ColumnWidth(column);
+    const int spare = stretch_ < 0 ? WidthLeft() : ColumnWidth(stretch_) - kLeastWidth;
+    SetColumnWidth(column, std::clamp(width, kLeastWidth, std::max(kLeastWidth, now + spare)));
+    if (stretch_ >= 0 && WidthLeft() < 0)
+        SetColumnWidth(stretch_, ColumnWidth(stretch_) + WidthLeft());
 }
 
 int GridGeometry::VisibleRows() const {
@@ -75,7 +119,7 @@ std::optional<GridPlace> GridGeometry::HitTest(int x, int y, int rowCount) const
     if (place.row >= rowCount) return std::nullopt;
     int right = HeaderWidth();
     if (x < right) return GridPlace{place.row, GridTable::kRowHeader};
-    for (int column = 0; column < static_cast<int>(widths_.size()); ++column) {
+    for (int column = 0; column < ColumnCount(); ++column) {
         right += ColumnWidth(column);
         if (x < right) return GridPlace{place.row, column};
     }

@@ -18,8 +18,7 @@ bool Grid::KeyDown(const KeyEvent& event) {
             std::string text = Text(currentRow_, currentColumn_);
             caret_ = std::min(caret_, text.size());
             ApplyCaretKey(event.key, text, caret_);
-            SetText(currentRow_, currentColumn_, std::move(text));
-            Changed();
+            EditText(std::move(text));
             return true;
         }
     }
@@ -104,7 +103,11 @@ bool Grid::KeyPress(char32_t character) {
 
 void Grid::MouseDown(const MouseEvent& event) {
     const auto place = geometry_.HitTest(event.x, event.y, RowCount());
-    if (place && place->row >= FixedRows()) ChooseByMouse(*place, event);
+    if (place && place->row >= FixedRows()) {
+        ChooseByMouse(*place, event);
+        const bool onCell = place->row == currentRow_ && place->column == currentColumn_;
+        if (event.doubleClick && onCell) KeyDown({.key = Key::F2});
+    }
     if (OnMouseDown) OnMouseDown(event);
 }
 

@@ -11,6 +11,14 @@ OptionButton* OptionGroup::Selected() const {
     return nullptr;
 }
 
+const OptionButton* OptionGroup::TabStop() const {
+    const OptionButton* selected = Selected();
+    if (selected && selected->CanFocus()) return selected;
+    const auto first = std::find_if(buttons_.begin(), buttons_.end(),
+                                    [](const OptionButton* button) { return button->CanFocus(); });
+    return first == buttons_.end() ? nullptr : *first;
+}
+
 OptionButton::OptionButton(OptionGroup& group, std::string name, const std::string& caption)
     : Control(std::move(name), caption), group_(group) {
     group_.buttons_.push_back(this);
@@ -49,13 +57,13 @@ bool OptionButton::KeyDown(const KeyEvent& event) {
 
 void OptionButton::SelectNeighbour(int step) {
     const auto& buttons = group_.buttons_;
-    const auto here = std::find(buttons.begin(), buttons.end(), this) - buttons.begin();
-    const auto there = here + step;
-    if (there < 0 || there >= static_cast<std::ptrdiff_t>(buttons.size())) return;
-    OptionButton& neighbour = *buttons[static_cast<std::size_t>(there)];
-    if (!neighbour.CanFocus()) return;
-    neighbour.SetFocus();
-    neighbour.Select();
+    const std::size_t count = buttons.size();
+    auto index =
+        static_cast<std::size_t>(std::find(buttons.begin(), buttons.end(), this) - buttons.begin());
+    do index = (index + count + static_cast<std::size_t>(step)) % count;
+    while (!buttons[index]->CanFocus() && buttons[index] != this);
+    buttons[index]->SetFocus();
+    buttons[index]->Select();
 }
 
 }  // namespace kestrel::ui

@@ -10,7 +10,8 @@ namespace kestrel::ui {
 
 class OptionButton;
 
-/// Option buttons of which at most one is selected. Lives as long as its buttons.
+/// Option buttons of which at most one is selected. Tab stops at that one, or at the first while
+/// none is selected. Lives as long as its buttons.
 class OptionGroup {
  public:
     /// Nothing when none is selected.
@@ -18,10 +19,12 @@ class OptionGroup {
 
  private:
     friend class OptionButton;
+    const OptionButton* TabStop() const;
+
     std::vector<OptionButton*> buttons_;
 };
 
-/// One choice of a group. Arrow keys choose its neighbours.
+/// One choice of a group. Arrow keys choose its neighbours, round and round.
 class OptionButton : public Control {
  public:
     OptionButton(OptionGroup& group, std::string name, const std::string& caption);
@@ -34,6 +37,7 @@ class OptionButton : public Control {
     void Select();
 
     bool TakesFocus() const override { return true; }
+    bool IsTabStop() const override { return CanFocus() && group_.TabStop() == this; }
     bool KeyDown(const KeyEvent& event) override;
     void MouseDown(const MouseEvent&) override { Select(); }
     void Activate() override { Select(); }

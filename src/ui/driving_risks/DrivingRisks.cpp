@@ -21,10 +21,13 @@ void LayOut(Grid& grid) {
     grid.SetText(0, kId, "ID");
     grid.SetText(0, kDescription, "Description");
     grid.SetText(0, kImportance, "Importance");
-    const int width = grid.Bounds().width;
+    // Of the width beside the scroll bar, so that all three columns stay in sight.
+    const int width = grid.Bounds().width - grid.Geometry().scrollBarWidth;
     for (const int column : {kId, kImportance, kSortKey})
         grid.Geometry().SetColumnWidth(column, width / 6);
     grid.Geometry().SetColumnWidth(kDescription, width * 2 / 3);
+    for (const int column : {kId, kImportance})
+        grid.Geometry().SetColumnAlignment(column, Alignment::Right);
 }
 
 void SetUp(Chart& chart, const std::string& planName) {

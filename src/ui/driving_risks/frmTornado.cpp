@@ -13,8 +13,8 @@
 namespace kestrel::ui {
 namespace {
 
-constexpr int kWidth = 960, kHeight = 500, kMargin = 10;
-constexpr int kGridWidth = 384, kRowHeight = 24, kButtonHeight = 26;
+constexpr int kWidth = 980, kHeight = 500, kMargin = 10;
+constexpr int kGridWidth = 426, kRowHeight = 23, kButtonHeight = 26;
 constexpr std::int32_t kUsualTopRisks = 10;
 
 /// What the user has stored, from 0; the usual number for a text that is no number.
@@ -51,9 +51,9 @@ void frmTornado::PlaceControls() {
         Add(*grid, {gridLeft, bodyTop, kGridWidth, bodyHeight},
             kAnchorTop | kAnchorRight | kAnchorBottom);
     Add(cmdCopyToClip, {kMargin, buttonsTop, 170, kButtonHeight}, kAnchorLeft | kAnchorBottom);
-    Add(cmdHelp, {kWidth - 2 * (kMargin + 100), buttonsTop, 100, kButtonHeight},
+    Add(cmdOK, {kWidth - 2 * (kMargin + 100), buttonsTop, 100, kButtonHeight},
         kAnchorRight | kAnchorBottom);
-    Add(cmdOK, {kWidth - kMargin - 100, buttonsTop, 100, kButtonHeight},
+    Add(cmdHelp, {kWidth - kMargin - 100, buttonsTop, 100, kButtonHeight},
         kAnchorRight | kAnchorBottom);
     SetDefaultButton(cmdOK);
     SetCancelButton(cmdOK);

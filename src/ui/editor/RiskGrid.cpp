@@ -28,6 +28,8 @@ void SetUpRiskGrid(Grid& grid) {
     for (int column = 0; column < kRiskColumns; ++column) {
         grid.SetText(0, column, kColumns[column].header);
         grid.Geometry().SetColumnWidth(column, kColumns[column].width);
+        if (column != kDescriptionColumn)
+            grid.Geometry().SetColumnAlignment(column, Alignment::Right);
     }
     grid.Geometry().SetStretchColumn(kDescriptionColumn);
 }

@@ -31,7 +31,7 @@ void frmEditRiskFactors::PlaceControls() {
         left += kButtonWidth + kMargin;
     }
     left = kWidth - 3 * (kButtonWidth + kMargin);
-    for (Button* button : {&cmdHelp, &cmdCancelRisk, &cmdOKRisk}) {
+    for (Button* button : {&cmdOKRisk, &cmdCancelRisk, &cmdHelp}) {
         Add(*button, {left, buttonsTop, kButtonWidth, kButtonHeight}, kAnchorRight | kAnchorBottom);
         left += kButtonWidth + kMargin;
     }

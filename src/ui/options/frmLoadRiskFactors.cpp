@@ -14,7 +14,7 @@ constexpr int kWidth = 560, kHeight = 320, kMargin = 10, kLine = 20, kButtonWidt
               kButtonHeight = 26;
 constexpr int kInside = 2 * kMargin;  ///< left edge of what stands in a frame
 constexpr int kInsideWidth = kWidth - 2 * kInside;
-constexpr int kBrowseWidth = 30, kFileHeight = 22;
+constexpr int kBrowseWidth = 30, kFileHeight = 23;
 
 }  // namespace
 

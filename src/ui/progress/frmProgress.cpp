@@ -5,9 +5,9 @@
 namespace kestrel::ui {
 
 frmProgress::frmProgress(ProcessEvents processEvents)
-    : Form("Calculating Risk Sensitivity", 380, 84), processEvents_(std::move(processEvents)) {
-    Add(txtMessage, {10, 10, 360, 24}, kAnchorLeft | kAnchorTop | kAnchorRight);
-    Add(ProgressBar1, {10, 46, 360, 24}, kAnchorLeft | kAnchorTop | kAnchorRight);
+    : Form("Calculating Risk Sensitivity", 380, 76), processEvents_(std::move(processEvents)) {
+    Add(txtMessage, {10, 10, 360, 23}, kAnchorLeft | kAnchorTop | kAnchorRight);
+    Add(ProgressBar1, {10, 43, 360, 23}, kAnchorLeft | kAnchorTop | kAnchorRight);
     txtMessage.SetReadOnly(true);
 }
 

@@ -7,8 +7,8 @@
 namespace kestrel::ui {
 
 frmTextProgress::frmTextProgress(Desktop& desktop, std::function<void()> refresh)
-    : Form("Progress", 380, 240), desktop_(desktop), refresh_(std::move(refresh)) {
-    Add(lvwProgress, {10, 10, 360, 220}, kAnchorAll);
+    : Form("Progress", 380, 200), desktop_(desktop), refresh_(std::move(refresh)) {
+    Add(lvwProgress, {10, 10, 360, 180}, kAnchorAll);
 }
 
 void frmTextProgress::Form_Load() {

@@ -31,7 +31,7 @@ class frmTextProgress : public Form {
 
     /// The height that the window takes when it is sized to `height`. Deliberately so for the
     /// English languages 1033 and 2057 only: 500 less, and 200 where that leaves less than 500.
-    int AdjustedHeight(int height);
+    int AdjustedHeight(int height) override;
     /// The user's language when the window was last sized; 0 before.
     std::uint16_t UserLanguage() const { return userLanguage_; }
 

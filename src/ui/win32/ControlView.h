@@ -1,7 +1,8 @@
 #pragma once
 
 #include <windows.h>
-
+// windows.h first
+#include <exception>
 #include <functional>
 #include <memory>
 
@@ -25,6 +26,21 @@ struct ViewContext {
     /// in step with their models and closes the form's window when the form has closed. The view
     /// that calls it may be gone afterwards.
     std::function<void()> afterEvent;
+    /// Keeps what an event threw until the form's window is gone; the form is closed then.
+    std::function<void(std::exception_ptr)> failed;
+
+    /// Hands an event of the user to the models, and brings the windows in step; nothing once the
+    /// form has closed. For window procedures, which no exception may cross.
+    template <class Event>
+    void Deliver(Event&& event) noexcept {
+        if (!form->IsOpen()) return;
+        try {
+            event();
+            if (afterEvent) afterEvent();
+        } catch (...) {
+            if (failed) failed(std::current_exception());
+        }
+    }
 
     /// Device-independent units (96 to the inch) to pixels.
     int Pixels(int units) const { return MulDiv(units, static_cast<int>(dpi), 96); }

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <oleacc.h>
+
+#include <atomic>
+#include <optional>
+#include <string>
+
+#include "platform/win32/ComPtr.h"
+
+namespace kestrel::ui::win32 {
+
+/// What a self-painted window tells screen readers: about itself as a whole (part 0) and its parts,
+/// which are numbered from 1. Asked on the window's thread only.
+class AccessibleSource {
+ public:
+    virtual ~AccessibleSource() = default;
+
+    virtual long PartCount() const = 0;
+    /// @name Of a part, 0 to PartCount
+    ///@{
+    virtual std::string PartName(long part) const = 0;        ///< UTF-8
+    virtual std::string PartValue(long) const { return {}; }  ///< UTF-8; may be empty
+    virtual std::string PartDescription(long) const { return {}; }
+    virtual long PartRole(long part) const = 0;   ///< ROLE_SYSTEM_...
+    virtual long PartState(long part) const = 0;  ///< STATE_SYSTEM_...
+    virtual RECT PartPlace(long part) const = 0;  ///< pixels of the window
+    ///@}
+    /// 0 for a place outside the parts.
+    virtual long PartAt(POINT place) const = 0;
+    /// The part that keys go on from; 0 for the window itself.
+    virtual long FocusedPart() const = 0;
+    virtual void FocusPart(long part) = 0;
+    /// The part in a direction (NAVDIR_...) from another; 0 for none. By default the parts stand
+    /// below each other.
+    virtual long PartBeside(long part, long direction) const;
+};
+
+/// The object behind a window's accessibility. Screen readers may keep it longer than the window
+/// lives: from Disconnect on it answers CO_E_OBJNOTCONNECTED.
+class AccessibleParts : public IAccessible {
+ public:
+    static kestrel::win32::ComPtr<AccessibleParts> Make(HWND window, AccessibleSource& source);
+    void Disconnect() { source_ = nullptr; }
+
+    /// What a window answers to WM_GETOBJECT; nothing when something else is asked for.
+    std::optional<LRESULT> Respond(WPARAM wParam, LPARAM lParam);
+
+    /// @name IUnknown
+    ///@{
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
+    STDMETHODIMP_(ULONG) AddRef() noexcept override;
+    STDMETHODIMP_(ULONG) Release() noexcept override;
+    ///@}
+
+    /// @name IDispatch, which nobody uses to reach an IAccessible
+    ///@{
+    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) noexcept override {
+        return E_NOTIMPL;
+    }
+    ///@}
+
+    /// @name IAccessible
+    ///@{
+    STDMETHODIMP get_accParent(IDispatch** parent) noexcept override;
+    STDMETHODIMP get_accChildCount(long* count) noexcept override;
+    STDMETHODIMP get_accChild(VARIANT child, IDispatch** object) noexcept override;
+    STDMETHODIMP get_accName(VARIANT child, BSTR* name) noexcept override;
+    STDMETHODIMP get_accValue(VARIANT child, BSTR* value) noexcept override;
+    STDMETHODIMP get_accDescription(VARIANT child, BSTR* description) noexcept override;
+    STDMETHODIMP get_accRole(VARIANT child, VARIANT* role) noexcept override;
+    STDMETHODIMP get_accState(VARIANT child, VARIANT* state) noexcept override;
+    STDMETHODIMP get_accFocus(VARIANT* child) noexcept override;
+    STDMETHODIMP accSelect(long flags, VARIANT child) noexcept override;
+    STDMETHODIMP accLocation(long* left, long* top, long* width, long* height,
+                             VARIANT child) noexcept override;
+    STDMETHODIMP accNavigate(long direction, VARIANT start, VARIANT* end) noexcept override;
+    STDMETHODIMP accHitTest(long left, long top, VARIANT* child) noexcept override;
+    ///@}
+
+    /// @name Nothing to tell
+    ///@{
+    STDMETHODIMP get_accHelp(VARIANT, BSTR*) noexcept override { return S_FALSE; }
+    STDMETHODIMP get_accHelpTopic(BSTR*, VARIANT, long*) noexcept override { return S_FALSE; }
+    STDMETHODIMP get_accKeyboardShortcut(VARIANT, BSTR*) noexcept override { return S_FALSE; }
+    STDMETHODIMP get_accSelection(VARIANT* selected) noexcept override {
+        return get_accFocus(selected);
+    }
+    STDMETHODIMP get_accDefaultAction(VARIANT, BSTR*) noexcept override { return S_FALSE; }
+    STDMETHODIMP accDoDefaultAction(VARIANT) noexcept override { return DISP_E_MEMBERNOTFOUND; }
+    STDMETHODIMP put_accName(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
+    STDMETHODIMP put_accValue(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
+    ///@}
+
+ private:
+    AccessibleParts(HWND window, AccessibleSource& source);
+    virtual ~AccessibleParts() = default;
+
+    /// Runs `answer` with the part that the child id names; its result is the call's.
+    template <class Answer>
+    HRESULT Ask(const VARIANT& child, const Answer& answer) const noexcept;
+
+    std::atomic<ULONG> references_ = 1;  ///< screen readers may let go on threads of their own
+    HWND window_;
+    AccessibleSource* source_;                      ///< none after Disconnect
+    kestrel::win32::ComPtr<IAccessible> standard_;  ///< what the system says of the window
+};
+
+}  // namespace kestrel::ui::win32

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "platform/win32/ComPtr.h"
+#include "platform/win32/Gdi.h"
+#include "ui/controls/Grid.h"
+#include "ui/win32/ControlView.h"
+#include "ui/win32/KeyInput.h"
+#include "ui/win32/WindowHandle.h"
+#include "ui/win32/grid/GridAccess.h"
+#include "ui/win32/grid/GridCaret.h"
+#include "ui/win32/grid/GridPainter.h"
+#include "ui/win32/grid/GridScroll.h"
+#include "ui/win32/grid/GridSnapshot.h"
+
+namespace kestrel::ui::win32 {
+
+/// The window of a grid: hands keys, characters and mouse to the form and paints what the grid
+/// then holds. It decides nothing about cells.
+class GridWindow : public ControlView {
+ public:
+    GridWindow(ViewContext& context, Grid& grid);
+    ~GridWindow() override;
+
+    HWND Window() const override { return window_; }
+    void Update() override;
+    void ScaleChanged() override;
+
+ private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
+    /// Each answers nothing where the system's own handling is wanted as well. The view may be
+    /// gone afterwards.
+    ///@{
+    std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    ///@}
+
+    /// @name Keyboard
+    ///@{
+    bool KeyDown(WPARAM virtualKey, bool repeated);
+    bool SystemKeyDown(WPARAM virtualKey);
+    void Character(WPARAM unit);
+    void FocusGained();
+    void FocusLost();
+    ///@}
+
+    /// @name Mouse
+    ///@{
+    void ButtonDown(POINT place, bool doubleClick);
+    void PlaceCaret(POINT place);
+    bool SetCursorShape() const;
+    bool Wheel(WPARAM wParam);
+    ///@}
+
+    /// @name Columns sized by the user
+    ///@{
+    std::optional<int> EdgeAt(POINT place) const;
+    void BeginDrag(int column, POINT place);
+    void Drag(POINT place);
+    void FitColumn(int column);
+    void FitAllColumns();
+    void WidenColumn(int units);
+    ///@}
+
+    /// @name Painting
+    ///@{
+    void Paint();
+    void PaintInto(HDC dc, const RECT& part);
+    void PaintBorder() const;
+    void FitSizes();
+    void InvalidateChanges(const GridSnapshot& now) const;
+    void UpdateCaret();
+    ///@}
+
+    /// @name Assistive programs
+    ///@{
+    LRESULT AccessibleObject(WPARAM wParam);
+    void AnnounceFocus() const;
+    void AnnounceChanges(const GridSnapshot& now) const;
+    void DisconnectAccess();
+    ///@}
+
+    GridScale Scale() const { return {context_.dpi}; }
+    GridStyle Style() const { return {Scale(), context_.font, colours_}; }
+    bool HasFocus() const { return GetFocus() == window_; }
+
+    ViewContext& context_;
+    Grid& grid_;
+    WindowClass class_;
+    HWND window_;  ///< none once its parent has taken it along
+    GridScroll scroll_;
+    GridCaret caret_;
+    GridColours colours_ = GridColours::OfSystem();
+    kestrel::win32::ComPtr<GridAccess> access_;  ///< once a program has asked for it
+    std::optional<GridSnapshot> shown_;
+    std::uint64_t shownChanges_ = 0;
+    std::unique_ptr<kestrel::win32::MemoryPicture> picture_;
+    SIZE pictureSize_{};
+    CharacterInput characters_;
+    std::optional<int> dragged_;  ///< the column whose edge the mouse holds
+    int dragOffset_ = 0;          ///< from that edge to the mouse, in units
+};
+
+}  // namespace kestrel::ui::win32

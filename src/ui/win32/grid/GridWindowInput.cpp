@@ -1,0 +1,199 @@
+#include <windowsx.h>
+
+#include "ui/win32/KeyInput.h"
+#include "ui/win32/grid/GridWindow.h"
+
+/// What the user does with keyboard and mouse.
+namespace kestrel::ui::win32 {
+namespace {
+
+using kestrel::win32::WindowDc;
+
+constexpr LPARAM kRepeated = 0x40000000;  // of a key message: the key was down before
+constexpr int kColumnStep = 8;            // units that a key widens a column by
+
+std::optional<LRESULT> Done(bool used) { return used ? std::optional<LRESULT>(0) : std::nullopt; }
+
+POINT PointOf(LPARAM place) { return {GET_X_LPARAM(place), GET_Y_LPARAM(place)}; }
+
+}  // namespace
+
+std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_GETDLGCODE:
+            return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS;
+        case WM_KEYDOWN:
+            return Done(KeyDown(wParam, (lParam & kRepeated) != 0));
+        case WM_CHAR:
+            Character(wParam);
+            return 0;
+        case WM_SYSKEYDOWN:
+            return Done(SystemKeyDown(wParam));
+        case WM_SETFOCUS:
+            FocusGained();
+            return 0;
+        case WM_KILLFOCUS:
+            FocusLost();
+            return 0;
+        case WM_SETCURSOR:
+            if (SetCursorShape()) return TRUE;
+            return std::nullopt;
+        case WM_CAPTURECHANGED:
+            dragged_.reset();
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+bool GridWindow::KeyDown(WPARAM virtualKey, bool repeated) {
+    if (virtualKey == VK_ADD && IsDown(VK_CONTROL)) {  // as in the system's own lists
+        FitAllColumns();
+        return true;
+    }
+    const auto event = KeyEventOf(virtualKey);
+    if (!event) return false;
+    bool used = false;
+    ViewContext& context = context_;
+    context.Deliver([&] {
+        // Held down, Enter and Esc work on in the grid, but must not answer the next window.
+        const bool gridOnly = repeated && (event->key == Key::Enter || event->key == Key::Escape);
+        used = gridOnly ? grid_.KeyDown(*event) : context.form->KeyDown(*event);
+    });
+    return used;
+}
+
+bool GridWindow::SystemKeyDown(WPARAM virtualKey) {
+    if (IsDown(VK_CONTROL) || (virtualKey != VK_LEFT && virtualKey != VK_RIGHT)) return false;
+    WidenColumn(virtualKey == VK_RIGHT ? kColumnStep : -kColumnStep);
+    return true;
+}
+
+void GridWindow::Character(WPARAM unit) {
+    const auto character = characters_.Take(unit);
+    if (!character) return;
+    ViewContext& context = context_;
+    context.Deliver([&] {
+        if (context.form->IsOpen()) context.form->KeyPress(*character);
+    });
+}
+
+void GridWindow::FocusGained() {
+    InvalidateRect(window_, nullptr, FALSE);
+    UpdateCaret();
+    AnnounceFocus();
+}
+
+void GridWindow::FocusLost() {
+    caret_.Hide();
+    Update();
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+std::optional<LRESULT> GridWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            ButtonDown(PointOf(lParam), message == WM_LBUTTONDBLCLK);
+            return 0;
+        case WM_MOUSEMOVE:
+            if (dragged_) Drag(PointOf(lParam));
+            return 0;
+        case WM_LBUTTONUP:
+            if (dragged_) ReleaseCapture();
+            return 0;
+        case WM_MOUSEWHEEL:
+            return Done(Wheel(wParam));
+        default:
+            return std::nullopt;
+    }
+}
+
+void GridWindow::ButtonDown(POINT place, bool doubleClick) {
+    if (const auto column = EdgeAt(place)) {
+        if (doubleClick)
+            FitColumn(*column);
+        else
+            BeginDrag(*column, place);
+        return;
+    }
+    const HWND window = window_;
+    SetFocus(window);
+    // The control that has lost the keyboard may have closed the form.
+    if (GetWindowLongPtrW(window, GWLP_USERDATA) != reinterpret_cast<LONG_PTR>(this)) return;
+    MouseEvent event;
+    event.x = grid_.Bounds().x + Scale().Units(place.x);
+    event.y = grid_.Bounds().y + Scale().Units(place.y);
+    event.shift = IsDown(VK_SHIFT);
+    event.ctrl = IsDown(VK_CONTROL);
+    event.doubleClick = doubleClick;
+    ViewContext& context = context_;
+    context.Deliver([&] {
+        context.form->MouseDown(event);
+        PlaceCaret(place);
+    });
+}
+
+void GridWindow::PlaceCaret(POINT place) {
+    if (!grid_.IsEditing()) return;
+    const auto bounds = grid_.Geometry().CellBounds(grid_.CurrentRow(), grid_.CurrentColumn());
+    if (!bounds) return;
+    const RECT cell = Scale().Pixels(*bounds);
+    if (!PtInRect(&cell, place)) return;
+    const WindowDc dc(window_);
+    const GridStyle style = Style();
+    grid_.SetCaret(GridPainter(dc.Get(), grid_, style).CaretAt(place.x));
+}
+
+bool GridWindow::SetCursorShape() const {
+    POINT place{};
+    if (!GetCursorPos(&place) || !ScreenToClient(window_, &place)) return false;
+    if (!dragged_ && !EdgeAt(place)) return false;
+    SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+    return true;
+}
+
+bool GridWindow::Wheel(WPARAM wParam) {
+    if (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) return false;
+    if (!scroll_.Wheel(GET_WHEEL_DELTA_WPARAM(wParam))) return false;
+    Update();
+    return true;
+}
+
+std::optional<int> GridWindow::EdgeAt(POINT place) const {
+    return grid_.Geometry().EdgeAt(Scale().Units(place.x), Scale().Units(place.y));
+}
+
+void GridWindow::BeginDrag(int column, POINT place) {
+    const Rect header = grid_.Geometry().CellBounds(0, column).value();
+    dragOffset_ = Scale().Units(place.x) - (header.x + header.width);
+    SetCapture(window_);
+    dragged_ = column;
+}
+
+void GridWindow::Drag(POINT place) {
+    const Rect header = grid_.Geometry().CellBounds(0, *dragged_).value();
+    grid_.ResizeColumn(*dragged_, Scale().Units(place.x) - dragOffset_ - header.x);
+    Update();
+}
+
+void GridWindow::WidenColumn(int units) {
+    const int column = grid_.CurrentColumn();
+    if (grid_.HasColumn(column))
+        grid_.ResizeColumn(column, grid_.Geometry().ColumnWidth(column) + units);
+    Update();
+}
+
+void GridWindow::FitColumn(int column) {
+    const WindowDc dc(window_);
+    const GridStyle style = Style();
+    grid_.FitColumn(column,
+                    Scale().UnitsAtLeast(GridPainter(dc.Get(), grid_, style).ColumnWidth(column)));
+    Update();
+}
+
+void GridWindow::FitAllColumns() {
+    for (int column = 0; column < grid_.ColumnCount(); ++column) FitColumn(column);
+}
+
+}  // namespace kestrel::ui::win32

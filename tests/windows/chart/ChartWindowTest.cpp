@@ -1,0 +1,316 @@
+#include <windows.h>
+// windows.h first
+#include <commctrl.h>
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/win32/Bstr.h"
+#include "platform/win32/Gdi.h"
+#include "platform/win32/Variant.h"
+#include "ui/controls/Button.h"
+#include "ui/win32/AccessibleParts.h"
+#include "ui/win32/ControlView.h"
+#include "ui/win32/WindowHandle.h"
+#include "windows/chart/ChartSamples.h"
+#include "windows/chart/PostScriptPrinter.h"
+#include "windows/support/WatchedRunner.h"
+
+namespace kestrel::test {
+namespace {
+
+using Accessible = win32::ComPtr<IAccessible>;
+
+class ChartForm : public ui::Form {
+ public:
+    explicit ChartForm(const Drivers& drivers = kDrivers)
+        : Form("A chart", 620, 360), drivers_(drivers) {
+        Add(chart, {10, 10, 600, 300}, ui::kAnchorAll);
+        Add(close, {510, 320, 100, 26}, ui::kAnchorRight | ui::kAnchorBottom);
+        close.Click = [this] { Close(); };
+        SetCancelButton(close);
+    }
+    ui::Chart chart{"chart"};
+    ui::Button close{"close", "Close"};
+
+ protected:
+    void Form_Load() override { Draw(chart, drivers_, "Ferry terminal"); }
+
+ private:
+    Drivers drivers_;
+};
+
+Accessible AccessibleOf(HWND window) {
+    Accessible object;
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                               object.OutVoid());
+    return object;
+}
+
+std::string NameOf(IAccessible& object, int part) {
+    win32::Bstr name;
+    return FAILED(object.get_accName(win32::Variant(part), name.Out())) ? "failed" : name.Utf8();
+}
+
+long RoleOf(IAccessible& object, int part) {
+    win32::Variant role;
+    return FAILED(object.get_accRole(win32::Variant(part), role.Out())) ? -1 : role.lVal;
+}
+
+long FocusOf(IAccessible& object) {
+    win32::Variant part;
+    return object.get_accFocus(part.Out()) == S_OK ? part.lVal : -1;
+}
+
+RECT PlaceOf(IAccessible& object, int part) {
+    long left = 0, top = 0, width = 0, height = 0;
+    EXPECT_EQ(object.accLocation(&left, &top, &width, &height, win32::Variant(part)), S_OK);
+    return {left, top, left + width, top + height};
+}
+
+bool IsOfClass(HWND window, const wchar_t* wanted) {
+    wchar_t name[50]{};
+    GetClassNameW(window, name, 50);
+    return std::wstring_view(name) == wanted;
+}
+
+/// A window of this thread on the screen; none when there is no such.
+HWND Shown(const wchar_t* windowClass) {
+    struct Search {
+        const wchar_t* windowClass;
+        HWND found;
+    } search{windowClass, nullptr};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM into) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(into);
+            if (IsWindowVisible(window) && IsOfClass(window, wanted.windowClass))
+                wanted.found = window;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+std::string ShownHint() {
+    wchar_t text[200]{};
+    if (const HWND hint = Shown(TOOLTIPS_CLASSW)) GetWindowTextW(hint, text, 200);
+    return win32::Utf8(text);
+}
+
+/// How many objects the drawing system has left for this process.
+int DrawingObjectsLeft() {
+    std::vector<HBRUSH> taken;
+    while (const HBRUSH brush = CreateSolidBrush(0)) taken.push_back(brush);
+    for (const HBRUSH brush : taken) DeleteObject(brush);
+    return static_cast<int>(taken.size());
+}
+
+class ChartWindowTest : public testing::Test {
+ protected:
+    /// Shows a form with a chart, which has the keyboard, to a user.
+    void Show(const std::function<void(WindowUser&, HWND chart)>& script) {
+        ChartForm form;
+        WhileWorking([&] { runner.ShowModal(form); },
+                     [&](WindowUser& user) {
+                         const HWND window = user.WaitForWindow(L"A chart");
+                         HWND chart = nullptr;
+                         user.OnUi([&] {
+                             chart = runner.WindowOf("chart");
+                             accessible = AccessibleOf(chart);
+                         });
+                         script(user, chart);
+                         user.Press(VK_ESCAPE);
+                         user.WaitUntilGone(window);
+                     });
+    }
+    static void EmptyTheClipboard(WindowUser& user) {
+        user.OnUi([] {
+            ASSERT_TRUE(OpenClipboard(GetActiveWindow()));
+            EmptyClipboard();
+            CloseClipboard();
+        });
+    }
+    static void WaitForPicture(WindowUser& user) {
+        user.WaitUntil("a metafile is on the clipboard",
+                       [] { return IsClipboardFormatAvailable(CF_ENHMETAFILE) != FALSE; });
+    }
+
+    WatchedRunner runner;
+    Accessible accessible;
+};
+
+TEST_F(ChartWindowTest, KeysAndMouseGoFromBarToBarAndTellOfThem) {
+    Show([&](WindowUser& user, HWND chart) {
+        const auto waitFor = [&](long part, const std::string& hint) {
+            user.WaitUntil("the bar is chosen: " + hint,
+                           [&] { return FocusOf(*accessible) == part && ShownHint() == hint; });
+        };
+        const struct {
+            WORD key;
+            long part;
+            const char* hint;
+        } rows[] = {
+            {VK_DOWN, 1, "1 - Ground conditions worse than surveyed: 81.0%"},
+            {VK_DOWN, 2, "2 - Late delivery of the link span: -42.0%"},
+            {VK_END, 3, "3 - Weather windows missed: 25.0%"},
+            {VK_RIGHT, 3, "3 - Weather windows missed: 25.0%"},
+            {VK_LEFT, 2, "2 - Late delivery of the link span: -42.0%"},
+            {VK_HOME, 1, "1 - Ground conditions worse than surveyed: 81.0%"},
+        };
+        for (const auto& row : rows) {
+            user.Press(row.key);
+            waitFor(row.part, row.hint);
+        }
+        POINT bar{};
+        user.OnUi([&] {
+            const RECT place = PlaceOf(*accessible, 3);
+            bar = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+            win32::Variant hit;
+            EXPECT_EQ(accessible->accHitTest(bar.x, bar.y, hit.Out()), S_OK);
+            EXPECT_EQ(hit.lVal, 3);
+            ScreenToClient(chart, &bar);
+        });
+        user.Click(chart, bar);
+        waitFor(3, "3 - Weather windows missed: 25.0%");
+        user.Press(VK_TAB);
+        user.WaitUntil("the chart has lost the keyboard",
+                       [&] { return FocusOf(*accessible) == -1 && ShownHint().empty(); });
+    });
+}
+
+TEST_F(ChartWindowTest, ScreenReadersFindTheChartAndItsBars) {
+    Show([&](WindowUser& user, HWND chart) {
+        user.OnUi([&] {
+            ASSERT_TRUE(accessible);
+            long count = 0;
+            EXPECT_EQ(accessible->get_accChildCount(&count), S_OK);
+            EXPECT_EQ(count, 3);
+            EXPECT_EQ(NameOf(*accessible, 0),
+                      "Risk Factors Driving Project Schedule - Ferry terminal");
+            EXPECT_EQ(NameOf(*accessible, 2), "2 - Late delivery of the link span: -42.0%");
+            EXPECT_EQ(NameOf(*accessible, 4), "failed");
+            EXPECT_EQ(RoleOf(*accessible, 0), ROLE_SYSTEM_CHART);
+            EXPECT_EQ(RoleOf(*accessible, 1), ROLE_SYSTEM_GRAPHIC);
+            win32::Variant next;
+            EXPECT_EQ(accessible->accNavigate(NAVDIR_NEXT, win32::Variant(2), next.Out()), S_OK);
+            EXPECT_EQ(next.lVal, 3);
+            EXPECT_EQ(accessible->accNavigate(NAVDIR_NEXT, win32::Variant(3), next.Out()), S_FALSE);
+            win32::ComPtr<IDispatch> parent;
+            EXPECT_EQ(accessible->get_accParent(parent.Out()), S_OK);
+            EXPECT_TRUE(parent);
+            EXPECT_EQ(accessible->accSelect(SELFLAG_TAKEFOCUS, win32::Variant(2)), S_OK);
+            EXPECT_EQ(FocusOf(*accessible), 2);
+            RECT window{};
+            GetWindowRect(chart, &window);
+            const RECT place = PlaceOf(*accessible, 1);
+            RECT both{};
+            UnionRect(&both, &window, &place);
+            EXPECT_TRUE(EqualRect(&both, &window)) << "the bar lies within the chart";
+        });
+    });
+    EXPECT_EQ(NameOf(*accessible, 0), "failed") << "the window is gone";
+}
+
+TEST_F(ChartWindowTest, TheChartIsCopiedByKeyAndByMenu) {
+    Show([&](WindowUser& user, HWND) {
+        EmptyTheClipboard(user);
+        user.Press(VK_CONTROL, 'C');
+        WaitForPicture(user);
+        EmptyTheClipboard(user);
+        user.Press(VK_APPS);
+        user.WaitUntil("the menu is open", [] { return Shown(L"#32768") != nullptr; });
+        user.Press('C');
+        WaitForPicture(user);
+    });
+}
+
+TEST_F(ChartWindowTest, TheChartIsPrintedUnderThePlansName) {
+    const PostScriptPrinter printer;
+    Show([&](WindowUser& user, HWND) {
+        user.Press(VK_CONTROL, 'P');
+        const HWND dialog = user.WaitForWindow(L"Print");
+        user.Press(VK_RETURN);
+        user.WaitUntilGone(dialog);
+        user.WaitForWindow(L"A chart");
+        EXPECT_THAT(printer.Printed(), testing::HasSubstr("%%Title: Ferry terminal"));
+    });
+}
+
+TEST_F(ChartWindowTest, FollowsTheSizeAndTheScaleOfItsForm) {
+    Show([&](WindowUser& user, HWND chart) {
+        user.OnUi([&] {
+            const auto width = [&] {
+                const RECT place = PlaceOf(*accessible, 1);
+                return place.right - place.left;
+            };
+            const long small = width();
+            const HWND form = GetActiveWindow();
+            RECT place{};
+            GetWindowRect(form, &place);
+            SetWindowPos(form, nullptr, 0, 0, place.right - place.left + 300,
+                         place.bottom - place.top, SWP_NOZORDER);
+            EXPECT_GT(width(), small + 100);
+            RECT client{};
+            GetClientRect(chart, &client);
+            EXPECT_EQ(client.right, 900);
+
+            place = {0, 0, MulDiv(place.right - place.left, 3, 2),
+                     MulDiv(place.bottom - place.top, 3, 2)};
+            SendMessageW(form, WM_DPICHANGED, MAKEWPARAM(144, 144),
+                         reinterpret_cast<LPARAM>(&place));
+            EXPECT_NEAR(static_cast<double>(width()), static_cast<double>(small) * 1.5, 12);
+        });
+    });
+}
+
+TEST_F(ChartWindowTest, TheMouseRestingOnABarOrAShortenedNameIsTold) {
+    Show([&](WindowUser& user, HWND chart) {
+        user.OnUi([&] {
+            RECT place = PlaceOf(*accessible, 2);
+            SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+        });
+        user.WaitUntil("the bar is told",
+                       [] { return ShownHint() == "2 - Late delivery of the link span: -42.0%"; });
+        user.OnUi([&] {
+            RECT narrow{};
+            GetWindowRect(chart, &narrow);
+            MoveWindow(chart, 0, 0, 300, narrow.bottom - narrow.top, TRUE);
+            const RECT place = PlaceOf(*accessible, 1);
+            GetWindowRect(chart, &narrow);
+            SetCursorPos(narrow.left + 60, (place.top + place.bottom) / 2);
+        });
+        user.WaitUntil("the whole name is told",
+                       [] { return ShownHint() == "1 - Ground conditions worse than surveyed"; });
+    });
+}
+
+TEST_F(ChartWindowTest, AHundredChartsLeaveNothingBehind) {
+    ChartForm form;
+    form.Open();
+    ui::win32::ViewContext context;
+    context.module = GetModuleHandleW(nullptr);
+    context.form = &form;
+    const ui::win32::WindowHandle parent(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE,
+                                                         0, 0, 620, 360, nullptr, nullptr,
+                                                         context.module, nullptr));
+    context.formWindow = parent.Get();
+    const auto showOnce = [&] {
+        const auto view = ui::win32::MakeChartView(context, form.chart);
+        MoveWindow(view->Window(), 10, 10, 600, 300, TRUE);
+        UpdateWindow(view->Window());
+        SendMessageW(view->Window(), WM_KEYDOWN, VK_DOWN, 0);
+    };
+    showOnce();  // the system keeps something for the next time
+    const int before = DrawingObjectsLeft();
+    for (int i = 0; i < 100; ++i) showOnce();
+    EXPECT_NEAR(DrawingObjectsLeft(), before, 5);
+    EXPECT_FALSE(Shown(TOOLTIPS_CLASSW));
+    WNDCLASSEXW found{};
+    found.cbSize = sizeof found;
+    EXPECT_FALSE(GetClassInfoExW(context.module, L"KestrelChart", &found));
+}
+
+}  // namespace
+}  // namespace kestrel::test

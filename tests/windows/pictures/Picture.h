@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+// windows.h first
+#include <string>
+
+namespace kestrel::test {
+
+/// Writes what the window shows, frame included, as a bitmap file. Raises std::runtime_error.
+void SavePicture(HWND window, const std::string& path);
+
+}  // namespace kestrel::test
