@@ -245,6 +245,7 @@ TEST(GridInputTest, TheScrollBarFollowsAndLeadsTheRows) {
     SendMessageW(window.Window(), WM_VSCROLL, SB_LINEUP, 0);
     EXPECT_EQ(form.grid.Geometry().TopRow(), 70000 - page);
     SendMessageW(window.Window(), WM_VSCROLL, SB_TOP, 0);
+    UpdateWindow(window.Window());
     EXPECT_EQ(bar().nPos, 0);
     while (form.grid.RowCount() > page) form.grid.RemoveRow(form.grid.RowCount() - 1);
     window.View().Update();

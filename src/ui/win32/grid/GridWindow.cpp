@@ -126,7 +126,7 @@ void GridWindow::Update() {
         FitSizes();
         now = GridSnapshot(grid_);
     }
-    scroll_.Update();
+    scroll_.UpdateRange();
     InvalidateChanges(now);
     if (shown_) AnnounceChanges(now);
     shown_ = std::move(now);
@@ -180,6 +180,7 @@ void GridWindow::UpdateCaret() {
 }
 
 void GridWindow::Paint() {
+    scroll_.UpdatePosition();
     const PaintScope paint(window_);
     const RECT client = ClientOf(window_);
     if (!picture_ || pictureSize_.cx != client.right || pictureSize_.cy != client.bottom) {
