@@ -173,10 +173,13 @@ unsigned HighestObject() {
 
 TEST(GridPaintTest, NothingIsLeftBehindByAHundredWindows) {
     SampleGrid form(20);
+    auto window = std::make_unique<GridHost>(form, form.grid);
     const auto openAndClose = [&] {
-        GridHost window(form, form.grid);
-        window.Type(L"x");
-        RedrawWindow(window.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        window->RemakeView();
+        form.grid.BeginEdit();
+        window->View().Update();
+        UpdateWindow(window->Window());
+        form.grid.EndEdit();
     };
     openAndClose();
     const unsigned before = HighestObject();
@@ -186,6 +189,7 @@ TEST(GridPaintTest, NothingIsLeftBehindByAHundredWindows) {
     EXPECT_LT(HighestObject(), before + 50);
     EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), drawing);
     EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+    window.reset();
     WNDCLASSEXW left{};
     left.cbSize = sizeof left;
     EXPECT_FALSE(GetClassInfoExW(GetModuleHandleW(nullptr), L"KestrelGrid", &left))

@@ -52,7 +52,8 @@ GridWindow::GridWindow(ViewContext& context, Grid& grid)
       class_(ClassOf(context.module, Procedure)),
       window_(CreateGridWindow(context, Scale(), grid, class_.Name())),
       scroll_(window_, grid),
-      caret_(window_) {
+      caret_(window_),
+      hints_(context, window_) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     Update();
 }
@@ -132,6 +133,7 @@ void GridWindow::Update() {
     shown_ = std::move(now);
     shownChanges_ = grid_.Changes();
     UpdateCaret();
+    hints_.Forget();
 }
 
 void GridWindow::ScaleChanged() {
