@@ -66,7 +66,8 @@ Minute WorkCalendar::DateOf(std::int64_t working) {
     }
     const auto day = std::lower_bound(passed_.begin(), passed_.end(), working) - passed_.begin();
     return (firstDay_ + day) * kMinutesPerDay +
-           MinuteWithin(calendar_.On(firstDay_ + day), working - Before(static_cast<std::size_t>(day)));
+           MinuteWithin(calendar_.On(firstDay_ + day),
+                        working - Before(static_cast<std::size_t>(day)));
 }
 
 Minute WorkCalendar::StartOf(std::int64_t working, bool goesOn) {

@@ -296,7 +296,8 @@ TEST_F(WorkbenchTest, ResultsShowEitherMeasureAndCopyTheTable) {
     User user(form);
     const auto drawn = [&] {
         std::string texts;
-        for (const auto& text : form.plotResult.Draw(600, 400, kestrel::ui::TextWidth).texts) texts += text.text + "|";
+        for (const auto& text : form.plotResult.Draw(600, 400, kestrel::ui::TextWidth).texts)
+            texts += text.text + "|";
         return texts;
     };
     EXPECT_NE(drawn().find("Project finish"), std::string::npos);
