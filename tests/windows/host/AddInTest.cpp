@@ -42,15 +42,15 @@ TEST(AddInThroughCom, AsksTheHostNoMoreThanAnIterationNeeds) {
     ComAddIn addIn(session);
     addIn.Start();
     struct CallCounter : AnalysisWatcher {
-        const ComAddIn& addIn;
+        const AddInConnection& connection;
         std::vector<std::uint64_t> atEnd;
-        explicit CallCounter(const ComAddIn& counted) : addIn(counted) {}
+        explicit CallCounter(const AddInConnection& counted) : connection(counted) {}
         bool AfterIteration(std::int32_t, std::span<const std::int32_t>,
                             const AnalysisResults&) override {
-            atEnd.push_back(addIn.HostCalls());
+            atEnd.push_back(connection.HostCalls());
             return true;
         }
-    } counter(addIn);
+    } counter(addIn.Connection());
     AnalysisSettings settings = Few();
     settings.iterations = 4;
     RunAnalysis(session.Host(), settings, &counter);
@@ -78,7 +78,7 @@ TEST(AddInThroughCom, LeavesNothingBehindInAThousandAnalyses) {
     session.Desktop().collects = true;
     EXPECT_TRUE(kestrel::test::LeakCheck(200, [&] {
         ComAddIn addIn(session);
-        addIn.Run(L"LaunchShow");
+        addIn.Connection().Call(L"LaunchShow");
     }));
     EXPECT_EQ(session.Desktop().QuestionsRefused(), 220);
     CoFreeUnusedLibrariesEx(0, 0);
