@@ -1,6 +1,9 @@
 #include "platform/XmlCharacters.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <utility>
 
 namespace kestrel {
 namespace {
@@ -42,6 +45,35 @@ std::size_t XmlCharacterLength(std::string_view text) {
     constexpr std::uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
     const bool wellFormed = lead >= 0xC2 && lead <= 0xF4 && character >= kSmallest[length];
     return wellFormed && IsXmlCharacter(character) ? length : 0;
+}
+
+std::uint32_t XmlReferredCharacter(std::string_view reference) {
+    constexpr std::pair<std::string_view, char> kNamed[] = {
+        {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+    for (const auto& [name, character] : kNamed)
+        if (reference == name) return static_cast<std::uint32_t>(character);
+
+    if (!reference.starts_with('#')) return kNoXmlCharacter;
+    reference.remove_prefix(1);
+    const int base = reference.starts_with('x') ? 16 : 10;
+    if (base == 16) reference.remove_prefix(1);
+    std::uint32_t character = 0;
+    const char* const end = reference.data() + reference.size();
+    const auto [stopped, error] = std::from_chars(reference.data(), end, character, base);
+    const bool read = error == std::errc() && stopped == end;
+    return read && IsXmlCharacter(character) ? character : kNoXmlCharacter;
+}
+
+bool IsXmlName(std::string_view text) {
+    const auto isLetter = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':' ||
+               static_cast<unsigned char>(c) >= 0x80;
+    };
+    const auto mayFollow = [&](char c) {
+        return isLetter(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+    };
+    return !text.empty() && isLetter(text.front()) &&
+           std::all_of(text.begin(), text.end(), mayFollow);
 }
 
 void AppendUtf8(std::string& text, std::uint32_t character) {

@@ -16,6 +16,13 @@ bool IsXmlCharacter(std::uint32_t character);
 /// document can hold, or ill-formed bytes.
 std::size_t XmlCharacterLength(std::string_view text);
 
+/// The character that a reference ("amp", "#233", "#xE9") stands for, or kNoXmlCharacter.
+inline constexpr std::uint32_t kNoXmlCharacter = 0xFFFF;
+std::uint32_t XmlReferredCharacter(std::string_view reference);
+
+/// Whether the text may be the name of an element or attribute, as far as ASCII goes.
+bool IsXmlName(std::string_view text);
+
 void AppendUtf8(std::string& text, std::uint32_t character);
 
 /// How the first bytes of a document show the width and order of its characters.

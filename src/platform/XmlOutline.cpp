@@ -1,80 +1,17 @@
 #include "platform/XmlOutline.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string>
 
 #include "platform/XmlCharacters.h"
 #include "platform/XmlErrors.h"
+#include "platform/XmlMarkupText.h"
 
 namespace kestrel {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kTagEnds = "/><";  // of a tag that is complete or broken off
-constexpr std::uint32_t kNoCharacter = 0xFFFF;
-
-/// The document's text with ASCII markup, without byte order mark.
-struct MarkupText {
-    explicit MarkupText(std::string_view bytes) {
-        const XmlEncodingMark mark = EncodingMarkOf(bytes);
-        if (mark.width > 1) Convert(bytes, mark);
-        text = mark.width > 1 ? std::string_view(converted) : bytes.substr(mark.skipped);
-        isUtf8 = mark.width > 1 || DeclaredEncoding().empty() || DeclaredEncoding() == "utf-8";
-    }
-
-    std::string converted;
-    std::string_view text;
-    bool isUtf8 = false;
-
- private:
-    void Convert(std::string_view bytes, const XmlEncodingMark& mark) {
-        for (std::size_t at = mark.skipped; at < bytes.size(); at += mark.width) {
-            std::uint32_t character = XmlUnitAt(bytes, at, mark);
-            if (mark.width == 2 && character >> 10 == 0xD800 >> 10) {
-                const std::uint32_t low = XmlUnitAt(bytes, at + 2, mark);
-                if (low >> 10 == 0xDC00 >> 10) {
-                    character = 0x10000 + ((character & 0x3FF) << 10 | (low & 0x3FF));
-                    at += 2;
-                }
-            }
-            // What is no character becomes bytes that are refused with their line later on.
-            AppendUtf8(converted, std::min<std::uint32_t>(character, 0x1FFFFF));
-        }
-    }
-
-    /// In lower case.
-    std::string DeclaredEncoding() const {
-        const std::string_view declaration =
-            text.starts_with("<?xml") ? text.substr(0, text.find("?>")) : std::string_view();
-        std::size_t at = declaration.find("encoding");
-        at = declaration.find_first_of("'\"", at);
-        if (at == declaration.npos) return {};
-        const std::size_t end = declaration.find(declaration[at], at + 1);
-        std::string name(declaration.substr(at + 1, end - at - 1));
-        for (char& c : name)
-            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-        return name;
-    }
-};
-
-/// The character that a reference ("amp", "#233", "#xE9") stands for, or kNoCharacter.
-std::uint32_t ReferredCharacter(std::string_view reference) {
-    constexpr std::pair<std::string_view, char> kNamed[] = {
-        {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
-    for (const auto& [name, character] : kNamed)
-        if (reference == name) return static_cast<std::uint32_t>(character);
-
-    if (!reference.starts_with('#')) return kNoCharacter;
-    reference.remove_prefix(1);
-    const int base = reference.starts_with('x') ? 16 : 10;
-    if (base == 16) reference.remove_prefix(1);
-    std::uint32_t character = 0;
-    const char* const end = reference.data() + reference.size();
-    const auto [stopped, error] = std::from_chars(reference.data(), end, character, base);
-    const bool read = error == std::errc() && stopped == end;
-    return read && IsXmlCharacter(character) ? character : kNoCharacter;
-}
 
 std::string_view PrefixOf(std::string_view name) {
     const auto colon = name.find(':');
@@ -83,8 +20,8 @@ std::string_view PrefixOf(std::string_view name) {
 
 class Outliner {
  public:
-    explicit Outliner(const MarkupText& markup) : text_(markup.text) {
-        CheckCharacters(markup.isUtf8);
+    explicit Outliner(const XmlMarkupText& markup) : text_(markup.Text()) {
+        CheckCharacters(markup.IsUtf8());
     }
 
     XmlOutline Outline() {
@@ -155,8 +92,8 @@ class Outliner {
             const std::size_t close = std::min(text.find(';', mark), end);
             const std::string_view reference = text.substr(mark + 1, close - mark - 1);
             const std::uint32_t character =
-                close < end ? ReferredCharacter(reference) : kNoCharacter;
-            if (character == kNoCharacter)
+                close < end ? XmlReferredCharacter(reference) : kNoXmlCharacter;
+            if (character == kNoXmlCharacter)
                 Fail("\"&" + std::string(reference.substr(0, 20)) +
                      "\" refers to nothing; write \"&amp;\" for an ampersand");
             AppendUtf8(resolved, character);
@@ -169,17 +106,21 @@ class Outliner {
             SkipBlanks();
             if (at_ < end) Fail("text stands outside the root element");
         } else {
-            static_cast<void>(ReadReferences(end));  // read only for the faults in it
+            const std::size_t sectionEnd = text_.substr(0, end).find("]]>", at_);
+            static_cast<void>(ReadReferences(std::min(sectionEnd, end)));  // for its faults only
+            if (at_ < end) Fail("\"]]>\" stands outside a CDATA section; write \"]]&gt;\"");
         }
     }
 
     void ReadMarkup() {
         if (IsAt("<!--"))
-            MovePast("-->", "a comment");
+            ReadComment();
         else if (IsAt("<![CDATA["))
             MovePast("]]>", "a CDATA section");
         else if (IsAt("<!"))
             throw XmlTypeDeclaredAtLine(line_);
+        else if (IsAt("<?xml") && at_ > 0 && IsBlankAt(at_ + 5))
+            Fail("the XML declaration must be the very first thing in the document");
         else if (IsAt("<?"))
             MovePast("?>", "a processing instruction");
         else if (IsAt("</"))
@@ -188,10 +129,22 @@ class Outliner {
             ReadStartTag();
     }
 
+    void ReadComment() {
+        MoveTo(at_ + 4);
+        MovePast("--", "a comment");
+        if (!IsAt(">")) Fail("\"--\" stands within a comment");
+        MoveTo(at_ + 1);
+    }
+
+    bool IsBlankAt(std::size_t position) const {
+        return position < text_.size() && kBlanks.find(text_[position]) != kBlanks.npos;
+    }
+
     std::string_view ReadName() {
         const std::size_t end = std::min(text_.find_first_of(" \t\r\n=/<>'\"", at_), text_.size());
         const std::string_view name = text_.substr(at_, end - at_);
         if (name.empty()) Fail("a name is missing in a tag");
+        if (!IsXmlName(name)) Fail("\"" + std::string(name.substr(0, 40)) + "\" is no name");
         MoveTo(end);
         return name;
     }
@@ -237,25 +190,34 @@ class Outliner {
     void ReadAttributes() {
         attributeNames_.clear();
         for (;;) {
+            const bool separated = IsBlankAt(at_);
             SkipBlanks();
             if (at_ == text_.size() || kTagEnds.find(text_[at_]) != kTagEnds.npos) return;
+            if (!separated) Fail("a blank is missing before an attribute");
             const std::string_view name = ReadName();
-            SkipBlanks();
-            const bool assigned = IsAt("=");
-            if (assigned) MoveTo(at_ + 1);
-            SkipBlanks();
-            const std::size_t end = at_ < text_.size() && (IsAt("'") || IsAt("\""))
-                                        ? text_.find(text_[at_], at_ + 1)
-                                        : text_.npos;
-            if (!assigned || end == text_.npos)
-                Fail("the attribute \"" + std::string(name.substr(0, 40)) +
-                     "\" has no value in quotes");
-            MoveTo(at_ + 1);
-            std::string value = ReadReferences(end);
-            MoveTo(end + 1);
+            std::string value = ReadValue(name);
             attributeNames_.push_back(name);
             if (name == "xmlns" || PrefixOf(name) == "xmlns") Declare(name, std::move(value));
         }
+    }
+
+    std::string ReadValue(std::string_view name) {
+        const auto fail = [&](const char* what) {
+            Fail("the attribute \"" + std::string(name.substr(0, 40)) + "\" " + what);
+        };
+        SkipBlanks();
+        const bool assigned = IsAt("=");
+        if (assigned) MoveTo(at_ + 1);
+        SkipBlanks();
+        const std::size_t end =
+            assigned && (IsAt("'") || IsAt("\"")) ? text_.find(text_[at_], at_ + 1) : text_.npos;
+        if (end == text_.npos) fail("has no value in quotes");
+        MoveTo(at_ + 1);
+        if (text_.substr(at_, end - at_).find('<') != text_.npos)
+            fail("has a \"<\" in its value, or no quote at its end; write \"&lt;\"");
+        std::string value = ReadReferences(end);
+        MoveTo(end + 1);
+        return value;
     }
 
     void Declare(std::string_view name, std::string value) {
@@ -300,7 +262,7 @@ class Outliner {
 }  // namespace
 
 XmlOutline OutlineXml(std::string_view bytes) {
-    const MarkupText markup(bytes);
+    const XmlMarkupText markup(bytes);
     return Outliner(markup).Outline();
 }
 

@@ -125,6 +125,12 @@ TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {
         {"control character", "<a>\x01</a>"},
         {"zero byte", "<a>\0</a>"s},
         {"attribute twice", "<a b='1' b='2'/>"},
+        {"namespace on no prefix", "<a xmlns:p=''/>"},
+        {"tag in a value", "<a b='<c/>'/>"},
+        {"end of a section", "<a>]]></a>"},
+        {"name of digits", "<1/>"},
+        {"two hyphens", "<a><!-- -- --></a>"},
+        {"late declaration", " <?xml version='1.0'?><a/>"},
     };
     for (const auto& row : rows) {
         const std::string message = MessageOf(row.bytes);

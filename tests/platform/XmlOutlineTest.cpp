@@ -69,6 +69,13 @@ TEST(XmlOutline, NamesTheLineAndTheFault) {
         {"<a>\n<b c=d/></a>", 2, "\"c\" has no value in quotes"},
         {"<a>\n<b c='d/></a>", 2, "\"c\" has no value in quotes"},
         {"<a\nb='1'\nb='2'/>", 3, "\"b\" stands twice"},
+        {"<a>\n<b c='1'd='2'/></a>", 2, "a blank is missing"},
+        {"<a>\n<b c='>\n<d e=''/></a>", 2, "\"c\" has a \"<\" in its value"},
+        {"<a>\n<1b/></a>", 2, "\"1b\" is no name"},
+        {"<a>\n<b c@d=''/></a>", 2, "\"c@d\" is no name"},
+        {"<a>\n]]></a>", 2, "outside a CDATA section"},
+        {"<a><!--\n -- --></a>", 2, "within a comment"},
+        {"\n<?xml version='1.0'?>\n<a/>", 2, "the very first thing"},
         {"<a>\n</a", 2, "</a> is not closed"},
         {"<a>\n<b/ ></a>", 2, "<b> of line 2 is not closed"},
         {"<a>\n&e;</a>", 2, "\"&e\" refers to nothing"},
@@ -103,7 +110,7 @@ TEST(XmlOutline, NamesTheLineAndTheFault) {
 TEST(XmlOutline, LetsPassWhatIsNoneOfItsBusiness) {
     for (const char* text : {
              "<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>",
-             "<a xml:lang='de' b=\"'\" c='\"'>]]>&quot;&apos;&#x10FFFF;</a>",
+             "<a xml:lang='de' b=\"'\" c='\"]]>'>]] >&quot;&apos;&#x10FFFF;</a>",
              "<a xmlns:p='u'><p:b p:c='1'/><p:b/></a>",
              "<a>\xEF\xBF\xBD\xF0\x9F\x98\x80</a>",
          }) {

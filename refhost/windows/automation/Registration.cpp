@@ -26,10 +26,11 @@ struct Entry {
     const wchar_t* data;  ///< the key's own value
 };
 
-/// Walked from the top by installing; removing a key removes what is below it.
+/// COM itself adds "-Embedding" to the command line. Walked from the top by installing; removing a
+/// key removes what is below it.
 constexpr Entry kEntries[] = {
     {L"CLSID\\%CLSID%", L"Schedulon Application"},
-    {L"CLSID\\%CLSID%\\LocalServer32", L"\"%PROGRAM%\" -Embedding"},
+    {L"CLSID\\%CLSID%\\LocalServer32", L"\"%PROGRAM%\""},
     {L"CLSID\\%CLSID%\\ProgID", L"Schedulon.Application"},
     {L"CLSID\\%CLSID%\\VersionIndependentProgID", L"Schedulon.Application"},
     {L"CLSID\\%CLSID%\\TypeLib", L"%LIBID%"},

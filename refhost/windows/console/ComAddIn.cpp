@@ -6,8 +6,6 @@
 
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
-#include "refhost/windows/console/AddInClass.h"
-#include "refhost/windows/console/DialogAnswerer.h"
 #include "util/Errors.h"
 
 #include <Schedulon.h>
@@ -52,6 +50,7 @@ ComAddIn::ComAddIn(Session& session)
       program_(session.Host()),
       server_(std::make_shared<automation::AutomationServer>(session.Host(), program_)),
       host_(server_->Application()),
+      answers_(session.Desktop()),
       addIn_(MakeAddInObject()) {
     OfferHost();
 }
@@ -59,7 +58,7 @@ ComAddIn::ComAddIn(Session& session)
 ComAddIn::~ComAddIn() {
     // Failures are the add-in's own; it is let go of in any case.
     if (started_) try {
-            CallMethod(*addIn_, L"LaunchStopSchedulon");
+            Run(L"LaunchStopSchedulon");
         } catch (const kestrel::HostError&) {
         }
     if (const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite))
@@ -76,20 +75,21 @@ void ComAddIn::OfferHost() {
 }
 
 void ComAddIn::Start() {
-    CallMethod(*addIn_, L"LaunchStartSchedulon");
+    Run(L"LaunchStartSchedulon");
     started_ = true;
 }
 
-void ComAddIn::RunCommand(const wchar_t* command, const std::string& path) {
-    DialogAnswerer answers(session_.Desktop(), path);
-    CallMethod(*addIn_, command);
-    answers.RaiseFailure();
+void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
+                          const std::string& name) {
+    answers_.AnswerFileDialogWith(path, name);
+    Run(command);
+    answers_.RaiseFailure();
 }
 
 void ComAddIn::Save() {
-    const ExchangeFile exchange;
-    RunCommand(L"LaunchSave", exchange.Path());
     CliDesktop& desktop = session_.Desktop();
+    const ExchangeFile exchange;
+    RunCommand(L"LaunchSave", exchange.Path(), desktop.fileToSave);
     if (exchange.Exists()) desktop.WriteFile(desktop.fileToSave, desktop.ReadFile(exchange.Path()));
 }
 
@@ -97,7 +97,7 @@ void ComAddIn::Load() {
     CliDesktop& desktop = session_.Desktop();
     const ExchangeFile exchange;
     kestrel::ReplaceWholeFile(exchange.Path(), desktop.ReadFile(desktop.fileToOpen));
-    RunCommand(L"LaunchLoad", exchange.Path());
+    RunCommand(L"LaunchLoad", exchange.Path(), desktop.fileToOpen);
 }
 
 }  // namespace refhost

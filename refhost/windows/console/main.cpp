@@ -39,8 +39,8 @@ int Guarded(void (*work)()) {
 }
 
 int Run(const std::vector<std::string>& words) {
+    if (!words.empty() && IsSwitch(words[0], "Embedding")) return Guarded(refhost::RunEmbedded);
     if (words.size() == 1) {
-        if (IsSwitch(words[0], "Embedding")) return Guarded(refhost::RunEmbedded);
         if (words[0] == "--register") return Guarded(refhost::automation::RegisterHost);
         if (words[0] == "--unregister") return Guarded(refhost::automation::UnregisterHost);
     }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "com/automation/HostFailure.h"
+#include "platform/win32/Bstr.h"
 #include "platform/win32/WideText.h"
 #include "util/Errors.h"
 
@@ -82,12 +83,21 @@ ComPtr<ITypeInfo> DefaultSource(const ComPtr<ITypeInfo>& classType) {
     return nullptr;
 }
 
-DISPID FindEvent(ITypeInfo& source, const wchar_t* name) {
-    auto* sought = const_cast<wchar_t*>(name);  // it is only read
-    MEMBERID id = MEMBERID_NIL;
-    if (FAILED(source.GetIDsOfNames(&sought, 1, &id)) || id == MEMBERID_NIL)
-        RaiseUnusable("has no event " + win32::Utf8(name));
-    return id;
+/// Upper and lower case count alike, as in every name of Automation. The members are walked, as
+/// the interface's own look-up by name is not to be had from another process.
+DISPID FindEvent(ITypeInfo& source, const TypeAttributes& attributes, const wchar_t* name) {
+    for (UINT i = 0; i < attributes->cFuncs; ++i) {
+        FUNCDESC* function = nullptr;
+        if (FAILED(source.GetFuncDesc(i, &function))) continue;
+        const MEMBERID id = function->memid;
+        source.ReleaseFuncDesc(function);
+        win32::Bstr found;
+        UINT count = 0;
+        if (SUCCEEDED(source.GetNames(id, found.Out(), 1, &count)) && count == 1 &&
+            _wcsicmp(std::wstring(found.View()).c_str(), name) == 0)
+            return id;
+    }
+    RaiseUnusable("has no event " + win32::Utf8(name));
 }
 
 }  // namespace
@@ -106,7 +116,7 @@ EventInterface FindEventInterface(IDispatch& application) {
     EventInterface found;
     found.id = attributes->guid;
     for (std::size_t i = 0; i < kAnalysisEvents; ++i)
-        found.events[i] = FindEvent(*source, kEventNames[i]);
+        found.events[i] = FindEvent(*source, attributes, kEventNames[i]);
     return found;
 }
 

@@ -8,16 +8,22 @@ int GridScroll::RowsOutOfSight() const {
     return std::max(0, grid_.RowCount() - grid_.FixedRows() - grid_.Geometry().VisibleRows());
 }
 
-void GridScroll::Update() {
+void GridScroll::UpdateRange() {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.fMask = SIF_RANGE | SIF_PAGE;
     info.nMax = std::max(0, grid_.RowCount() - grid_.FixedRows() - 1);
     info.nPage = static_cast<UINT>(grid_.Geometry().VisibleRows());
-    info.nPos = grid_.Geometry().TopRow() - grid_.FixedRows();
-    if (info.nMax == shown_.nMax && info.nPage == shown_.nPage && info.nPos == shown_.nPos) return;
+    if (info.nMax == shown_.nMax && info.nPage == shown_.nPage) return;
     shown_ = info;
     SetScrollInfo(window_, SB_VERT, &info, TRUE);  // answers the position, which is ours anyway
+    UpdatePosition();
+}
+
+void GridScroll::UpdatePosition() {
+    const int position = grid_.Geometry().TopRow() - grid_.FixedRows();
+    if (GetScrollPos(window_, SB_VERT) != position)
+        SetScrollPos(window_, SB_VERT, position, TRUE);  // answers the position before
 }
 
 void GridScroll::Scroll(WORD request) {

@@ -11,8 +11,12 @@ class GridScroll {
  public:
     GridScroll(HWND window, Grid& grid) : window_(window), grid_(grid) {}
 
-    /// Brings the scroll bar in step with the grid; it is there only when rows are out of sight.
-    void Update();
+    /// Brings the scroll bar's length in step with the grid; it is there only when rows are out of
+    /// sight.
+    void UpdateRange();
+    /// The system draws the bar at once, which takes longer than all cells: to be called when the
+    /// grid is painted, so that held keys don't wait for it.
+    void UpdatePosition();
     /// WM_VSCROLL.
     void Scroll(WORD request);
     /// WM_MOUSEWHEEL: fractions of a notch add up. False when the grid has nothing to scroll.

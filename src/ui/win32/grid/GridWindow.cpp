@@ -52,7 +52,8 @@ GridWindow::GridWindow(ViewContext& context, Grid& grid)
       class_(ClassOf(context.module, Procedure)),
       window_(CreateGridWindow(context, Scale(), grid, class_.Name())),
       scroll_(window_, grid),
-      caret_(window_) {
+      caret_(window_),
+      hints_(context, window_) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     Update();
 }
@@ -126,12 +127,13 @@ void GridWindow::Update() {
         FitSizes();
         now = GridSnapshot(grid_);
     }
-    scroll_.Update();
+    scroll_.UpdateRange();
     InvalidateChanges(now);
     if (shown_) AnnounceChanges(now);
     shown_ = std::move(now);
     shownChanges_ = grid_.Changes();
     UpdateCaret();
+    hints_.Forget();
 }
 
 void GridWindow::ScaleChanged() {
@@ -180,6 +182,7 @@ void GridWindow::UpdateCaret() {
 }
 
 void GridWindow::Paint() {
+    scroll_.UpdatePosition();
     const PaintScope paint(window_);
     const RECT client = ClientOf(window_);
     if (!picture_ || pictureSize_.cx != client.right || pictureSize_.cy != client.bottom) {

@@ -1,0 +1,200 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <vector>
+
+#include "platform/win32/Gdi.h"
+#include "ui/win32/Dpi.h"
+#include "ui/win32/grid/GridPainter.h"
+#include "windows/grid/GridHost.h"
+#include "windows/grid/SampleGrid.h"
+
+namespace kestrel::test {
+namespace {
+
+using kestrel::win32::MemoryPicture;
+using kestrel::win32::WindowDc;
+using ui::win32::GridColours;
+using ui::win32::GridStyle;
+
+/// A grid drawn into memory at a scale.
+class DrawnGrid {
+ public:
+    DrawnGrid(const ui::Grid& grid, UINT dpi, bool focused)
+        : font_(ui::win32::MessageFont(dpi)),
+          style{{dpi}, font_.Get(), GridColours::OfSystem()},
+          size_(style.scale.Pixels(grid.Bounds())),
+          picture_(WindowDc(nullptr).Get(), size_.right, size_.bottom) {
+        ui::win32::GridPainter(picture_.Dc(), grid, style).Draw(size_, focused);
+    }
+    COLORREF At(LONG x, LONG y) const { return GetPixel(picture_.Dc(), x, y); }
+
+ private:
+    kestrel::win32::Font font_;
+
+ public:
+    GridStyle style;
+
+ private:
+    RECT size_;
+    MemoryPicture picture_;
+};
+
+TEST(GridPaintTest, CellsJoinWithoutGapsAtEveryScale) {
+    SampleGrid form(20);
+    form.grid.MoveTo(3, SampleGrid::kFigure);
+    for (const UINT dpi : {96u, 120u, 144u, 168u, 192u}) {
+        SCOPED_TRACE(dpi);
+        const DrawnGrid drawn(form.grid, dpi, true);
+        const GridColours& colours = drawn.style.colours;
+        const RECT first = CellPlace(form.grid, 3, 0, dpi), last = CellPlace(form.grid, 3, 3, dpi);
+        // Close below the upper edge of the cells, where no text reaches.
+        std::map<COLORREF, int> found;
+        for (LONG x = first.left; x < last.right; ++x) ++found[drawn.At(x, first.top)];
+        EXPECT_EQ(found.count(colours.window), 0u) << "nothing shows through";
+        EXPECT_EQ(found[colours.line], 4) << "one line a cell";
+        std::map<COLORREF, int> down;
+        for (LONG y = CellPlace(form.grid, 1, 0, dpi).top; y < first.bottom; ++y)
+            ++down[drawn.At(first.left, y)];
+        EXPECT_EQ(down[colours.line], 3) << "one line a row";
+    }
+}
+
+TEST(GridPaintTest, ColoursTellTheStateOfCellsAndRows) {
+    SampleGrid form(5);
+    form.grid.MoveTo(2, SampleGrid::kFigure);
+    form.grid.SetChecked(3, SampleGrid::kCheck, true);
+    for (const UINT dpi : {96u, 144u}) {
+        SCOPED_TRACE(dpi);
+        const DrawnGrid focused(form.grid, dpi, true), idle(form.grid, dpi, false);
+        const GridColours& colours = focused.style.colours;
+        const auto corner = [&](const DrawnGrid& drawn, int row, int column) {
+            const RECT cell = CellPlace(form.grid, row, column, dpi);
+            return drawn.At(cell.left + 4, cell.top + 4);
+        };
+        EXPECT_EQ(corner(focused, 1, SampleGrid::kName), colours.window);
+        EXPECT_EQ(corner(focused, 1, SampleGrid::kLocked), GetSysColor(COLOR_GRAYTEXT));
+        EXPECT_EQ(corner(focused, 2, SampleGrid::kName), colours.highlight);
+        EXPECT_EQ(corner(idle, 2, SampleGrid::kName), colours.idle);
+        EXPECT_EQ(corner(focused, 2, SampleGrid::kFigure), colours.window) << "the current cell";
+        const RECT current = CellPlace(form.grid, 2, SampleGrid::kFigure, dpi);
+        EXPECT_EQ(focused.At(current.left, Middle(current).y), colours.highlight) << "its frame";
+        const COLORREF locked = corner(focused, 2, SampleGrid::kLocked);
+        EXPECT_NE(locked, colours.highlight) << "a locked cell in a selected row is seen as both";
+        EXPECT_NE(locked, GetSysColor(COLOR_GRAYTEXT));
+        EXPECT_EQ(focused.At(Middle(CellPlace(form.grid, 0, 1, dpi)).x, 2), colours.header);
+
+        const auto ticked = [&](int row) {  // pixels in the text's colour in the middle of the box
+            const POINT middle = Middle(CellPlace(form.grid, row, SampleGrid::kCheck, dpi));
+            int count = 0;
+            for (LONG x = middle.x - 4; x <= middle.x + 4; ++x)
+                for (LONG y = middle.y - 4; y <= middle.y + 4; ++y)
+                    count += focused.At(x, y) == colours.text ? 1 : 0;
+            return count;
+        };
+        EXPECT_GT(ticked(3), 8);
+        EXPECT_EQ(ticked(4), 0);
+    }
+}
+
+TEST(GridPaintTest, FiguresStandAtTheRight) {
+    SampleGrid form(3);
+    form.grid.SetText(1, SampleGrid::kFigure, "|");
+    form.grid.SetText(1, SampleGrid::kName, "|");
+    const DrawnGrid drawn(form.grid, 96, false);
+    const auto textAt = [&](int column) {
+        const RECT cell = CellPlace(form.grid, 1, column);
+        const LONG y = Middle(cell).y;
+        const COLORREF background = drawn.At(cell.left + 3, cell.top + 3);
+        for (LONG x = cell.left + 2; x < cell.right - 2; ++x)
+            if (drawn.At(x, y) != background) return x - cell.left;
+        return -1L;
+    };
+    EXPECT_LT(textAt(SampleGrid::kName), 12);
+    EXPECT_GT(textAt(SampleGrid::kFigure), 48);
+}
+
+TEST(GridPaintTest, OnlyRowsThatChangeAreRepainted) {
+    SampleGrid form(50);
+    GridHost window(form, form.grid);
+    const auto dirty = [&](const std::function<void()>& change) {
+        UpdateWindow(window.Window());
+        change();
+        window.View().Update();
+        RECT area{};
+        GetUpdateRect(window.Window(), &area, FALSE);
+        ValidateRect(window.Window(), nullptr);
+        return area;
+    };
+    const RECT none = dirty([] {});
+    EXPECT_TRUE(IsRectEmpty(&none));
+    const RECT text = dirty([&] { form.grid.SetText(4, 0, "other"); });
+    EXPECT_EQ(text.top, CellPlace(form.grid, 4, 0).top);
+    EXPECT_EQ(text.bottom, CellPlace(form.grid, 4, 0).bottom);
+    const RECT moved = dirty([&] { form.grid.MoveTo(2, 0); });
+    EXPECT_EQ(moved.top, CellPlace(form.grid, 1, 0).top);
+    EXPECT_EQ(moved.bottom, CellPlace(form.grid, 2, 0).bottom);
+    const RECT hidden = dirty([&] { form.grid.SetText(50, 0, "out of sight"); });
+    EXPECT_TRUE(IsRectEmpty(&hidden));
+    const RECT scrolled = dirty([&] { form.grid.ScrollBy(1); });
+    EXPECT_GE(scrolled.bottom, CellPlace(form.grid, 10, 0).bottom);
+    const RECT removed = dirty([&] {
+        form.grid.ScrollBy(-1);
+        while (form.grid.RowCount() > 4) form.grid.RemoveRow(4);
+    });
+    EXPECT_GE(removed.bottom, CellPlace(form.grid, 9, 0).bottom) << "also where rows were";
+}
+
+TEST(GridPaintTest, RoomIsMadeForLargerFonts) {
+    SampleGrid form(50);
+    const int usualRow = form.grid.Geometry().rowHeight;
+    GridHost window(form, form.grid);
+    EXPECT_EQ(form.grid.Geometry().rowHeight, usualRow);
+    const int usualHeader = form.grid.Geometry().headerHeight;
+    const kestrel::win32::Font large = ui::win32::MessageFont(240);
+    window.Context().font = large.Get();
+    window.View().ScaleChanged();
+    EXPECT_GT(form.grid.Geometry().rowHeight, usualRow);
+    EXPECT_GT(form.grid.Geometry().headerHeight, usualHeader);
+}
+
+/// How far the system's table of drawing objects reaches: it grows when objects are left behind.
+/// (GetGuiResources does not count on every system.)
+unsigned HighestObject() {
+    std::vector<kestrel::win32::Brush> held;
+    unsigned highest = 0;
+    for (int i = 0; i < 150; ++i) {
+        held.emplace_back(CreateSolidBrush(RGB(i, 0, 0)));
+        const auto index = static_cast<unsigned>(reinterpret_cast<UINT_PTR>(held.back().Get()));
+        highest = std::max(highest, index & 0xFFFF);
+    }
+    return highest;
+}
+
+TEST(GridPaintTest, NothingIsLeftBehindByAHundredWindows) {
+    SampleGrid form(20);
+    auto window = std::make_unique<GridHost>(form, form.grid);
+    const auto openAndClose = [&] {
+        window->RemakeView();
+        form.grid.BeginEdit();
+        window->View().Update();
+        UpdateWindow(window->Window());
+        form.grid.EndEdit();
+    };
+    openAndClose();
+    const unsigned before = HighestObject();
+    const DWORD drawing = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    for (int i = 0; i < 100; ++i) openAndClose();
+    EXPECT_LT(HighestObject(), before + 50);
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), drawing);
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+    window.reset();
+    WNDCLASSEXW left{};
+    left.cbSize = sizeof left;
+    EXPECT_FALSE(GetClassInfoExW(GetModuleHandleW(nullptr), L"KestrelGrid", &left))
+        << "the module could not be unloaded";
+}
+
+}  // namespace
+}  // namespace kestrel::test
