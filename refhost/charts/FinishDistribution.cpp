@@ -1,210 +1,46 @@
 #include "refhost/charts/FinishDistribution.h"
 
 #include <algorithm>
-#include <cmath>
 #include <stdexcept>
-#include <utility>
 
-#include "refhost/charts/Histogram.h"
-#include "refhost/engine/Statistics.h"
-#include "ui/controls/ChartScale.h"
+#include "refhost/charts/Distribution.h"
+#include "refhost/charts/FigureText.h"
 #include "ui/controls/ChartSvg.h"
-#include "ui/controls/ChartText.h"
 
 namespace refhost {
 namespace {
 
-using namespace kestrel::ui;
-
-constexpr int kPad = 16, kGap = 8, kTitleSize = 16, kTextSize = 12, kSmallSize = 11;
-constexpr int kSide = 48;        ///< room for the labels of an axis
-constexpr int kMarkHeight = 18;  ///< a row of marks above the plot
-constexpr int kMarkGap = 5;      ///< from a mark's line to its label
-constexpr Colour kBarBrush = 0xE6CDB4, kBarPen = 0xC79B6E, kCurve = 0x6B3F1F, kMark = 0x1E26B3;
-
-constexpr std::pair<const char*, double> kMarks[] = {
-    {"P10", 0.1}, {"P50", 0.5}, {"P80", 0.8}, {"P90", 0.9}};
-
-int Whole(double value) { return static_cast<int>(std::lround(value)); }
-
-/// Lays out one chart.
-class Layout {
- public:
-    Layout(std::vector<double> finish, const DateFormatter& date, int width, int height)
-        : finish_(std::move(finish)), date_(date) {
-        std::sort(finish_.begin(), finish_.end());
-        histogram_ =
-            HistogramOf(finish_, [&date](double a, double b) { return date(a) != date(b); });
-        drawing_.width = width;
-        drawing_.height = height;
-        left_ = kPad + kSide;
-        right_ = std::max(left_ + 1, width - kPad - kSide);
-        bottom_ = height - kPad - 44;
-    }
-
-    ChartDrawing Draw(const std::string& title) {
-        drawing_.title = title;
-        AddText(ShortenedText(title, drawing_.width - 2 * kPad, kTitleSize, true), kPad,
-                kPad + kTitleSize - 2, kTitleSize, ChartAlign::Left, 0, true);
-        const int axisTitles = kPad + kTitleSize + 24;
-        AddText("Share of iterations per " + histogram_.StepText(), kPad, axisTitles, kTextSize,
-                ChartAlign::Left, kChartSubtle);
-        AddText("Finished by then", drawing_.width - kPad, axisTitles, kTextSize, ChartAlign::Right,
-                kChartSubtle);
-        PlaceMarks(axisTitles + 22);
-        DrawShares();
-        DrawDates();
-        DrawBars();
-        DrawCurve();
-        DrawMarks();
-        return std::move(drawing_);
-    }
-
- private:
-    double Across(double serial) const {
-        const double share = (serial - histogram_.first) / (histogram_.End() - histogram_.first);
-        return left_ + share * (right_ - left_);
-    }
-    double Up(double share) const { return bottom_ - share * (bottom_ - top_); }
-
-    struct Mark {
-        std::string label;
-        double serial = 0;
-        int row = 0;
-    };
-
-    /// Labels stand to the right of their lines, each below those that it would run into, so that
-    /// no line crosses a label.
-    void PlaceMarks(int firstBaseline) {
-        int overhang = 0;
-        for (const auto& [name, share] : kMarks) {
-            const double serial = Percentile(finish_, share);
-            marks_.push_back({std::string(name) + " " + date_(serial), serial});
-            overhang = std::max(overhang, LabelEnd(marks_.back()) - (drawing_.width - kPad));
-        }
-        right_ = std::max(left_ + 1, right_ - overhang);
-        int rows = 0;
-        for (std::size_t i = 0; i < marks_.size(); ++i) {
-            for (std::size_t before = 0; before < i; ++before)
-                if (LabelEnd(marks_[before]) + kGap > Whole(Across(marks_[i].serial)))
-                    marks_[i].row = std::max(marks_[i].row, marks_[before].row + 1);
-            rows = std::max(rows, marks_[i].row + 1);
-        }
-        firstMark_ = firstBaseline;
-        top_ = firstBaseline + (rows - 1) * kMarkHeight + 14;
-        bottom_ = std::max(bottom_, top_ + 1);
-    }
-
-    int LabelEnd(const Mark& mark) const {
-        return Whole(Across(mark.serial)) + kMarkGap + TextWidth(mark.label, kSmallSize, true);
-    }
-
-    void DrawMarks() {
-        for (const Mark& mark : marks_) {
-            const int x = Whole(Across(mark.serial));
-            const int baseline = firstMark_ + mark.row * kMarkHeight;
-            drawing_.lines.push_back({x, baseline - 9, x, bottom_, kMark, true});
-            AddText(mark.label, x + kMarkGap, baseline, kSmallSize, ChartAlign::Left, kMark, true);
-        }
-    }
-
-    double Tallest() const {
-        return *std::max_element(histogram_.counts.begin(), histogram_.counts.end()) /
-               static_cast<double>(finish_.size());
-    }
-
-    void DrawShares() {
-        const std::vector<ChartTick> ticks = PercentTicks(0, Tallest(), 5);
-        const double step = ticks.size() > 1 ? ticks[1].position : Tallest();
-        scale_ = std::ceil(Tallest() / step - 1e-9) * step;
-        for (const ChartTick& tick : PercentTicks(0, scale_, 5))
-            AddText(tick.label, left_ - kGap, Whole(Up(tick.position / scale_)) + 4, kSmallSize,
-                    ChartAlign::Right, kChartInk);
-        for (const ChartTick& tick : PercentTicks(0, 1, 5)) {
-            const int y = Whole(Up(tick.position));
-            drawing_.grid.push_back({left_, y, right_, y, kChartHairline});
-            AddText(tick.label, right_ + kGap, y + 4, kSmallSize, ChartAlign::Left, kCurve);
-        }
-    }
-
-    /// A date below as many bar edges as have room.
-    void DrawDates() {
-        const int bars = static_cast<int>(histogram_.counts.size());
-        const double barWidth = static_cast<double>(right_ - left_) / bars;
-        int widest = 0;
-        for (int i = 0; i <= bars; ++i)
-            widest = std::max(widest, TextWidth(date_(histogram_.Edge(i)), kSmallSize));
-        const int every = std::max(1, static_cast<int>(std::ceil((widest + 2 * kGap) / barWidth)));
-        for (int i = 0; i <= bars; i += every) {
-            const int x = Whole(Across(histogram_.Edge(i)));
-            if (x + widest / 2 > drawing_.width - kPad) break;
-            drawing_.lines.push_back({x, bottom_, x, bottom_ + 4, kChartSubtle});
-            AddText(date_(histogram_.Edge(i)), x, bottom_ + 18, kSmallSize, ChartAlign::Centre,
-                    kChartInk);
-        }
-        drawing_.lines.push_back({left_, bottom_, right_, bottom_, kChartInk});
-        AddText("Project finish", (left_ + right_) / 2, drawing_.height - kPad + 2, kTextSize,
-                ChartAlign::Centre, kChartSubtle);
-    }
-
-    void DrawBars() {
-        for (std::size_t i = 0; i < histogram_.counts.size(); ++i) {
-            const int count = histogram_.counts[i];
-            if (count == 0) continue;
-            const int edge = static_cast<int>(i);
-            const int x = Whole(Across(histogram_.Edge(edge)));
-            const int y = std::min(bottom_ - 1,
-                                   Whole(Up(count / static_cast<double>(finish_.size()) / scale_)));
-            ChartBar bar;
-            bar.bounds = {x, y, std::max(1, Whole(Across(histogram_.Edge(edge + 1))) - x),
-                          bottom_ - y};
-            bar.brush = kBarBrush;
-            bar.pen = kBarPen;
-            bar.hint = date_(histogram_.Edge(edge)) + ": " + std::to_string(count) + " of " +
-                       std::to_string(finish_.size()) + " iterations";
-            drawing_.bars.push_back(std::move(bar));
-        }
-    }
-
-    /// Through the percentiles themselves, so that it meets the marks where it should.
-    void DrawCurve() {
-        ChartCurve curve;
-        curve.colour = kCurve;
-        curve.points.emplace_back(left_, bottom_);
-        curve.points.emplace_back(Across(finish_.front()), bottom_);
-        for (int percent = 1; percent <= 100; ++percent)
-            curve.points.emplace_back(Across(Percentile(finish_, percent / 100.0)),
-                                      Up(percent / 100.0));
-        curve.points.emplace_back(right_, top_);
-        drawing_.curves.push_back(std::move(curve));
-    }
-
-    void AddText(const std::string& text, int x, int baseline, int size, ChartAlign align,
-                 Colour colour, bool bold = false) {
-        drawing_.texts.push_back({text, "", x, baseline, size, align, bold, colour});
-    }
-
-    std::vector<double> finish_;  ///< ascending
-    const DateFormatter& date_;
-    Histogram histogram_;
-    ChartDrawing drawing_;
-    std::vector<Mark> marks_;
-    int firstMark_ = 0;                                ///< baseline of the highest label
-    int left_ = 0, top_ = 0, right_ = 0, bottom_ = 0;  ///< of the plot
-    double scale_ = 1;                                 ///< share at the top of the left axis
-};
+void NeedValues(const std::vector<double>& values) {
+    if (values.empty()) throw std::invalid_argument("a distribution needs at least one value");
+}
 
 }  // namespace
 
-ChartDrawing FinishDistribution(std::vector<double> finish, const std::string& title,
-                                const DateFormatter& date, int width, int height) {
-    if (finish.empty()) throw std::invalid_argument("a distribution needs at least one value");
-    return Layout(std::move(finish), date, width, height).Draw(title);
+kestrel::ui::ChartDrawing FinishDistribution(std::vector<double> finish, const std::string& title,
+                                             const DateFormatter& date, int width, int height) {
+    NeedValues(finish);
+    std::sort(finish.begin(), finish.end());
+    const Histogram histogram =
+        HistogramOf(finish, [&date](double a, double b) { return date(a) != date(b); });
+    return DrawDistribution(
+        finish, histogram,
+        {title, "Project finish", "Finished by then", histogram.StepText(), date}, width, height);
 }
 
 std::string FinishDistributionSvg(const std::vector<double>& finish, const std::string& title,
                                   const DateFormatter& date, int width, int height) {
-    return SvgText(FinishDistribution(finish, title, date, width, height));
+    return kestrel::ui::SvgText(FinishDistribution(finish, title, date, width, height));
+}
+
+kestrel::ui::ChartDrawing CostDistribution(std::vector<double> cost, const std::string& title,
+                                           int width, int height) {
+    NeedValues(cost);
+    std::sort(cost.begin(), cost.end());
+    const Histogram histogram = AmountHistogramOf(cost);
+    const auto text = histogram.step < 1 ? MoneyText : WholeMoneyText;
+    return DrawDistribution(cost, histogram,
+                            {title, "Project cost", "Costs no more", text(histogram.step), text},
+                            width, height);
 }
 
 }  // namespace refhost

@@ -1,7 +1,10 @@
 #include "refhost/charts/Histogram.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+
+#include "ui/controls/ChartScale.h"
 
 namespace refhost {
 namespace {
@@ -24,6 +27,21 @@ double StepFor(const std::vector<double>& ascending,
     return step;
 }
 
+/// Counts the values into bars of `step`, one of which starts at `origin`.
+Histogram Counted(const std::vector<double>& ascending, double step, double origin) {
+    Histogram histogram;
+    histogram.step = step;
+    const auto barOf = [&](double value) { return std::floor((value - origin) / step); };
+    // One free bar at either end, so that a cumulative curve starts and ends level.
+    const double firstBar = barOf(ascending.front()) - 1;
+    const double lastBar = barOf(ascending.back()) + 1;
+    histogram.first = origin + firstBar * step;
+    histogram.counts.resize(static_cast<std::size_t>(lastBar - firstBar) + 1);
+    for (const double value : ascending)
+        ++histogram.counts[static_cast<std::size_t>(barOf(value) - firstBar)];
+    return histogram;
+}
+
 }  // namespace
 
 std::string Histogram::StepText() const {
@@ -37,18 +55,14 @@ std::string Histogram::StepText() const {
 
 Histogram HistogramOf(const std::vector<double>& ascending,
                       const std::function<bool(double, double)>& differ) {
-    Histogram histogram;
-    histogram.step = StepFor(ascending, differ);
-    const double origin = histogram.step < 7 ? 0 : kFirstMonday;
-    const auto barOf = [&](double value) { return std::floor((value - origin) / histogram.step); };
-    // One free bar at either end, so that a cumulative curve starts and ends level.
-    const double firstBar = barOf(ascending.front()) - 1;
-    const double lastBar = barOf(ascending.back()) + 1;
-    histogram.first = origin + firstBar * histogram.step;
-    histogram.counts.resize(static_cast<std::size_t>(lastBar - firstBar) + 1);
-    for (const double value : ascending)
-        ++histogram.counts[static_cast<std::size_t>(barOf(value) - firstBar)];
-    return histogram;
+    const double step = StepFor(ascending, differ);
+    return Counted(ascending, step, step < 7 ? 0 : kFirstMonday);
+}
+
+Histogram AmountHistogramOf(const std::vector<double>& ascending) {
+    const double span = ascending.back() - ascending.front();
+    const double least = std::max(1.0, std::abs(ascending.back())) * 1e-6;
+    return Counted(ascending, kestrel::ui::RoundStep(std::max(span / kMostSteps, least)), 0);
 }
 
 }  // namespace refhost

@@ -6,17 +6,17 @@
 
 namespace refhost {
 
-/// How many day serials fall into each of a row of equal bars: whole days, weeks from Monday to
-/// Sunday, or more. The first and the last bar are empty.
+/// How many values fall into each of a row of equal bars; of day serials whole days, weeks from
+/// Monday to Sunday, or more. The first and the last bar are empty.
 struct Histogram {
-    double step = 1;   ///< width of a bar, days
-    double first = 0;  ///< start of the first bar, day serial
+    double step = 1;   ///< width of a bar
+    double first = 0;  ///< start of the first bar
     std::vector<int> counts;
 
     double End() const { return first + step * static_cast<double>(counts.size()); }
     /// Start of a bar; of the one behind the last it is End().
     double Edge(int bar) const { return first + step * bar; }
-    /// The width in words: "day", "2 weeks".
+    /// The width of bars of days in words: "day", "2 weeks".
     std::string StepText() const;
 };
 
@@ -24,5 +24,8 @@ struct Histogram {
 /// `differ` says that two times within a day are told apart.
 Histogram HistogramOf(const std::vector<double>& ascending,
                       const std::function<bool(double, double)>& differ);
+
+/// The same of amounts: bars start at multiples of 1, 2 or 5 times a power of ten.
+Histogram AmountHistogramOf(const std::vector<double>& ascending);
 
 }  // namespace refhost

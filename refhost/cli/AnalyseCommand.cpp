@@ -2,6 +2,7 @@
 #include <limits>
 #include <memory>
 
+#include "refhost/charts/FigureText.h"
 #include "refhost/charts/FinishDistribution.h"
 #include "refhost/cli/AddIn.h"
 #include "refhost/cli/Commands.h"
@@ -77,7 +78,7 @@ void WriteCharts(const std::string& path, Session& session, const AnalysisResult
     finish.replace_filename(FilePath(Utf8Path(finish.stem()) + "-finish.svg"));
     WriteOutput(Utf8Path(finish),
                 FinishDistributionSvg(results.finish, session.Plan().Name(), [](double serial) {
-                    return DateText(serial).substr(0, 10);
+                    return SerialText(serial).substr(0, 10);
                 }));
 }
 

@@ -1,11 +1,11 @@
 #include "refhost/cli/Report.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <numeric>
 
 #include "core/modPearsons.h"
+#include "refhost/charts/FigureText.h"
 #include "refhost/cli/Json.h"
 #include "refhost/cli/Table.h"
 #include "util/NumberText.h"
@@ -14,34 +14,6 @@ namespace refhost {
 namespace {
 
 using kestrel::FixedText;
-
-std::string Padded(std::int64_t number, std::size_t digits) {
-    std::string text = std::to_string(number);
-    return std::string(digits > text.size() ? digits - text.size() : 0, '0') + text;
-}
-
-/// "2026-03-02" and "17:00" with `between` between them.
-std::string DateAndTime(Minute date, const std::string& between) {
-    using namespace std::chrono;
-    const sys_days day = sys_days(year{1899} / December / 30) + days(date / kMinutesPerDay);
-    const year_month_day calendarDay(day);
-    const std::int64_t minute = date % kMinutesPerDay;
-    return Padded(static_cast<int>(calendarDay.year()), 4) + "-" +
-           Padded(static_cast<unsigned>(calendarDay.month()), 2) + "-" +
-           Padded(static_cast<unsigned>(calendarDay.day()), 2) + between + Padded(minute / 60, 2) +
-           ":" + Padded(minute % 60, 2);
-}
-
-/// Two decimals, thousands in groups.
-std::string MoneyText(double amount) {
-    std::string text = FixedText(amount, 2);
-    const std::size_t first = text[0] == '-' ? 1 : 0;
-    for (std::size_t at = text.find('.'); at > first + 3;) {
-        at -= 3;
-        text.insert(at, ",");
-    }
-    return text;
-}
 
 std::string Percent(double value, int decimals) { return FixedText(value, decimals) + "%"; }
 
@@ -61,10 +33,10 @@ std::vector<std::size_t> RankedByFinish(const FactorTracker::Factors& factors) {
 std::string ResultTable(const Report& report) {
     Table table(
         {{"", Table::Align::Left}, {"Finish", Table::Align::Left}, {"Cost", Table::Align::Right}});
-    table.Add({"Deterministic", DateAndTime(report.deterministicFinish, " "),
+    table.Add({"Deterministic", DateAndTimeText(report.deterministicFinish),
                MoneyText(report.deterministicCost)});
     const auto add = [&](const char* name, double Summary::*figure) {
-        table.Add({name, DateText(report.finish.*figure), MoneyText(report.cost.*figure)});
+        table.Add({name, SerialText(report.finish.*figure), MoneyText(report.cost.*figure)});
     };
     add("Mean", &Summary::mean);
     add("P10", &Summary::p10);
@@ -120,10 +92,6 @@ double Aligned(const std::vector<double>& results, const std::vector<double>& im
 
 }  // namespace
 
-std::string DateText(double serial) {
-    return DateAndTime(static_cast<Minute>(std::llround(serial * kMinutesPerDay)), " ");
-}
-
 std::vector<FactorFigures> FiguresOf(const FactorTracker& factors, const AnalysisResults& results) {
     std::vector<FactorFigures> all(factors.Register().size());
     for (std::size_t i = 0; i < all.size(); ++i) {
@@ -159,7 +127,7 @@ std::string ReportJson(const Report& report) {
     json.Key("iterations").Whole(std::int64_t{report.settings.iterations});
     json.Key("seed").Whole(report.settings.seed);
     json.Break().Key("deterministic").BeginObject();
-    json.Key("finish").Text(DateAndTime(report.deterministicFinish, "T") + ":00");
+    json.Key("finish").Text(DateAndTimeText(report.deterministicFinish, "T") + ":00");
     json.Key("finishSerial").Double(DateSerial(report.deterministicFinish));
     json.Key("cost").Double(report.deterministicCost).EndObject();
     AddSummary(json, "finish", report.finish);

@@ -40,9 +40,6 @@ std::string ReportText(const Report& report);
 /// For programs: one JSON object.
 std::string ReportJson(const Report& report);
 
-/// "2026-03-02 17:00" of a day serial, to the nearest minute.
-std::string DateText(double serial);
-
 /// The register as a table, in its order.
 std::string RegisterTable(const FactorTracker::Factors& factors);
 

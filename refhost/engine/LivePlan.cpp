@@ -44,15 +44,22 @@ std::int32_t LivePlan::SummaryDuration(std::size_t task) {
 }
 
 void LivePlan::SetText(const std::string& name, const std::string& text) {
-    if (SetNamedText(data_.texts, name, text)) data_.analysis.upToDate = false;
+    NoteTextChange(SetNamedText(data_.texts, name, text));
 }
 
 void LivePlan::SetUserValue(std::size_t task, const std::string& name, const std::string& text) {
-    if (SetNamedText(data_.tasks[task].userValues, name, text)) data_.analysis.upToDate = false;
+    NoteTextChange(SetNamedText(data_.tasks[task].userValues, name, text));
+}
+
+void LivePlan::NoteTextChange(bool changed) {
+    if (!changed) return;
+    data_.analysis.upToDate = false;
+    ++changes_;
 }
 
 void LivePlan::AddUserField(const std::string& name, std::int16_t type) {
     data_.userFields.push_back({name, type});
+    ++changes_;
 }
 
 void LivePlan::PutAutoCalculate(bool automatic) {
@@ -133,6 +140,7 @@ void LivePlan::RestoreBase() {
     costs_ = baseCosts_;
     pending_ = {};
     stale_ = true;
+    ++changes_;
 }
 
 }  // namespace refhost

@@ -25,6 +25,8 @@ class LivePlan {
     /// The plan with its current durations and costs, fit for saving.
     PlanData Snapshot() const;
     const PlanData& Data() const { return data_; }
+    /// Rises with every change to what a file would hold, and while an analysis runs.
+    std::uint64_t Changes() const { return changes_; }
     std::size_t TaskCount() const { return data_.tasks.size(); }
     /// Positions of the tasks directly below one, in plan order.
     const std::vector<std::size_t>& Children(std::size_t task) const { return children_[task]; }
@@ -61,6 +63,7 @@ class LivePlan {
     double TotalCost();
     /// Early dates of an ordinary task or a summary.
     std::pair<std::int64_t, std::int64_t> StartAndFinish(std::size_t task);
+    WorkCalendar& WorkingTime() { return calendar_; }
     ///@}
 
     /// @name Analysis
@@ -73,7 +76,10 @@ class LivePlan {
     void BeginIteration(std::span<const std::int32_t> drawn);
     /// Puts every duration and cost back.
     void RestoreBase();
-    void SetAnalysis(const AnalysisSettings& settings) { data_.analysis = settings; }
+    void SetAnalysis(const AnalysisSettings& settings) {
+        changes_ += data_.analysis != settings;
+        data_.analysis = settings;
+    }
     bool ResultsUpToDate() const { return data_.analysis.upToDate; }
     ///@}
 
@@ -84,7 +90,9 @@ class LivePlan {
     void NoteChange(bool changed) {
         stale_ |= changed;
         data_.analysis.upToDate &= !changed;
+        changes_ += changed;
     }
+    void NoteTextChange(bool changed);
     void Refresh();
     void RunSchedule(std::span<const std::int32_t> durations, std::span<const double> costs);
 
@@ -102,6 +110,7 @@ class LivePlan {
     std::span<const std::int32_t> pending_;
     bool automatic_ = true;
     bool stale_ = true;
+    std::uint64_t changes_ = 0;
     std::int64_t finish_ = 0;
     double cost_ = 0;
 };

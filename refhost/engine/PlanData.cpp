@@ -19,6 +19,13 @@ Calendar Calendar::Standard() {
     return calendar;
 }
 
+const Shifts& Calendar::On(std::int64_t day) const {
+    const auto exception = exceptions.find(static_cast<std::int32_t>(day));
+    if (exception != exceptions.end()) return exception->second;
+    // Day 0, 1899-12-30, was a Saturday: number 5 where Monday is 0.
+    return week[static_cast<std::size_t>(((day + 5) % 7 + 7) % 7)];
+}
+
 const std::string* FindText(const NamedTexts& texts, const std::string& name) {
     const auto found = FindName(texts, name);
     return found == texts.end() ? nullptr : &found->second;

@@ -36,6 +36,9 @@ struct Calendar {
     std::map<std::int32_t, Shifts> exceptions;
     bool operator==(const Calendar&) const = default;
 
+    /// Working time of a day, by its number since 1899-12-30.
+    const Shifts& On(std::int64_t day) const;
+
     /// Monday to Friday, 08:00-12:00 and 13:00-17:00.
     static Calendar Standard();
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,6 +41,8 @@ class ReferenceHost final : public host::Application {
     void RaiseAfterRiskIteration();
     void RaiseAfterRiskAnalysis();
 
+    /// Called when busy state or status text may have changed; optional.
+    std::function<void()> OnStatus;
     bool Busy() const { return busy_; }
     const std::string& StatusText() const { return status_; }
 
@@ -56,8 +59,14 @@ class ReferenceHost final : public host::Application {
     std::int32_t VersionMajor() override { return 8; }
     std::int32_t VersionMinor() override { return 1; }
     std::int32_t VersionRevision() override { return 0; }
-    void PutBusy(bool busy) override { busy_ = busy; }
-    void PutStatusText(const std::string& text) override { status_ = text; }
+    void PutBusy(bool busy) override {
+        busy_ = busy;
+        if (OnStatus) OnStatus();
+    }
+    void PutStatusText(const std::string& text) override {
+        status_ = text;
+        if (OnStatus) OnStatus();
+    }
     void Subscribe(host::AnalysisEvents& sink) override { sinks_.push_back(&sink); }
     void Unsubscribe(host::AnalysisEvents& sink) override { std::erase(sinks_, &sink); }
 

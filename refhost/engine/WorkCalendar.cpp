@@ -16,11 +16,6 @@ std::int64_t DayOf(Minute instant) {
     return instant % kMinutesPerDay < 0 ? day - 1 : day;
 }
 
-std::size_t WeekDayOf(std::int64_t day) {
-    // Day 0, 1899-12-30, was a Saturday: number 5 where Monday is 0.
-    return static_cast<std::size_t>(((day + 5) % 7 + 7) % 7);
-}
-
 /// Working minutes of the day before `minute`, counted from its midnight.
 std::int64_t MinutesBefore(const Shifts& shifts, Minute minute) {
     Minute sum = 0;
@@ -49,7 +44,7 @@ WorkCalendar::WorkCalendar(Calendar calendar, Minute start) : calendar_(std::mov
             throw kestrel::DataError(
                 "The calendar has no working time at or after the plan's start; add working days "
                 "to the calendar or start the plan earlier.");
-        const Shifts& shifts = ShiftsOf(firstDay_);
+        const Shifts& shifts = calendar_.On(firstDay_);
         const auto shift = std::find_if(shifts.begin(), shifts.end(),
                                         [within](const Shift& s) { return s.to > within; });
         if (shift == shifts.end()) continue;
@@ -71,7 +66,12 @@ Minute WorkCalendar::DateOf(std::int64_t working) {
     }
     const auto day = std::lower_bound(passed_.begin(), passed_.end(), working) - passed_.begin();
     return (firstDay_ + day) * kMinutesPerDay +
-           MinuteWithin(ShiftsOf(firstDay_ + day), working - Before(static_cast<std::size_t>(day)));
+           MinuteWithin(calendar_.On(firstDay_ + day),
+                        working - Before(static_cast<std::size_t>(day)));
+}
+
+Minute WorkCalendar::StartOf(std::int64_t working, bool goesOn) {
+    return goesOn ? DateOf(working + 1) - 1 : DateOf(working);
 }
 
 std::int64_t WorkCalendar::WorkingMinutesUntil(Minute date) {
@@ -79,13 +79,7 @@ std::int64_t WorkCalendar::WorkingMinutesUntil(Minute date) {
     const std::int64_t day = DayOf(date);
     const auto index = static_cast<std::size_t>(day - firstDay_);
     while (passed_.size() < index) AddDay();
-    return Before(index) + MinutesBefore(ShiftsOf(day), date - day * kMinutesPerDay);
-}
-
-const Shifts& WorkCalendar::ShiftsOf(std::int64_t day) const {
-    const auto exception = calendar_.exceptions.find(static_cast<std::int32_t>(day));
-    return exception != calendar_.exceptions.end() ? exception->second
-                                                   : calendar_.week[WeekDayOf(day)];
+    return Before(index) + MinutesBefore(calendar_.On(day), date - day * kMinutesPerDay);
 }
 
 bool WorkCalendar::WorksOnOrAfter(std::int64_t day) const {
@@ -98,7 +92,7 @@ void WorkCalendar::AddDay() {
     const std::int64_t day = firstDay_ + static_cast<std::int64_t>(passed_.size());
     if (day > kLastDay)
         throw kestrel::DataError("A date lies beyond the year 9999; choose an earlier one.");
-    passed_.push_back(Before(passed_.size()) + MinutesBefore(ShiftsOf(day), kMinutesPerDay));
+    passed_.push_back(Before(passed_.size()) + MinutesBefore(calendar_.On(day), kMinutesPerDay));
 }
 
 }  // namespace refhost

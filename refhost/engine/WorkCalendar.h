@@ -22,12 +22,15 @@ class WorkCalendar {
     /// kestrel::DataError beyond the year 9999, or when the calendar runs out of working time.
     Minute DateOf(std::int64_t working);
 
+    /// When work begins that has `working` minutes before it: the start of a shift rather than
+    /// the end of the one before. What does not go on from there (a milestone) stays at DateOf.
+    Minute StartOf(std::int64_t working, bool goesOn);
+
     /// Working minutes from the plan's start to `date`; 0 for a date before the start. Raises
     /// kestrel::DataError beyond the year 9999.
     std::int64_t WorkingMinutesUntil(Minute date);
 
  private:
-    const Shifts& ShiftsOf(std::int64_t day) const;
     bool WorksOnOrAfter(std::int64_t day) const;
     /// Tabulates one more day. Raises kestrel::DataError beyond the year 9999.
     void AddDay();

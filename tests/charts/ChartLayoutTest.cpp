@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "ui/controls/ChartGeometry.h"
+#include "ui/controls/ChartHints.h"
 #include "ui/controls/ChartScale.h"
 #include "ui/controls/ChartText.h"
 #include "ui/driving_risks/DrivingRisks.h"
@@ -173,6 +175,29 @@ TEST(ChartTextTest, NamesAreShortenedBetweenCharacters) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(ShortenedText(row.text, row.width, 12), row.shown);
     }
+    const auto tenEach = [](std::string_view text, int, bool) {
+        return 10 * static_cast<int>(text.size());
+    };
+    EXPECT_EQ(ShortenedText("abcdefgh", 60, 12, false, tenEach), "abc…") << "three bytes are …";
+}
+
+TEST(ChartHintsTest, ThinBarsAndShortenedNamesCanBePointedAt) {
+    Chart chart("chart");
+    const std::string name(200, 'n');
+    DrawTornado(chart, RegisterOf({{name, 1}, {"B", 0.001}}), Measure::Duration, 10, "Plan");
+    const ChartDrawing drawing = DrawingOf(chart, 600, 80);
+    const std::vector<ChartHint> hints = HintsOf(drawing);
+    ASSERT_EQ(hints.size(), 3u);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const Rect& bar = drawing.bars[i].bounds;
+        EXPECT_EQ(hints[i].text, drawing.bars[i].hint);
+        EXPECT_GE(std::min(hints[i].area.width, hints[i].area.height), 8);
+        EXPECT_TRUE(hints[i].area.Contains(bar.x, bar.y));
+        EXPECT_TRUE(hints[i].area.Contains(bar.x + bar.width - 1, bar.y + bar.height - 1));
+    }
+    EXPECT_EQ(hints[2].text, "1 - " + name);
+    EXPECT_LE(hints[2].area.x + hints[2].area.width, drawing.bars[0].bounds.x);
+    EXPECT_GT(hints[2].area.width, 100);
 }
 
 TEST(ChartScaleTest, TicksAreRoundAndFew) {

@@ -6,8 +6,6 @@
 
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
-#include "refhost/windows/console/AddInClass.h"
-#include "refhost/windows/console/DialogAnswerer.h"
 #include "util/Errors.h"
 
 #include <Schedulon.h>
@@ -52,6 +50,7 @@ ComAddIn::ComAddIn(Session& session)
       program_(session.Host()),
       server_(std::make_shared<automation::AutomationServer>(session.Host(), program_)),
       host_(server_->Application()),
+      answers_(session.Desktop()),
       addIn_(MakeAddInObject()) {
     OfferHost();
 }
@@ -59,7 +58,7 @@ ComAddIn::ComAddIn(Session& session)
 ComAddIn::~ComAddIn() {
     // Failures are the add-in's own; it is let go of in any case.
     if (started_) try {
-            CallMethod(*addIn_, L"LaunchStopSchedulon");
+            Run(L"LaunchStopSchedulon");
         } catch (const kestrel::HostError&) {
         }
     if (const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite))
@@ -76,15 +75,15 @@ void ComAddIn::OfferHost() {
 }
 
 void ComAddIn::Start() {
-    CallMethod(*addIn_, L"LaunchStartSchedulon");
+    Run(L"LaunchStartSchedulon");
     started_ = true;
 }
 
 void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
                           const std::string& name) {
-    DialogAnswerer answers(session_.Desktop(), path, name);
-    CallMethod(*addIn_, command);
-    answers.RaiseFailure();
+    answers_.AnswerFileDialogWith(path, name);
+    Run(command);
+    answers_.RaiseFailure();
 }
 
 void ComAddIn::Save() {

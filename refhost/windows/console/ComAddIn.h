@@ -6,6 +6,8 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/windows/automation/ActiveObject.h"
 #include "refhost/windows/automation/AutomationServer.h"
+#include "refhost/windows/console/AddInClass.h"
+#include "refhost/windows/console/DialogAnswerer.h"
 #include "refhost/windows/console/SessionProgram.h"
 
 #include <optional>
@@ -24,6 +26,8 @@ class ComAddIn : public AddIn {
     void Start() override;
     void Save() override;
     void Load() override;
+    /// Any of its methods, by name.
+    void Run(const wchar_t* method) { CallMethod(*addIn_, method); }
 
     /// Calls of the host's members that the add-in has made so far.
     std::uint64_t HostCalls() const { return server_->Calls(); }
@@ -38,6 +42,7 @@ class ComAddIn : public AddIn {
     std::shared_ptr<automation::AutomationServer> server_;
     kestrel::win32::ComPtr<IDispatch> host_;
     std::optional<automation::ActiveObject> listed_;
+    DialogAnswerer answers_;  ///< also of messages in the middle of an analysis
     kestrel::win32::ComPtr<IDispatch> addIn_;
     bool started_ = false;
 };

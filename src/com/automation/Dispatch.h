@@ -76,13 +76,13 @@ class Dispatch {
     template <class... Arguments>
     std::string Text(HostMember member, const Arguments&... arguments) const {
         win32::Variant answer;
-        Invoke(HostAction::Read, member, answer.Out(), arguments...);
+        Invoke(HostAction::Read, member, &answer, arguments...);
         return TextOf(answer, member);
     }
     template <class... Arguments>
     Dispatch Child(HostMember member, const Arguments&... arguments) const {
         win32::Variant answer;
-        Invoke(HostAction::Read, member, answer.Out(), arguments...);
+        Invoke(HostAction::Read, member, &answer, arguments...);
         return Wrapped(ObjectOf(answer, member));
     }
     /// The same where the host must answer an object.

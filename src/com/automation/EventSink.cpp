@@ -6,6 +6,7 @@
 #include "com/automation/PlanProxies.h"
 #include "platform/win32/ComErrors.h"
 #include "platform/win32/FloatingPointScope.h"
+#include "util/Errors.h"
 
 namespace kestrel::com {
 namespace {
@@ -24,6 +25,18 @@ HRESULT ReportException(EXCEPINFO* failure) noexcept {
     static_cast<void>(error->GetDescription(&failure->bstrDescription));
     return DISP_E_EXCEPTION;
 }
+
+/// Sets a flag as long as it lives.
+class Delivery {
+ public:
+    explicit Delivery(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Delivery() { flag_ = false; }
+    Delivery(const Delivery&) = delete;
+    Delivery& operator=(const Delivery&) = delete;
+
+ private:
+    bool& flag_;
+};
 
 }  // namespace
 
@@ -84,7 +97,14 @@ HRESULT EventSink::Invoke(DISPID id, REFIID reserved, LCID, WORD, DISPPARAMS* pa
 }
 
 void EventSink::Deliver(AnalysisEvent event, const DISPPARAMS* parameters) {
+    // A host that shows a window in between could begin a second analysis inside the first.
+    if (delivering_)
+        throw HostError(
+            "The host raised an event of a risk analysis inside another one; wait for the analysis "
+            "that is running to end and try again.");
+    const Delivery delivery(delivering_);
     const host::PlanPtr plan = PlanOf(parameters);
+    if (!listener_) return;  // gone since, as the host took its earlier plan back
     switch (event) {
         case AnalysisEvent::PlanBeforeRiskAnalysis:
             listener_->PlanBeforeRiskAnalysis(plan);

@@ -13,7 +13,8 @@ namespace kestrel::com {
 
 /// The object that the host calls for each of its events: IUnknown, IDispatch and, by its id, the
 /// host's source interface. Hands the three analysis events to a listener until Disconnect();
-/// what the listener throws becomes a failing HRESULT with a description. The host may hold the
+/// what the listener throws becomes a failing HRESULT with a description, and so does an event that
+/// comes while another is being delivered. The host may hold the
 /// object for longer than the listener lives and may call it then: nothing happens.
 class EventSink final : public IDispatch {
  public:
@@ -50,6 +51,7 @@ class EventSink final : public IDispatch {
     EventInterface source_;
     ConnectionPtr connection_;
     host::AnalysisEvents* listener_;
+    bool delivering_ = false;
     // The plan of the latest event: a thousand iterations bring the same one.
     win32::ComPtr<IDispatch> planObject_;
     host::PlanPtr plan_;

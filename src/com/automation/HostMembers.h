@@ -11,8 +11,8 @@
 namespace kestrel::com {
 
 /// Every member that is asked of the host: kind of object and the member's own name. Lists have
-/// two members for hosts that cannot enumerate; _NewEnum has an id that all hosts agree on. The
-/// last one is what an event brings.
+/// _NewEnum, whose id is the same in all hosts, or else Count and Item. The last one is no member:
+/// it names what an event brings.
 #define KESTREL_HOST_MEMBERS(MEMBER)        \
     MEMBER(Application, ActivePlan)         \
     MEMBER(Application, Path)               \

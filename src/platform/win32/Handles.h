@@ -50,6 +50,12 @@ struct FileTraits {
 /// Of CreateFileW.
 using FileHandle = UniqueHandle<FileTraits>;
 
+/// Of functions that answer a null handle when they fail: events, processes, threads.
+struct KernelTraits : FileTraits {
+    static Value Invalid() { return nullptr; }
+};
+using Handle = UniqueHandle<KernelTraits>;
+
 struct SearchTraits : FileTraits {
     static bool Close(Value handle) { return FindClose(handle) != FALSE; }
 };
@@ -62,6 +68,13 @@ struct RegistryTraits {
     static bool Close(Value key) { return RegCloseKey(key) == ERROR_SUCCESS; }
 };
 using RegistryKey = UniqueHandle<RegistryTraits>;
+
+struct LibraryTraits {
+    using Value = HMODULE;
+    static Value Invalid() { return nullptr; }
+    static bool Close(Value module) { return FreeLibrary(module) != FALSE; }
+};
+using LibraryHandle = UniqueHandle<LibraryTraits>;
 
 struct GlobalMemoryTraits {
     using Value = HGLOBAL;

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "ui/controls/ChartAttributes.h"
+#include "ui/controls/ChartDrawing.h"
+#include "ui/controls/ChartText.h"
 #include "ui/controls/Control.h"
 
 namespace kestrel::ui {
@@ -48,6 +50,10 @@ class Chart : public Control {
 
     /// Whoever shows it copies and prints it by keys, and says its values bar by bar.
     bool TakesFocus() const override { return true; }
+
+    /// The chart at a size, as whoever shows it paints it: DrawingOf (ChartGeometry.h), unless a
+    /// chart of another kind draws itself.
+    virtual ChartDrawing Draw(int width, int height, const TextMeasure& measure = TextWidth) const;
 
     const ChartAttributes& Attributes() const { return attributes_; }
     /// A single axis of each kind; another index raises std::out_of_range.

@@ -58,10 +58,9 @@ bool OptionButton::KeyDown(const KeyEvent& event) {
 void OptionButton::SelectNeighbour(int step) {
     const auto& buttons = group_.buttons_;
     const std::size_t count = buttons.size();
-    auto index = static_cast<std::size_t>(std::find(buttons.begin(), buttons.end(), this) -
-                                          buttons.begin());
-    do
-        index = (index + count + static_cast<std::size_t>(step)) % count;
+    auto index =
+        static_cast<std::size_t>(std::find(buttons.begin(), buttons.end(), this) - buttons.begin());
+    do index = (index + count + static_cast<std::size_t>(step)) % count;
     while (!buttons[index]->CanFocus() && buttons[index] != this);
     buttons[index]->SetFocus();
     buttons[index]->Select();

@@ -5,17 +5,16 @@
 namespace kestrel::ui::win32 {
 namespace {
 
+BOOL CALLBACK AddUsable(HWND window, LPARAM list) {
+    if (IsWindowVisible(window) && IsWindowEnabled(window))
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
 /// The thread's windows without a parent, as far as the user can see and work them.
 std::vector<HWND> UsableWindows() {
     std::vector<HWND> windows;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM list) -> BOOL {
-            if (IsWindowVisible(window) && IsWindowEnabled(window))
-                reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
+    EnumThreadWindows(GetCurrentThreadId(), AddUsable, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 

@@ -94,7 +94,8 @@ TEST_F(Events, BringTheirPlanInAnyWayThatAHostPassesAnObject) {
     auto plan = Plan();
     IDispatch* held = plan.Get();
     win32::Variant inner(plan.Get());
-    VARIANT reference{}, value{}, unknown{}, number{};
+    IDispatch* none = nullptr;
+    VARIANT reference{}, value{}, unknown{}, number{}, nothing{};
     reference.vt = VT_DISPATCH | VT_BYREF;
     reference.ppdispVal = &held;
     value.vt = VT_VARIANT | VT_BYREF;
@@ -102,6 +103,8 @@ TEST_F(Events, BringTheirPlanInAnyWayThatAHostPassesAnObject) {
     unknown.vt = VT_UNKNOWN;
     unknown.punkVal = held;
     number.vt = VT_I4;
+    nothing.vt = VT_DISPATCH | VT_BYREF;
+    nothing.ppdispVal = &none;
     for (const VARIANT& argument : {reference, value, unknown})
         EXPECT_EQ(source_->Raise(2, {argument}), S_OK);
     // Arguments that a newer host adds stand behind the plan, which is last in the list.
@@ -109,7 +112,9 @@ TEST_F(Events, BringTheirPlanInAnyWayThatAHostPassesAnObject) {
     EXPECT_THAT(listener_.heard, testing::Each("before Plan"));
     EXPECT_EQ(listener_.heard.size(), 4u);
     EXPECT_TRUE(FAILED(source_->Raise(2, {number})));
-    EXPECT_EQ(listener_.heard.size(), 4u);
+    EXPECT_EQ(source_->Raise(2, {nothing}), S_OK);
+    EXPECT_EQ(listener_.heard.size(), 5u);
+    EXPECT_EQ(listener_.heard.back(), "before");
 }
 
 TEST_F(Events, NeverReachAListenerThatHasGoneWhateverTheHostDoes) {
@@ -143,6 +148,18 @@ TEST_F(Events, CanEndTheSubscriptionOrTheWholeConnectionWhileTheyAreDelivered) {
     EXPECT_EQ(source_->RaisePlan(2, Plan().Get()), "");
     EXPECT_THAT(listener_.heard, testing::ElementsAre("before Plan"));
     ExpectAllReleased();
+}
+
+TEST_F(Events, OfASecondAnalysisInsideTheFirstAreRefused) {
+    const auto application = Connect();
+    application->Subscribe(listener_);
+    std::string inner;
+    listener_.reaction = [&] { inner = source_->RaisePlan(1, nullptr); };
+    EXPECT_EQ(source_->RaisePlan(2, nullptr), "");
+    EXPECT_THAT(inner, testing::HasSubstr("inside another one"));
+    listener_.reaction = [] {};
+    EXPECT_EQ(source_->RaisePlan(2, nullptr), "");
+    EXPECT_THAT(listener_.heard, testing::ElementsAre("iteration", "iteration"));
 }
 
 TEST_F(Events, ReturnWhatTheListenerThrowsAsAFailureInWords) {

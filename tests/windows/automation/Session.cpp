@@ -32,7 +32,7 @@ Session::Session() {
     host.plan->currentRow = 2;
     runner_.script = PressButtons;
     globals.application = host.application;
-    desktop.chosenFiles = {folder_ / "stored.xml"};
+    desktop.chosenFiles = {"stored.xml"};
     SaveRiskFactorsToFile(globals);
 }
 
@@ -56,9 +56,9 @@ void Session::RunCommands(clsKestrelDll& addin) {
     addin.LaunchAssign();
     addin.LaunchShow();
     addin.LaunchOptions();
-    desktop.chosenFiles = {folder_ / "saved.xml"};
+    desktop.chosenFiles = {"saved.xml"};
     addin.LaunchSave();
-    desktop.chosenFiles = {folder_ / "stored.xml"};
+    desktop.chosenFiles = {"stored.xml"};
     addin.LaunchLoad();
 }
 
@@ -95,8 +95,7 @@ std::string Session::Outcome() {
     for (const auto& message : desktop.messages) all += "\nmessage " + message.text;
     all += "\nrow " + std::to_string(host.plan->currentRow) + ", recalculated " +
            std::to_string(host.plan->recalculations);
-    if (desktop.FileIsThere(folder_ / "saved.xml"))
-        all += "\nfile " + desktop.ReadFile(folder_ / "saved.xml");
+    for (const auto& [path, bytes] : desktop.files) all += "\nfile " + path + " " + bytes;
     return all;
 }
 

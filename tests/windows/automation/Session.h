@@ -1,13 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "core/AnalysisFixture.h"
 #include "host/clsKestrelDll.h"
 #include "support/ScriptedRunner.h"
-#include "support/TemporaryFolder.h"
 #include "windows/support/ScriptedEvents.h"
 #include "windows/support/ScriptedHost.h"
 
@@ -15,9 +15,16 @@ namespace kestrel::test {
 
 enum EventId : DISPID { kBefore = 1, kIteration, kAfter };
 
-/// A desktop whose user agrees to everything.
+/// A desktop whose user agrees to everything, with files in memory.
 class AgreeingDesktop : public FakeDesktop {
  public:
+    std::map<std::string, std::string> files;
+
+    bool FileIsThere(const std::string& path) override { return files.contains(path); }
+    std::string ReadFile(const std::string& path) override { return files.at(path); }
+    void WriteFile(const std::string& path, std::string_view bytes) override {
+        files[path] = bytes;
+    }
     using FakeDesktop::ShowMessage;
     MessageAnswer ShowMessage(const std::string& text, MessageButtons buttons,
                               const std::string& title) override {
@@ -50,7 +57,6 @@ class Session {
     void RunCommands(clsKestrelDll& addin);
     void DrawNumbers();
 
-    TemporaryFolder folder_;
     ScriptedRunner runner_;
     int iteration_ = 0;
 };

@@ -83,6 +83,16 @@ TEST(ChartPainter, DashesAndCurvesReachFromEndToEnd) {
     EXPECT_NE(canvas.At(50, 60), kPaper);
 }
 
+TEST(ChartPainter, WhatReachesOutOfTheDrawingIsCutOff) {
+    ChartDrawing drawing;
+    drawing.width = drawing.height = 50;
+    drawing.bars = {{{40, 10, 30, 30}, 0x0000FF, 0, true, true, {}}};
+    const Canvas canvas(100, 100);
+    PaintChart(canvas.Dc(), drawing, 1.5);
+    EXPECT_EQ(canvas.At(74, 30), RGB(255, 0, 0));
+    EXPECT_EQ(canvas.At(75, 30), Canvas::kUntouched);
+}
+
 TEST(ChartPainter, TextsStandOnTheirBaselineAndKeepTheirSide) {
     for (const ChartAlign align : {ChartAlign::Left, ChartAlign::Centre, ChartAlign::Right}) {
         SCOPED_TRACE(static_cast<int>(align));

@@ -12,7 +12,6 @@
 #include "platform/Desktop.h"
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
-#include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartHints.h"
 #include "ui/win32/KeyInput.h"
 #include "ui/win32/chart/ChartFonts.h"
@@ -120,7 +119,7 @@ void ChartWindow::Layout() {
         return std::max(1, static_cast<int>(std::floor(static_cast<double>(pixels) / Scale())));
     };
     ChartMeasure measure(std::as_const(chart_).Attributes().Text("TitleFontName"), Scale());
-    drawing_ = DrawingOf(chart_, units(client.right), units(client.bottom), std::ref(measure));
+    drawing_ = chart_.Draw(units(client.right), units(client.bottom), std::ref(measure));
     SetWindowTextW(Window(), Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
     hintsFit_ = false;

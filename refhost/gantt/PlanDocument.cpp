@@ -1,0 +1,135 @@
+#include "refhost/gantt/PlanDocument.h"
+
+#include "refhost/files/PlanFile.h"
+#include "refhost/gantt/PlanFigures.h"
+#include "refhost/gantt/frmSaveChanges.h"
+#include "util/Errors.h"
+
+namespace refhost {
+namespace {
+
+using kestrel::FileDialog;
+
+constexpr const char* kProgram = "Kestrel";
+
+/// Runs what may meet unreadable data; answers whether it did not.
+bool TellsFailures(kestrel::Desktop& desktop, const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const kestrel::DataError& error) {
+        desktop.ShowMessage(error.what(), kestrel::MessageButtons::Ok, kProgram);
+        return false;
+    }
+}
+
+bool IsPlanFile(const std::string& path) {
+    const std::size_t point = path.find_last_of("./\\");
+    if (point == std::string::npos) return false;
+    std::string extension = path.substr(point);
+    for (char& c : extension) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+    return extension == ".kplan";
+}
+
+std::string LeftOutText(const std::vector<LeftOut>& leftOut) {
+    std::string text = "The project file holds more than a plan does. Not carried over:\n";
+    for (const LeftOut& kind : leftOut)
+        text += "\n" + std::to_string(kind.count) + " x " + kind.what;
+    return text;
+}
+
+}  // namespace
+
+bool PlanDocument::HasChanges() {
+    return IsOpen() && state_ && state_->HasChanges(host_.OpenPlan()->Live());
+}
+
+std::string PlanDocument::Title() {
+    if (!IsOpen()) return kProgram;
+    return host_.OpenPlan()->Name() + (HasChanges() ? "*" : "") + " - " + kProgram;
+}
+
+void PlanDocument::Tell(const std::string& text) {
+    desktop_.ShowMessage(text, kestrel::MessageButtons::Ok, kProgram);
+}
+
+bool PlanDocument::OpenByDialog() {
+    FileDialog dialog;
+    dialog.title = "Open Plan";
+    dialog.filters = {{"Plans and projects (*.kplan; *.xml)", "*.kplan;*.xml"},
+                      {"Plans (*.kplan)", "*.kplan"},
+                      {"Projects (*.xml)", "*.xml"},
+                      {"All Files (*.*)", "*.*"}};
+    const std::string path = desktop_.OpenFile(dialog);
+    return !path.empty() && Open(path);
+}
+
+bool PlanDocument::Open(const std::string& path) { return MayClose() && Load(path); }
+
+bool PlanDocument::Load(const std::string& path) {
+    LoadedPlan loaded;
+    std::shared_ptr<HostPlan> plan;
+    const bool read = TellsFailures(desktop_, [&] {
+        loaded = ReadPlan(desktop_, path);
+        try {
+            plan = std::make_shared<HostPlan>(std::move(loaded.plan));
+            const PlanFigures datable(plan->Live());
+            static_cast<void>(datable);  // a plan that cannot be shown is not opened
+        } catch (const kestrel::DataError& error) {
+            throw kestrel::DataError(path + ": " + error.what());
+        }
+    });
+    if (!read) {
+        recent_.Remove(path);
+        return false;
+    }
+    host_.Open(plan);
+    source_ = path;
+    path_ = IsPlanFile(path) ? path : std::string();
+    state_.emplace(plan->Live());
+    TellsFailures(desktop_, [&] { recent_.Add(path); });
+    if (!loaded.leftOut.empty()) Tell(LeftOutText(loaded.leftOut));
+    return true;
+}
+
+bool PlanDocument::Save() { return path_.empty() ? SaveAs() : Write(path_); }
+
+bool PlanDocument::SaveAs() {
+    if (!IsOpen()) return false;
+    FileDialog dialog;
+    dialog.title = "Save Plan As";
+    dialog.defaultExtension = "kplan";
+    dialog.initialFile = ProposedPath();
+    dialog.filters = {{"Plans (*.kplan)", "*.kplan"}, {"All Files (*.*)", "*.*"}};
+    const std::string path = desktop_.SaveFile(dialog);
+    return !path.empty() && Write(path);
+}
+
+std::string PlanDocument::ProposedPath() const {
+    if (!path_.empty()) return path_;
+    const std::size_t point = source_.find_last_of("./\\");
+    return (point == std::string::npos || source_[point] != '.' ? source_
+                                                                : source_.substr(0, point)) +
+           ".kplan";
+}
+
+bool PlanDocument::Write(const std::string& path) {
+    if (!IsOpen()) return false;
+    const LivePlan& plan = host_.OpenPlan()->Live();
+    if (!TellsFailures(desktop_, [&] { desktop_.WriteFile(path, WritePlan(plan.Snapshot())); }))
+        return false;
+    path_ = source_ = path;
+    state_->Saved(plan);
+    TellsFailures(desktop_, [&] { recent_.Add(path); });
+    return true;
+}
+
+bool PlanDocument::MayClose() {
+    if (!HasChanges()) return true;
+    frmSaveChanges question(host_.OpenPlan()->Name());
+    runner_.ShowModal(question);
+    if (question.Result() == frmSaveChanges::Answer::Save) return Save();
+    return question.Result() == frmSaveChanges::Answer::Discard;
+}
+
+}  // namespace refhost

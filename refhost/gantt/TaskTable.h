@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "refhost/gantt/PlanFigures.h"
+
+namespace refhost {
+
+enum class TaskColumn { Id, Name, Duration, Start, Finish, Cost, RiskFactors };
+
+/// The columns beside the bars: their titles and widths, and the text of each cell.
+class TaskTable {
+ public:
+    static constexpr int kColumns = 7;
+    static constexpr int kLeastWidth = 24;
+
+    static const char* Title(TaskColumn column);
+    /// Figures stand at the right of their cells.
+    static bool IsFigure(TaskColumn column) {
+        return column == TaskColumn::Duration || column == TaskColumn::Cost;
+    }
+
+    /// The name comes without its indentation.
+    static std::string Text(const LivePlan& plan, const PlanFigures& figures, std::size_t task,
+                            TaskColumn column);
+
+    /// @name Widths, in device-independent units
+    ///@{
+    int Width(TaskColumn column) const { return widths_[Index(column)]; }
+    /// Never below kLeastWidth.
+    void SetWidth(TaskColumn column, int width);
+    /// Where a column starts, from the table's left edge; of the one behind the last, where the
+    /// table ends.
+    int Left(int column) const;
+    int TotalWidth() const { return Left(kColumns); }
+    ///@}
+
+ private:
+    static std::size_t Index(TaskColumn column) { return static_cast<std::size_t>(column); }
+
+    std::array<int, kColumns> widths_{52, 270, 64, 118, 118, 96, 96};
+};
+
+}  // namespace refhost

@@ -1,0 +1,30 @@
+#pragma once
+
+namespace refhost {
+
+/// What the host's menus offer, beside the files opened last.
+enum class WorkbenchCommand {
+    Open,
+    Save,
+    SaveAs,
+    Exit,
+    RunAnalysis,
+    ShowResults,
+    EditFactors,
+    AssignFactors,
+    ShowDrivingRisks,
+    SaveFactors,
+    LoadFactors,
+    FactorOptions,
+    ZoomIn,
+    ZoomOut,
+    WholePlan,
+    GoToToday,
+    GoToSelectedTask,
+    ExpandAll,
+    CollapseAll,
+    ShowKeys,
+    About,
+};
+
+}  // namespace refhost

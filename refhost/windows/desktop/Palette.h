@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+namespace refhost::win32 {
+
+/// The colours that a plan is painted in.
+struct Palette {
+    COLORREF paper, text, faintText;
+    COLORREF header, headerText, ruling, faintRuling;
+    COLORREF selected, selectedText, selectedIdle;  ///< idle: while another window has the keyboard
+    COLORREF shade;                                 ///< time that is not worked
+    COLORREF bar, barEdge;
+    COLORREF riskBar, riskBarEdge, riskText;  ///< of tasks that carry risk factors
+    COLORREF summary, milestone, link, today;
+
+    /// The program's own colours or, for users of high contrast, the system's alone.
+    static Palette Current();
+};
+
+}  // namespace refhost::win32

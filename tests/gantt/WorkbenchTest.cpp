@@ -1,0 +1,329 @@
+#include "refhost/gantt/Workbench.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "host/clsKestrelDll.h"
+#include "refhost/cli/Output.h"
+#include "refhost/files/PlanFile.h"
+#include "refhost/gantt/frmResults.h"
+#include "refhost/gantt/frmRunAnalysis.h"
+#include "refhost/gantt/frmSaveChanges.h"
+#include "support/FakeDesktop.h"
+#include "support/ScriptedRunner.h"
+#include "ui/progress/frmProgress.h"
+#include "util/Errors.h"
+
+namespace refhost {
+namespace {
+
+using Command = WorkbenchCommand;
+using kestrel::MessageAnswer;
+using kestrel::test::User;
+
+class MemorySettings : public Settings {
+ public:
+    std::string Get(const std::string& application, const std::string& section,
+                    const std::string& key, const std::string& fallback) override {
+        const auto found = values_.find(application + "/" + section + "/" + key);
+        return found == values_.end() ? fallback : found->second;
+    }
+    void Save(const std::string& application, const std::string& section, const std::string& key,
+              const std::string& value) override {
+        values_[application + "/" + section + "/" + key] = value;
+    }
+
+ private:
+    std::map<std::string, std::string> values_;
+};
+
+/// The add-in linked in, where the real window reaches it through COM.
+class LinkedAddIn : public AddInCommands {
+ public:
+    explicit LinkedAddIn(kestrel::clsKestrelDll& dll) : dll_(dll) {}
+    void LaunchEdit() override { dll_.LaunchEdit(); }
+    void LaunchAssign() override { dll_.LaunchAssign(); }
+    void LaunchShow() override { dll_.LaunchShow(); }
+    void LaunchSave() override { dll_.LaunchSave(); }
+    void LaunchLoad() override { dll_.LaunchLoad(); }
+    void LaunchOptions() override { dll_.LaunchOptions(); }
+    void LaunchStartSchedulon() override {
+        if (isMissing) throw kestrel::HostError("The add-in is not there.");
+        dll_.LaunchStartSchedulon();
+    }
+    bool isMissing = false;
+
+ private:
+    kestrel::clsKestrelDll& dll_;
+};
+
+/// A window that nobody sees; its user may close the progress form.
+class BlindWindow : public WorkbenchWindow {
+ public:
+    void Refresh() override { ++refreshed; }
+    void ShowProgress(kestrel::ui::Form& form) override {
+        form.Open();
+        progress = &form;
+    }
+    void RefreshProgress() override {
+        if (cancels && progress) progress->CloseByUser();
+    }
+    void HideProgress() noexcept override { progress = nullptr; }
+    void Quit() override { quit = true; }
+    Minute Now() override { return 0; }
+
+    int refreshed = 0;
+    bool cancels = false;
+    bool quit = false;
+    kestrel::ui::Form* progress = nullptr;
+};
+
+class WorkbenchTest : public testing::Test {
+ protected:
+    WorkbenchTest() {
+        std::filesystem::create_directories(folder);
+        runner.script = [this](User& user) {
+            captions.push_back(user.TheForm().Caption());
+            if (dynamic_cast<frmSaveChanges*>(&user.TheForm()))
+                user.Click(saveAnswer);
+            else if (dynamic_cast<frmRunAnalysis*>(&user.TheForm()))
+                user.Click("cmdRun");
+            else if (onForm)
+                onForm(user);
+        };
+    }
+    ~WorkbenchTest() override { std::filesystem::remove_all(folder); }
+
+    /// A copy of the example that may be changed.
+    std::string Example() {
+        const std::string copy = folder + "/ferry.kplan";
+        std::filesystem::copy_file(
+            std::string(KESTREL_SOURCE_DIR) + "/examples/ferry-terminal.kplan", copy,
+            std::filesystem::copy_options::overwrite_existing);
+        return copy;
+    }
+    void Change() {
+        host.OpenPlan()->TaskAt(2)->UserValues()->PutItem("RiskFactors", "(3)");
+        bench.Sync();
+    }
+
+    const std::string folder = testing::TempDir() + "kestrel_workbench";
+    kestrel::test::FakeDesktop desktop;
+    kestrel::test::ScriptedRunner runner;
+    MemorySettings settings;
+    ReferenceHost host{settings, "."};
+    kestrel::clsKestrelDll dll{[this] { return host::ApplicationPtr(&host, [](auto*) {}); },
+                               desktop, runner};
+    LinkedAddIn addIn{dll};
+    BlindWindow window;
+    Workbench bench{{host, settings, desktop, runner, addIn, window}};
+    std::string saveAnswer = "cmdCancel";
+    std::function<void(User&)> onForm;
+    std::vector<std::string> captions;  ///< of the forms shown
+};
+
+TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
+    bench.Open(Example());
+    bench.Run(Command::RunAnalysis);
+    ASSERT_NE(bench.Results(), nullptr) << desktop.MessageText();
+    EXPECT_EQ(captions, (std::vector<std::string>{"Run Risk Analysis", "Analysis Results"}));
+    const auto rows = ResultRows(bench.Results()->results);
+    // The figures that the example's story tells.
+    EXPECT_EQ(rows[0].finish, "2027-08-11 16:00");
+    EXPECT_EQ(rows[2].finish, "2027-10-10 16:50");
+    EXPECT_EQ(rows[2].cost, "31,251,974.45");
+    EXPECT_EQ(bench.StatusText(), "1000 iterations, seed 1: P50 2027-10-07, P80 2027-11-01");
+    EXPECT_EQ(bench.FinishText(), "Finish 2027-08-11 16:00") << "durations are put back";
+    EXPECT_EQ(window.progress, nullptr);
+    EXPECT_EQ(bench.Document().Title(), "Eastmere ferry terminal* - Kestrel");
+
+    bench.Run(Command::ShowDrivingRisks);
+    EXPECT_EQ(captions.back(), "Driving Risks");
+    EXPECT_EQ(desktop.MessageText(), "") << "the results are up to date";
+    Change();
+    EXPECT_EQ(bench.StatusText(),
+              "1000 iterations, seed 1: P50 2027-10-07, P80 2027-11-01 (out of date)");
+    bench.Run(Command::ShowDrivingRisks);
+    EXPECT_EQ(desktop.messages.size(), 1u) << "asks whether to show results out of date";
+
+    bench.Run(Command::Save);
+    EXPECT_EQ(bench.Document().Title(), "Eastmere ferry terminal - Kestrel");
+    bench.Open(bench.Document().Path());
+    EXPECT_EQ(bench.Results(), nullptr);
+}
+
+TEST_F(WorkbenchTest, ACancelledOrFailedAnalysisKeepsNoResults) {
+    bench.Open(Example());
+    window.cancels = true;
+    bench.Run(Command::RunAnalysis);
+    EXPECT_EQ(bench.Results(), nullptr);
+    EXPECT_EQ(desktop.MessageText().rfind("The analysis was cancelled after 1 ", 0), 0u)
+        << desktop.MessageText();
+    EXPECT_EQ(bench.FinishText(), "Finish 2027-08-11 16:00");
+    EXPECT_FALSE(bench.IsEnabled(Command::ShowResults));
+    desktop.messages.clear();
+    addIn.isMissing = true;
+    bench.Run(Command::RunAnalysis);
+    EXPECT_EQ(desktop.MessageText(), "The add-in is not there.");
+    EXPECT_EQ(bench.Results(), nullptr);
+}
+
+TEST_F(WorkbenchTest, UnsavedChangesAreGivenUpOnlyOnRequest) {
+    const struct {
+        const char* answer;
+        bool closes, saved;
+    } rows[] = {
+        {"cmdCancel", false, false},
+        {"cmdDiscard", true, false},
+        {"cmdSave", true, true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.answer);
+        const std::string path = Example();
+        bench.Open(path);
+        ASSERT_TRUE(bench.MayClose()) << "nothing to ask yet";
+        Change();
+        EXPECT_TRUE(bench.Document().HasChanges());
+        saveAnswer = row.answer;
+        window.quit = false;
+        bench.Run(Command::Exit);
+        EXPECT_EQ(window.quit, row.closes);
+        const PlanData file = ReadPlan(desktop, path).plan;
+        const std::string* text = FindText(file.tasks[2].userValues, "RiskFactors");
+        EXPECT_EQ(text && *text == "(3)", row.saved);
+        saveAnswer = "cmdDiscard";
+    }
+    bench.Open(Example());
+    const std::string kept = host.OpenPlan()->TaskAt(2)->UserValues()->Item("RiskFactors");
+    Change();
+    host.OpenPlan()->TaskAt(2)->UserValues()->PutItem("RiskFactors", kept);
+    EXPECT_FALSE(bench.Document().HasChanges()) << "a change taken back is none";
+}
+
+TEST_F(WorkbenchTest, WhatCannotBeReadOrWrittenIsToldAndChangesNothing) {
+    const std::string path = Example();
+    bench.Open(path);
+    const std::string broken = folder + "/broken.kplan";
+    WriteOutput(broken, "<Plan Version=\"1\" Name=\"Crane\"");
+    for (const std::string& bad : {broken, folder + "/missing.kplan", std::string()}) {
+        desktop.messages.clear();
+        bench.Open(bad);
+        EXPECT_EQ(desktop.messages.size(), 1u) << bad;
+        EXPECT_EQ(bench.Document().Path(), path);
+        EXPECT_EQ(host.OpenPlan()->Name(), "Eastmere ferry terminal");
+    }
+    EXPECT_EQ(bench.Document().Recent().Paths(), std::vector<std::string>{path});
+    Change();
+    desktop.messages.clear();
+    desktop.chosenFiles = {folder + "/no such folder/x.kplan"};
+    bench.Run(Command::SaveAs);
+    EXPECT_EQ(desktop.messages.size(), 1u);
+    EXPECT_EQ(bench.Document().Path(), path);
+    EXPECT_TRUE(bench.Document().HasChanges());
+}
+
+TEST_F(WorkbenchTest, AProjectFileIsSavedAsAPlanBesideIt) {
+    const std::string project = folder + "/garage.v2.xml";
+    WriteOutput(project,
+                "<Project xmlns=\"http://schemas.example.com/project\"><Name>Garage</Name>"
+                "<StartDate>2026-01-05T08:00:00</StartDate><Tasks><Task><UID>1</UID><ID>1</ID>"
+                "<Name>Build</Name><OutlineLevel>1</OutlineLevel><Duration>PT8H0M0S</Duration>"
+                "<Deadline>2026-02-05T08:00:00</Deadline></Task></Tasks></Project>");
+    desktop.chosenFiles = {project};
+    bench.Run(Command::Open);
+    ASSERT_NE(bench.View(), nullptr) << desktop.MessageText();
+    EXPECT_NE(desktop.MessageText().find("1 x deadline"), std::string::npos)
+        << desktop.MessageText();
+    EXPECT_EQ(bench.Document().Path(), "");
+    desktop.chosenFiles = {folder + "/garage.kplan"};
+    bench.Run(Command::Save);
+    EXPECT_EQ(desktop.saveDialogs.back().initialFile, folder + "/garage.v2.kplan");
+    EXPECT_EQ(bench.Document().Path(), folder + "/garage.kplan");
+    EXPECT_EQ(bench.Document().Recent().Paths(),
+              (std::vector<std::string>{folder + "/garage.kplan", project}));
+}
+
+TEST_F(WorkbenchTest, CommandsWithoutAPlanDoNothing) {
+    for (const Command command :
+         {Command::Save, Command::SaveAs, Command::RunAnalysis, Command::ShowResults,
+          Command::EditFactors, Command::AssignFactors, Command::ShowDrivingRisks, Command::ZoomIn,
+          Command::GoToToday, Command::ExpandAll}) {
+        EXPECT_FALSE(bench.IsEnabled(command));
+        bench.Run(command);
+    }
+    EXPECT_TRUE(captions.empty());
+    EXPECT_EQ(desktop.MessageText(), "");
+    EXPECT_EQ(bench.Document().Title(), "Kestrel");
+    bench.Run(Command::Exit);
+    EXPECT_TRUE(window.quit);
+}
+
+TEST_F(WorkbenchTest, RunDialogRefusesWhatIsNoNumber) {
+    AnalysisSettings start;
+    const struct {
+        const char *iterations, *seed;
+        bool accepted;
+    } rows[] = {
+        {"1", "0", true},        {" 500 ", " 18446744073709551615 ", true},
+        {"0", "1", false},       {"-5", "1", false},
+        {"1000001", "1", false}, {"1e3", "1", false},
+        {"", "1", false},        {"10", "", false},
+        {"10", "-1", false},     {"10", "18446744073709551616", false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.iterations) + ", " + row.seed);
+        desktop.messages.clear();
+        frmRunAnalysis form(desktop, start);
+        form.Open();
+        form.txtIterations.SetText(row.iterations);
+        form.txtSeed.SetText(row.seed);
+        form.cmdRun_Click();
+        EXPECT_EQ(form.Result().has_value(), row.accepted);
+        EXPECT_EQ(form.IsOpen(), !row.accepted);
+        EXPECT_EQ(desktop.messages.empty(), row.accepted);
+    }
+}
+
+TEST_F(WorkbenchTest, ResultsShowEitherMeasureAndCopyTheTable) {
+    PlanResults results{"Plan", {.iterations = 3}, {}};
+    results.results.finish = {46003.0, 46001.0, 46002.0};
+    results.results.cost = {30, 10, 20.5};
+    results.results.deterministicFinish = 46001 * kMinutesPerDay;
+    results.results.deterministicCost = 5;
+    frmResults form(desktop, results);
+    form.Open();
+    User user(form);
+    const auto drawn = [&] {
+        std::string texts;
+        for (const auto& text : form.plotResult.Draw(600, 400, kestrel::ui::TextWidth).texts)
+            texts += text.text + "|";
+        return texts;
+    };
+    EXPECT_NE(drawn().find("Project finish"), std::string::npos);
+    const auto before = form.plotResult.Changes();
+    user.Click("OptionCost");
+    EXPECT_GT(form.plotResult.Changes(), before);
+    EXPECT_NE(drawn().find("Project cost"), std::string::npos);
+    EXPECT_NE(drawn().find("P50 21"), std::string::npos) << drawn();
+    const std::string first[][3] = {{"As planned", "2025-12-10 00:00", "5.00"},
+                                    {"Chance to keep that", "33.3%", "0.0%"},
+                                    {"Mean", "2025-12-11 00:00", "20.17"}};
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 3; ++column)
+            EXPECT_EQ(form.gridResults.Text(row + 1, column), first[row][column]);
+}
+
+TEST(RecentFilesTest, TheLatestStandFirstOnce) {
+    MemorySettings settings;
+    RecentFiles recent(settings);
+    for (int i = 1; i <= 10; ++i) recent.Add("f" + std::to_string(i));
+    recent.Add("f5");
+    recent.Remove("f9");
+    recent.Remove("unknown");
+    EXPECT_EQ(RecentFiles(settings).Paths(),
+              (std::vector<std::string>{"f5", "f10", "f8", "f7", "f6", "f4", "f3"}));
+}
+
+}  // namespace
+}  // namespace refhost
