@@ -140,7 +140,6 @@ TEST_F(AdvancedAssignmentTest, WithoutATaskTheListsAreOff) {
     Assign([&](User& user) {
         EXPECT_EQ(Caption(user), "No task is selected.");
         EXPECT_FALSE(Risks(user).Enabled());
-        user.Press(Key::Enter);
         user.PressCtrl(Key::Right);
         EXPECT_EQ(Choices(user).Count(), 0);
         user.Click("cmdNext");

@@ -1,20 +1,13 @@
 #include "refhost/windows/console/ComAddIn.h"
 
-#include <ocidl.h>
+#include <windows.h>
 
 #include <filesystem>
 
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
-#include "refhost/windows/console/AddInClass.h"
-#include "refhost/windows/console/DialogAnswerer.h"
-#include "util/Errors.h"
-
-#include <Schedulon.h>
 
 namespace refhost {
-
-using kestrel::win32::ComPtr;
 
 namespace {
 
@@ -50,41 +43,16 @@ class ExchangeFile {
 ComAddIn::ComAddIn(Session& session)
     : session_(session),
       program_(session.Host()),
-      server_(std::make_shared<automation::AutomationServer>(session.Host(), program_)),
-      host_(server_->Application()),
-      addIn_(MakeAddInObject()) {
-    OfferHost();
-}
-
-ComAddIn::~ComAddIn() {
-    // Failures are the add-in's own; it is let go of in any case.
-    if (started_) try {
-            CallMethod(*addIn_, L"LaunchStopSchedulon");
-        } catch (const kestrel::HostError&) {
-        }
-    if (const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite))
-        static_cast<void>(site->SetSite(nullptr));
-    addIn_.Reset();
-    host_.Reset();
-    server_->Disconnect();
-}
-
-void ComAddIn::OfferHost() {
-    // Several hosts may be running, so the site is the sure way.
-    const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite);
-    if (!site || FAILED(site->SetSite(host_.Get()))) listed_.emplace(*host_, CLSID_Application);
-}
-
-void ComAddIn::Start() {
-    CallMethod(*addIn_, L"LaunchStartSchedulon");
-    started_ = true;
+      answers_(session.Desktop()),
+      connection_(session.Host(), program_) {
+    connection_.Connect();
 }
 
 void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
                           const std::string& name) {
-    DialogAnswerer answers(session_.Desktop(), path, name);
-    CallMethod(*addIn_, command);
-    answers.RaiseFailure();
+    answers_.AnswerFileDialogWith(path, name);
+    connection_.Call(command);
+    answers_.RaiseFailure();
 }
 
 void ComAddIn::Save() {

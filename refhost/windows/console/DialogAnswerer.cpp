@@ -81,8 +81,7 @@ void Press(HWND dialog, int code) {
 
 }  // namespace
 
-DialogAnswerer::DialogAnswerer(kestrel::Desktop& desktop, std::string path, std::string name)
-    : desktop_(desktop), path_(std::move(path)), name_(std::move(name)) {
+DialogAnswerer::DialogAnswerer(kestrel::Desktop& desktop) : desktop_(desktop) {
     current = this;
     timer_ = SetTimer(nullptr, 0, kInterval, OnTimer);
 }
@@ -90,6 +89,12 @@ DialogAnswerer::DialogAnswerer(kestrel::Desktop& desktop, std::string path, std:
 DialogAnswerer::~DialogAnswerer() {
     static_cast<void>(KillTimer(nullptr, timer_));  // fails only for what is no timer
     current = nullptr;
+}
+
+void DialogAnswerer::AnswerFileDialogWith(std::string path, std::string name) {
+    path_ = std::move(path);
+    name_ = std::move(name);
+    pathIsNew_ = true;
 }
 
 void DialogAnswerer::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
@@ -111,6 +116,7 @@ BOOL DialogAnswerer::OnWindow(HWND window, LPARAM self) noexcept {
 void DialogAnswerer::Look() {
     if (std::exchange(answering_, true)) return;
     EnumThreadWindows(GetCurrentThreadId(), OnWindow, reinterpret_cast<LPARAM>(this));
+    std::erase_if(visits_, [](const auto& visited) { return !IsWindow(visited.first); });
     answering_ = false;
 }
 
@@ -129,6 +135,7 @@ void DialogAnswerer::Visit(HWND dialog) {
 
 std::string DialogAnswerer::Message(HWND box) const {
     std::string text = TextOf(GetDlgItem(box, kMessageText));
+    if (path_.empty()) return text;
     if (const auto at = text.find(path_); at != text.npos) text.replace(at, path_.size(), name_);
     return text;
 }
@@ -149,7 +156,7 @@ void DialogAnswerer::AnswerMessage(HWND box) {
 
 void DialogAnswerer::AnswerFileDialog(HWND dialog) {
     const HWND field = FileNameField(dialog);
-    if (std::exchange(pathGiven_, true) || !field) return Press(dialog, IDCANCEL);
+    if (!std::exchange(pathIsNew_, false) || !field) return Press(dialog, IDCANCEL);
     SendMessageW(field, WM_SETTEXT, 0,
                  reinterpret_cast<LPARAM>(kestrel::win32::Wide(path_).c_str()));
     Press(dialog, IDOK);

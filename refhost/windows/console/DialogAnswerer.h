@@ -5,6 +5,7 @@
 #include <exception>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "platform/Desktop.h"
 
@@ -18,16 +19,18 @@ namespace refhost {
 /// hook is told of a file dialog its controls are not all there yet.
 class DialogAnswerer {
  public:
-    /// `path` answers the first file dialog; a further one is cancelled. Messages that name it
-    /// are told with `name` in its place.
-    DialogAnswerer(kestrel::Desktop& desktop, std::string path, std::string name);
+    explicit DialogAnswerer(kestrel::Desktop& desktop);
     ~DialogAnswerer();
     DialogAnswerer(const DialogAnswerer&) = delete;
     DialogAnswerer& operator=(const DialogAnswerer&) = delete;
 
+    /// `path` answers the next file dialog; without one a file dialog is cancelled. Messages that
+    /// name it are told with `name` in its place.
+    void AnswerFileDialogWith(std::string path, std::string name);
+
     /// Raises what went wrong while a dialog was answered.
-    void RaiseFailure() const {
-        if (failure_) std::rethrow_exception(failure_);
+    void RaiseFailure() {
+        if (const auto failure = std::exchange(failure_, nullptr)) std::rethrow_exception(failure);
     }
 
  private:
@@ -40,9 +43,9 @@ class DialogAnswerer {
     void AnswerFileDialog(HWND dialog);
 
     kestrel::Desktop& desktop_;
-    const std::string path_;
-    const std::string name_;
-    bool pathGiven_ = false;
+    std::string path_;
+    std::string name_;
+    bool pathIsNew_ = false;
     std::exception_ptr failure_;
     std::map<HWND, int> visits_;  ///< how often a dialog was met, answered at the first
     bool answering_ = false;      ///< a question on the terminal may take its time

@@ -1,0 +1,89 @@
+// The add-in in KestrelDll.dll at work in this process, through COM on both sides.
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "platform/Files.h"
+#include "platform/win32/ComApartment.h"
+#include "platform/win32/Handles.h"
+#include "refhost/engine/Analysis.h"
+#include "refhost/files/PlanFile.h"
+#include "refhost/windows/console/ComAddIn.h"
+#include "support/GeneratedPlan.h"
+#include "windows/support/LeakCheck.h"
+
+namespace refhost::test {
+namespace {
+
+/// A generated plan in a file of its own, removed at the end.
+class PlanInFile {
+ public:
+    explicit PlanInFile(std::size_t tasks)
+        : path_("host-test-" + std::to_string(tasks) + ".kplan") {
+        kestrel::ReplaceWholeFile(path_, WritePlan(GeneratedPlan({tasks, 5, 1})));
+    }
+    ~PlanInFile() { std::remove(path_.c_str()); }
+    const std::string& Path() const { return path_; }
+
+ private:
+    std::string path_;
+};
+
+AnalysisSettings Few() {
+    AnalysisSettings settings;
+    settings.iterations = 2;
+    return settings;
+}
+
+TEST(AddInThroughCom, AsksTheHostNoMoreThanAnIterationNeeds) {
+    const kestrel::win32::ComApartment com;
+    const PlanInFile file(90);  // of which 30 tasks carry factors
+    Session session(file.Path());
+    ComAddIn addIn(session);
+    addIn.Start();
+    struct CallCounter : AnalysisWatcher {
+        const AddInConnection& connection;
+        std::vector<std::uint64_t> atEnd;
+        explicit CallCounter(const AddInConnection& counted) : connection(counted) {}
+        bool AfterIteration(std::int32_t, std::span<const std::int32_t>,
+                            const AnalysisResults&) override {
+            atEnd.push_back(connection.HostCalls());
+            return true;
+        }
+    } counter(addIn.Connection());
+    AnalysisSettings settings = Few();
+    settings.iterations = 4;
+    RunAnalysis(session.Host(), settings, &counter);
+    ASSERT_EQ(counter.atEnd.size(), 4u);
+    // Automatic calculation off and on, per factor a number and two draws, per task its duration
+    // read and written and its cost, which recalculation, recalculate, finish and cost.
+    const std::uint64_t least = 2 + 3 * 5 + 3 * 30 + 2 + 2;
+    for (std::size_t i = 1; i < 4; ++i)
+        EXPECT_EQ(counter.atEnd[i] - counter.atEnd[i - 1], least) << "iteration " << i + 1;
+}
+
+TEST(AddInThroughCom, LeavesNothingBehindInAThousandAnalyses) {
+    const kestrel::win32::ComApartment com;
+    const PlanInFile file(6);
+    // Loaded in any host that asks for files. Wine's loses a handle whenever it is unloaded.
+    const kestrel::win32::LibraryHandle fileDialogs(LoadLibraryW(L"comdlg32.dll"));
+    Session session(file.Path());
+    EXPECT_TRUE(kestrel::test::LeakCheck(1000, [&] {
+        ComAddIn addIn(session);
+        addIn.Start();
+        RunAnalysis(session.Host(), Few());
+    }));
+    // Commands: each asks whether out-of-date results will do, and is told no. Not those that show
+    // a file dialog, which loses a handle of its own each time under Wine.
+    session.Desktop().collects = true;
+    EXPECT_TRUE(kestrel::test::LeakCheck(200, [&] {
+        ComAddIn addIn(session);
+        addIn.Connection().Call(L"LaunchShow");
+    }));
+    EXPECT_EQ(session.Desktop().QuestionsRefused(), 220);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(GetModuleHandleW(L"KestrelDll.dll"), nullptr) << "the DLL is still loaded";
+}
+
+}  // namespace
+}  // namespace refhost::test
