@@ -11,6 +11,7 @@ namespace kestrel::ui {
 struct GridPlace {
     int row = 0;
     int column = 0;
+    bool operator==(const GridPlace&) const = default;
 };
 
 enum class Alignment { Left, Centre, Right };

@@ -47,8 +47,8 @@ struct ViewContext {
     int Units(int pixels) const { return MulDiv(pixels, 96, static_cast<int>(dpi)); }
 };
 
-/// The child window of one control. Its place is the form window's to set (from the control's
-/// Bounds); what it shows is its own.
+/// The child window of one control. Place, visibility and whether it can be worked are the form
+/// window's to set (from the control's Bounds, Visible and Enabled); what it shows is its own.
 class ControlView {
  public:
     virtual ~ControlView() = default;

@@ -126,6 +126,15 @@ bool FormWindow::Translate(const MSG& message) {
     return TranslateFormKey(context_, message);
 }
 
+void FormWindow::Child::Update() const {
+    const HWND window = view->Window();
+    if ((IsWindowEnabled(window) != FALSE) != control.Enabled())
+        EnableWindow(window, control.Enabled());
+    const bool visible = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (visible != control.Visible()) ShowWindow(window, control.Visible() ? SW_SHOWNA : SW_HIDE);
+    view->Update();
+}
+
 void FormWindow::Update() {
     if (!context_.form->IsOpen()) {
         // Wakes the loop that waits for the end, should the event have come past it.
@@ -133,7 +142,7 @@ void FormWindow::Update() {
         return;
     }
     updating_ = true;
-    for (const auto& child : children_) child->view->Update();
+    for (const auto& child : children_) child->Update();
     updating_ = false;
     MoveFocusToModels();
     MarkDefaultButton();

@@ -42,6 +42,8 @@ class FormWindow {
         Control& control;
         std::unique_ptr<ControlView> view;
         SystemView* systemView;  ///< the same; nothing for a view that draws itself
+
+        void Update() const;
     };
 
     static LRESULT CALLBACK Procedure(HWND, UINT, WPARAM, LPARAM) noexcept;

@@ -29,6 +29,11 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept {
     auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!self) return DefWindowProcW(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        self->window_.Forget();
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
     try {
         return self->Receive(message, wParam, lParam);
     } catch (...) {
@@ -53,6 +58,12 @@ LRESULT FormWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_HELP:  // F1, whichever child has the keyboard
             PressHelp();
             return TRUE;
+        case WM_DESTROY:
+            // The host may destroy its window, and with it ours, under the form. Messages to the
+            // window are lost by now, so the thread is woken.
+            context_.form->Close();
+            PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+            return 0;
         case WM_SETFOCUS:
             MoveFocusToModels();
             return 0;
@@ -156,7 +167,7 @@ void FormWindow::LayOut() {
                                     height, SWP_NOZORDER | SWP_NOACTIVATE);
     }
     if (places) EndDeferWindowPos(places);
-    for (const auto& child : children_) child->view->Update();
+    for (const auto& child : children_) child->Update();
 }
 
 void FormWindow::LimitSize(MINMAXINFO& limits) const {

@@ -19,11 +19,6 @@ SystemView::SystemView(ViewContext& context, Control& control, const wchar_t* wi
 void SystemView::Update() {
     if (shown_ == control_.Changes()) return;
     shown_ = control_.Changes();
-    if ((IsWindowEnabled(window_) != FALSE) != control_.Enabled())
-        EnableWindow(window_, control_.Enabled());
-    const bool visible = (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
-    if (visible != control_.Visible())
-        ShowWindow(window_, control_.Visible() ? SW_SHOWNA : SW_HIDE);
     Show();
 }
 

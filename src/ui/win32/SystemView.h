@@ -39,7 +39,7 @@ class SystemView : public ControlView {
     SystemView(ViewContext& context, Control& control, const wchar_t* windowClass, DWORD style,
                DWORD extendedStyle = 0);
 
-    /// Called when the model has changed; state and visibility are dealt with.
+    /// Called when the model has changed.
     virtual void Show() = 0;
 
     LRESULT Tell(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {

@@ -52,6 +52,8 @@ class WindowHandle {
         if (window_) DestroyWindow(window_);
     }
     HWND Get() const { return window_; }
+    /// The window is gone: its owner has taken it along.
+    void Forget() { window_ = nullptr; }
 
  private:
     HWND window_ = nullptr;

@@ -16,22 +16,18 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
-struct Search {
-    std::wstring text;
-    bool part = false;  ///< of the child's text
-    HWND found = nullptr;
-};
-
-HWND FindChild(HWND parent, Search search) {
+/// Whether a child of the window shows the text as a part of its own.
+bool Says(HWND window, const std::wstring& text) {
+    struct Search {
+        const std::wstring& text;
+        bool found = false;
+    } search{text};
     EnumChildWindows(
-        parent,
+        window,
         [](HWND child, LPARAM into) -> BOOL {
             auto& wanted = *reinterpret_cast<Search*>(into);
-            const std::wstring text = TextOf(child);
-            if (IsWindowVisible(child) &&
-                (wanted.part ? text.find(wanted.text) != std::wstring::npos : text == wanted.text))
-                wanted.found = child;
-            return wanted.found == nullptr;
+            wanted.found = TextOf(child).find(wanted.text) != std::wstring::npos;
+            return !wanted.found;
         },
         reinterpret_cast<LPARAM>(&search));
     return search.found;
@@ -91,20 +87,20 @@ void DesktopStage::AnswerMessage(WindowUser& user, const std::string& text, WORD
     HWND box = nullptr;
     user.WaitUntil("a message says " + text, [&] {
         box = GetActiveWindow();
-        return box && box != window_->Handle() &&
-               FindChild(box, {kestrel::win32::Wide(text), true});
+        return box && box != window_->Handle() && Says(box, kestrel::win32::Wide(text));
     });
     user.Press(key);
     user.WaitUntilGone(box);
 }
 
-HWND DesktopStage::Child(WindowUser& user, const std::wstring& caption) {
-    HWND child = nullptr;
-    user.WaitUntil("there is " + kestrel::win32::Utf8(caption), [&] {
-        child = FindChild(GetActiveWindow(), {caption});
-        return child != nullptr;
-    });
-    return child;
+void DesktopStage::Leave(WindowUser& user, bool unsaved) {
+    const HWND window = window_->Handle();
+    user.Press(VK_MENU, VK_F4);
+    if (unsaved) {
+        user.WaitForWindow(L"Kestrel");
+        user.Press(VK_MENU, 'D');
+    }
+    user.WaitUntilGone(window);
 }
 
 }  // namespace refhost::win32

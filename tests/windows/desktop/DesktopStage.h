@@ -37,14 +37,14 @@ class DesktopStage {
 
     /// @name Steps of a user
     ///@{
-    /// Waits until a form is in front, and presses a key of it with Alt.
+    /// Until the main window is in front, with this caption.
     void WaitForTitle(kestrel::test::WindowUser& user, const std::wstring& title);
     void CloseByKeys(kestrel::test::WindowUser& user, const std::wstring& caption);
     /// A message box of the system: waits for its text and presses Enter, or another key.
     void AnswerMessage(kestrel::test::WindowUser& user, const std::string& text,
                        WORD key = VK_RETURN);
-    /// By its caption, in the window in front.
-    HWND Child(kestrel::test::WindowUser& user, const std::wstring& caption);
+    /// Closes the main window; what is not saved is given up.
+    void Leave(kestrel::test::WindowUser& user, bool unsaved);
     ///@}
 
     kestrel::win32::Win32Desktop desktop;

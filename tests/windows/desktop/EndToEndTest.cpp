@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "host/clsKestrelDll.h"
+#include "platform/win32/WideText.h"
 #include "refhost/files/PlanFile.h"
-#include "store/RegisterDocument.h"
-#include "support/FakeDesktop.h"
 #include "support/ScriptedRunner.h"
 #include "windows/desktop/DesktopStage.h"
 
@@ -131,7 +130,7 @@ TEST_F(EndToEndTest, FromAProjectFileToTheDrivingRisks) {
         user.WaitForWindow(L"Save Plan As");
         user.Press(VK_RETURN);  // the name that is proposed
         stage.WaitForTitle(user, L"Boathouse - Kestrel");
-        user.Press(VK_MENU, VK_F4);
+        stage.Leave(user, false);
     });
     const std::string saved = stage.Path("boathouse.kplan");
     ASSERT_TRUE(std::filesystem::exists(saved));
@@ -182,9 +181,7 @@ TEST_F(EndToEndTest, TheSameSeedGivesTheSameFiguresAndChangesMakeThemOld) {
         user.Press(VK_ESCAPE);
         user.WaitUntilGone(question);
         stage.WaitForTitle(user, title);
-        user.Press(VK_MENU, VK_F4);
-        user.WaitForWindow(L"Kestrel");
-        user.Press(VK_MENU, 'D');  // doesn't save
+        stage.Leave(user, true);
     });
     EXPECT_EQ(first, second);
     const PlanData file = ReadPlan(stage.desktop, path).plan;

@@ -18,6 +18,13 @@ double Milliseconds() {
     return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
+/// Of this thread alone, whatever else the machine does.
+double WorkMilliseconds() {
+    FILETIME created{}, ended{}, kernel{}, user{};
+    GetThreadTimes(GetCurrentThread(), &created, &ended, &kernel, &user);
+    return (kernel.dwLowDateTime + user.dwLowDateTime) / 10000.0;
+}
+
 TEST(LargePlanTest, TenThousandTasksOpenScrollAndRunUntilCancelled) {
     DesktopStage stage;
     const std::string path = stage.Path("large.kplan");
@@ -30,14 +37,15 @@ TEST(LargePlanTest, TenThousandTasksOpenScrollAndRunUntilCancelled) {
         user.OnUi([&] {
             PlanView& view = *stage.Bench().View();
             const HWND pane = GetFocus();
-            const double before = Milliseconds();
+            const double before = Milliseconds(), worked = WorkMilliseconds();
             for (int i = 0; i < kSteps; ++i) {
                 SendMessageW(pane, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)),
                              0);
                 UpdateWindow(pane);
             }
-            std::printf("scroll and repaint of %d rows: %.1f ms\n",
-                        static_cast<int>(view.WholeRows()), (Milliseconds() - before) / kSteps);
+            std::printf("scroll and repaint of %d rows: %.1f ms, of which %.1f ms are work\n",
+                        static_cast<int>(view.WholeRows()), (Milliseconds() - before) / kSteps,
+                        (WorkMilliseconds() - worked) / kSteps);
             EXPECT_GE(view.FirstRow(), static_cast<std::size_t>(kSteps));
         });
         user.Press(VK_END);
@@ -51,9 +59,7 @@ TEST(LargePlanTest, TenThousandTasksOpenScrollAndRunUntilCancelled) {
         user.Press(VK_MENU, VK_F4);
         stage.AnswerMessage(user, "The analysis was cancelled after");
         stage.WaitForTitle(user, L"Generated 10000* - Kestrel");
-        user.Press(VK_MENU, VK_F4);
-        user.WaitForWindow(L"Kestrel");
-        user.Press(VK_MENU, 'D');
+        stage.Leave(user, true);
     });
 }
 

@@ -35,16 +35,13 @@ INPUT MouseInput(POINT screen, DWORD flags) {
     return input;
 }
 
-LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
 }  // namespace
 
-GridHost::GridHost(ui::Form& form, ui::Grid& grid, UINT dpi) : font_(ui::win32::MessageFont(dpi)) {
+GridHost::GridHost(ui::Form& form, ui::Grid& grid, UINT dpi)
+    : grid_(grid), font_(ui::win32::MessageFont(dpi)) {
     WNDCLASSEXW wanted{};
     wanted.cbSize = sizeof wanted;
-    wanted.lpfnWndProc = FormProcedure;
+    wanted.lpfnWndProc = DefWindowProcW;
     wanted.hInstance = GetModuleHandleW(nullptr);
     wanted.lpszClassName = L"KestrelGridHost";
     RegisterClassExW(&wanted);  // there already when a host was made before
@@ -62,9 +59,8 @@ GridHost::GridHost(ui::Form& form, ui::Grid& grid, UINT dpi) : font_(ui::win32::
                         context_.Pixels(form.DesignWidth()), context_.Pixels(form.DesignHeight()),
                         nullptr, nullptr, wanted.hInstance, nullptr);
     context_.formWindow = formWindow_;
-    view_ = ui::win32::MakeGridView(context_, grid);
     SetForegroundWindow(formWindow_);
-    SetFocus(view_->Window());
+    RemakeView();
     // Input that is sent before the system has made the window the foreground one goes elsewhere.
     const ULONGLONG deadline = GetTickCount64() + kPatience;
     while (GetForegroundWindow() != formWindow_ || GetFocus() != view_->Window()) {
@@ -77,6 +73,12 @@ GridHost::GridHost(ui::Form& form, ui::Grid& grid, UINT dpi) : font_(ui::win32::
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
     }
     Pump();
+}
+
+void GridHost::RemakeView() {
+    view_.reset();
+    view_ = ui::win32::MakeGridView(context_, grid_);
+    SetFocus(view_->Window());
 }
 
 GridHost::~GridHost() {
@@ -146,6 +148,13 @@ void GridHost::Click(POINT place, Modifiers held, int times) {
     if (held.shift) inputs.push_back(KeyInput(VK_SHIFT, true));
     if (held.ctrl) inputs.push_back(KeyInput(VK_CONTROL, true));
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    Pump();
+}
+
+void GridHost::MoveMouse(POINT place) {
+    ClientToScreen(Window(), &place);
+    INPUT input = MouseInput(place, 0);
+    SendInput(1, &input, sizeof input);
     Pump();
 }
 

@@ -32,6 +32,7 @@ class GridHost {
     /// Not there any more once it has been destroyed.
     ui::win32::ControlView& View() { return *view_; }
     void DestroyView() { view_.reset(); }
+    void RemakeView();
     ui::win32::ViewContext& Context() { return context_; }
 
     /// Handles all messages up to the input that has been sent.
@@ -42,6 +43,7 @@ class GridHost {
     void PressKey(WORD virtualKey, Modifiers held = {});
     void Type(std::wstring_view text);
     void Click(POINT place, Modifiers held = {}, int times = 1);
+    void MoveMouse(POINT place);
     void Wheel(int delta);
     void DragMouse(POINT from, POINT to);
     ///@}
@@ -54,6 +56,7 @@ class GridHost {
 
  private:
     ui::win32::ViewContext context_;
+    ui::Grid& grid_;
     HWND formWindow_ = nullptr;
     kestrel::win32::Font font_;
     std::unique_ptr<ui::win32::ControlView> view_;

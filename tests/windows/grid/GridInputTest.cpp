@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <windows.h>
+// windows.h first
+#include <commctrl.h>
+
 #include <random>
 #include <stdexcept>
 
+#include "platform/win32/Clipboard.h"
+#include "platform/win32/WideText.h"
 #include "support/ScriptedRunner.h"
 #include "ui/win32/KeyInput.h"
 #include "windows/grid/GridHost.h"
@@ -68,13 +74,15 @@ class RandomInput : public testing::TestWithParam<UINT> {
         how.shift = Below(5) == 0;
         how.ctrl = Below(5) == 0;
         const Rect cell = shown.grid.Geometry().CellBounds(row, column).value();
-        // The end of the cell: the caret, which only windows place, then stands there as well.
-        how.x = cell.x + cell.width - 1;
-        how.y = cell.y + cell.height - 1;
-        const ui::win32::GridScale scale{GetParam()};
-        window.Click({scale.Pixels(how.x), scale.Pixels(how.y)},
+        how.x = cell.x + cell.width / 2;
+        how.y = cell.y + cell.height / 2;
+        // The first or the last pixel: the whole of what looks like a cell must be that cell.
+        const RECT place = ui::win32::GridScale{GetParam()}.Pixels(cell);
+        const bool last = Below(2) == 0;
+        window.Click(last ? POINT{place.right - 1, place.bottom - 1} : POINT{place.left, place.top},
                      {.shift = how.shift, .ctrl = how.ctrl});
         told.MouseDown(how);
+        // Only a window can tell which character the mouse is at.
         if (told.grid.IsEditing()) told.grid.SetCaret(shown.grid.Caret());
     }
 
@@ -250,6 +258,80 @@ TEST(GridInputTest, TheScrollBarFollowsAndLeadsTheRows) {
     while (form.grid.RowCount() > page) form.grid.RemoveRow(form.grid.RowCount() - 1);
     window.View().Update();
     EXPECT_FALSE(GetWindowLongPtrW(window.Window(), GWL_STYLE) & WS_VSCROLL) << "not needed";
+}
+
+TEST(GridInputTest, PastingTypesTheFirstCellOfTheClipboard) {
+    const struct {
+        const char* what;
+        const char* clipboard;
+        WORD key;
+        Modifiers held;
+        int column;
+        const char* expected;
+    } cases[] = {
+        {"a text", "Ground water", 'V', {.ctrl = true}, SampleGrid::kName, "Ground water"},
+        {"the first of some cells",
+         " 12.5\t7\r\n8",
+         'V',
+         {.ctrl = true},
+         SampleGrid::kFigure,
+         "12.5"},
+        {"the older keys",
+         "\U0001F600",
+         VK_INSERT,
+         {.shift = true},
+         SampleGrid::kName,
+         "\U0001F600"},
+        {"what the form refuses", "x12", 'V', {.ctrl = true}, SampleGrid::kFigure, "1.50%"},
+        {"where nothing is typed", "1", 'V', {.ctrl = true}, SampleGrid::kLocked, ""},
+        {"nothing", "\r\n", 'V', {.ctrl = true}, SampleGrid::kFigure, "1.50%"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        SampleGrid form(2);
+        int asked = 0;
+        form.grid.OnKeyPress = [&](char32_t character) {
+            ++asked;
+            return form.grid.CurrentColumn() == SampleGrid::kFigure && character == U'x';
+        };
+        GridHost window(form, form.grid);
+        form.grid.MoveTo(1, c.column);
+        kestrel::win32::Clipboard().PutText(c.clipboard);
+        window.PressKey(c.key, c.held);
+        EXPECT_EQ(form.grid.Text(1, c.column), c.expected);
+        EXPECT_TRUE(form.grid.IsEditing() || asked <= 1) << "one refusal is enough";
+    }
+}
+
+TEST(GridInputTest, TheMouseShowsTextsThatAreTooLongForTheirCells) {
+    SampleGrid form(3);
+    const std::string text = "A description that is far too long for its column, whatever the font";
+    form.grid.SetText(2, SampleGrid::kName, text);
+    GridHost window(form, form.grid);
+    const auto hint = [&](int row) {
+        window.MoveMouse(Middle(CellPlace(form.grid, row, SampleGrid::kName)));
+        std::wstring shown(200, L'\0');
+        const auto look = [](HWND each, LPARAM found) -> BOOL {
+            wchar_t name[32] = L"";
+            GetClassNameW(each, name, 32);
+            if (std::wstring_view(name) != TOOLTIPS_CLASSW) return TRUE;
+            TTTOOLINFOW tool{};
+            tool.cbSize = sizeof tool;
+            tool.lpszText = reinterpret_cast<std::wstring*>(found)->data();
+            if (!SendMessageW(each, TTM_ENUMTOOLSW, 1, reinterpret_cast<LPARAM>(&tool)))
+                tool.lpszText[0] = L'\0';
+            return FALSE;
+        };
+        EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&shown));
+        return kestrel::win32::Utf8(shown.c_str());
+    };
+    EXPECT_EQ(hint(1), "");
+    EXPECT_EQ(hint(2), text);
+    EXPECT_EQ(hint(3), "") << "not over another cell";
+    hint(2);
+    form.grid.SetText(2, SampleGrid::kName, "short");
+    window.View().Update();
+    EXPECT_EQ(hint(2), "");
 }
 
 TEST(GridInputTest, WhatAHandlerThrowsDoesNotCrossTheWindow) {

@@ -15,6 +15,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto kPatience = std::chrono::seconds(10);
 constexpr auto kHangs = std::chrono::seconds(60);
+constexpr auto kBetweenClosings = std::chrono::milliseconds(50);
 constexpr auto kGlance = std::chrono::milliseconds(3);
 constexpr UINT kLook = WM_APP + 1;
 
@@ -158,6 +159,14 @@ void WindowUser::WaitUntilGone(HWND window) {
     WaitUntil("the window is gone", [&] { return !IsWindow(window); });
 }
 
+void WindowUser::CloseAll() {
+    const DWORD thread = GetWindowThreadProcessId(bridge_, nullptr);
+    WaitUntil("all windows are closed", [&] {
+        CloseWindows(thread);
+        return GetActiveWindow() == nullptr;
+    });
+}
+
 void WindowUser::Press(WORD held, WORD virtualKey) {
     std::vector<INPUT> input;
     if (held) input.push_back(KeyInput(held, false));
@@ -204,20 +213,26 @@ void WhileWorking(const std::function<void()>& command,
             failure = error.what();
         }
         finished = true;
-        for (; !returned; std::this_thread::sleep_for(std::chrono::milliseconds(50)))
+        for (; !failure.empty() && !returned; std::this_thread::sleep_for(kBetweenClosings))
             CloseWindows(thread);
     });
-    command();
+    std::exception_ptr thrown;
+    try {
+        command();
+    } catch (...) {
+        thrown = std::current_exception();
+    }
     // The script may still look at what there is, for which this thread has to answer.
     while (!finished) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_SENDMESSAGE);
         MSG message{};
-        PeekMessageW(&message, nullptr, WM_NULL, WM_NULL, PM_REMOVE);
+        PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE);
     }
     returned = true;
     user.join();
     DestroyWindow(bridge);
     if (!failure.empty()) throw std::runtime_error(failure);
+    if (thrown) std::rethrow_exception(thrown);
 }
 
 }  // namespace kestrel::test

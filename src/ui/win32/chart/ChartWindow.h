@@ -7,8 +7,8 @@
 #include "ui/controls/Chart.h"
 #include "ui/controls/ChartDrawing.h"
 #include "ui/win32/AccessibleParts.h"
+#include "ui/win32/HintWindow.h"
 #include "ui/win32/OwnWindow.h"
-#include "ui/win32/chart/ChartHintWindow.h"
 
 namespace kestrel::ui::win32 {
 
@@ -62,7 +62,7 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
 
     Chart& chart_;
     ChartDrawing drawing_;
-    ChartHintWindow hints_;
+    HintWindow hints_;
     kestrel::win32::ComPtr<AccessibleParts> accessible_;
     bool hintsFit_ = false;           ///< the drawing's, not an earlier one's
     std::uint64_t shownChanges_ = 0;  ///< of the model

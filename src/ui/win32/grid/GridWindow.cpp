@@ -52,7 +52,8 @@ GridWindow::GridWindow(ViewContext& context, Grid& grid)
       class_(ClassOf(context.module, Procedure)),
       window_(CreateGridWindow(context, Scale(), grid, class_.Name())),
       scroll_(window_, grid),
-      caret_(window_) {
+      caret_(window_),
+      hints_(context, window_) {
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     Update();
 }
@@ -132,6 +133,7 @@ void GridWindow::Update() {
     shown_ = std::move(now);
     shownChanges_ = grid_.Changes();
     UpdateCaret();
+    hints_.Forget();
 }
 
 void GridWindow::ScaleChanged() {
@@ -197,14 +199,15 @@ void GridWindow::PaintInto(HDC dc, const RECT& part) {
     GridPainter(dc, grid_, style).Draw(part, HasFocus());
 }
 
-/// The system's border of a window without a theme is black; controls beside us have it grey.
+/// The system's border of a window without a theme is black. Controls beside us have it grey, or
+/// in the highlight's colour while they have the keyboard.
 void GridWindow::PaintBorder() const {
     RECT frame{};
     GetWindowRect(window_, &frame);
     OffsetRect(&frame, -frame.left, -frame.top);
     const HDC dc = GetWindowDC(window_);
     if (!dc) return;
-    SetDCBrushColor(dc, colours_.border);
+    SetDCBrushColor(dc, HasFocus() ? colours_.highlight : colours_.border);
     FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     ReleaseDC(window_, dc);
 }

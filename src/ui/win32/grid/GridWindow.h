@@ -14,6 +14,7 @@
 #include "ui/win32/WindowHandle.h"
 #include "ui/win32/grid/GridAccess.h"
 #include "ui/win32/grid/GridCaret.h"
+#include "ui/win32/grid/GridHints.h"
 #include "ui/win32/grid/GridPainter.h"
 #include "ui/win32/grid/GridScroll.h"
 #include "ui/win32/grid/GridSnapshot.h"
@@ -47,6 +48,7 @@ class GridWindow : public ControlView {
     bool KeyDown(WPARAM virtualKey, bool repeated);
     bool SystemKeyDown(WPARAM virtualKey);
     void Character(WPARAM unit);
+    void Paste();
     void FocusGained();
     void FocusLost();
     ///@}
@@ -97,6 +99,7 @@ class GridWindow : public ControlView {
     HWND window_;  ///< none once its parent has taken it along
     GridScroll scroll_;
     GridCaret caret_;
+    GridHints hints_;
     GridColours colours_ = GridColours::OfSystem();
     kestrel::win32::ComPtr<GridAccess> access_;  ///< once a program has asked for it
     std::optional<GridSnapshot> shown_;

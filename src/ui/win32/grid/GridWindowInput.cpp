@@ -1,6 +1,9 @@
+#include <windows.h>
+// windows.h first
 #include <windowsx.h>
 
 #include "ui/win32/KeyInput.h"
+#include "ui/win32/grid/GridPaste.h"
 #include "ui/win32/grid/GridWindow.h"
 
 /// What the user does with keyboard and mouse.
@@ -15,6 +18,17 @@ constexpr int kColumnStep = 8;            // units that a key widens a column by
 std::optional<LRESULT> Done(bool used) { return used ? std::optional<LRESULT>(0) : std::nullopt; }
 
 POINT PointOf(LPARAM place) { return {GET_X_LPARAM(place), GET_Y_LPARAM(place)}; }
+
+KeyEvent Shortcut(char32_t letter) {
+    KeyEvent event;
+    event.ctrl = true;
+    event.letter = letter;
+    return event;
+}
+
+bool IsShortcut(const KeyEvent& event, char32_t letter) {
+    return event.letter == letter && event.ctrl && !event.alt && !event.shift;
+}
 
 }  // namespace
 
@@ -51,7 +65,9 @@ bool GridWindow::KeyDown(WPARAM virtualKey, bool repeated) {
         FitAllColumns();
         return true;
     }
-    const auto event = KeyEventOf(virtualKey);
+    auto event = KeyEventOf(virtualKey);
+    if (virtualKey == VK_INSERT && IsDown(VK_CONTROL)) event = Shortcut(U'C');
+    if (virtualKey == VK_INSERT && IsDown(VK_SHIFT)) event = Shortcut(U'V');
     if (!event) return false;
     bool used = false;
     ViewContext& context = context_;
@@ -59,6 +75,9 @@ bool GridWindow::KeyDown(WPARAM virtualKey, bool repeated) {
         // Held down, Enter and Esc work on in the grid, but must not answer the next window.
         const bool gridOnly = repeated && (event->key == Key::Enter || event->key == Key::Escape);
         used = gridOnly ? grid_.KeyDown(*event) : context.form->KeyDown(*event);
+        if (used || !IsShortcut(*event, U'V')) return;
+        Paste();
+        used = true;
     });
     return used;
 }
@@ -67,6 +86,15 @@ bool GridWindow::SystemKeyDown(WPARAM virtualKey) {
     if (IsDown(VK_CONTROL) || (virtualKey != VK_LEFT && virtualKey != VK_RIGHT)) return false;
     WidenColumn(virtualKey == VK_RIGHT ? kColumnStep : -kColumnStep);
     return true;
+}
+
+/// As if the text were typed, so that the form's rules hold for every character.
+void GridWindow::Paste() {
+    for (const char32_t character : PastedCell(window_)) {
+        context_.form->KeyPress(character);
+        // The cell takes nothing, or not this: what follows would only be refused again.
+        if (!grid_.IsEditing()) return;
+    }
 }
 
 void GridWindow::Character(WPARAM unit) {
@@ -79,7 +107,7 @@ void GridWindow::Character(WPARAM unit) {
 }
 
 void GridWindow::FocusGained() {
-    InvalidateRect(window_, nullptr, FALSE);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     UpdateCaret();
     AnnounceFocus();
 }
@@ -87,7 +115,7 @@ void GridWindow::FocusGained() {
 void GridWindow::FocusLost() {
     caret_.Hide();
     Update();
-    InvalidateRect(window_, nullptr, FALSE);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
 
 std::optional<LRESULT> GridWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -97,7 +125,10 @@ std::optional<LRESULT> GridWindow::HandleMouse(UINT message, WPARAM wParam, LPAR
             ButtonDown(PointOf(lParam), message == WM_LBUTTONDBLCLK);
             return 0;
         case WM_MOUSEMOVE:
-            if (dragged_) Drag(PointOf(lParam));
+            if (dragged_)
+                Drag(PointOf(lParam));
+            else
+                hints_.MouseAt(PointOf(lParam), grid_, Style());
             return 0;
         case WM_LBUTTONUP:
             if (dragged_) ReleaseCapture();

@@ -8,15 +8,15 @@
 
 namespace kestrel::ui::win32 {
 
-/// The little window with hints over a chart's window: the system shows one where the mouse rests,
-/// or the program at a place of its choice. Places are pixels of the chart's window.
-class ChartHintWindow {
+/// The little window with hints over a control's window: the system shows one where the mouse
+/// rests, or the program at a place of its choice. Places are pixels of that window.
+class HintWindow {
  public:
     /// For a window of the form's, which may be gone when this ends.
-    ChartHintWindow(const ViewContext& context, HWND chart);
-    ChartHintWindow(const ChartHintWindow&) = delete;
-    ChartHintWindow& operator=(const ChartHintWindow&) = delete;
-    ~ChartHintWindow();
+    HintWindow(const ViewContext& context, HWND owner);
+    HintWindow(const HintWindow&) = delete;
+    HintWindow& operator=(const HintWindow&) = delete;
+    ~HintWindow();
 
     HWND Window() const { return window_; }
 
@@ -30,7 +30,7 @@ class ChartHintWindow {
     void Hide();
 
  private:
-    HWND chart_;
+    HWND owner_;
     HWND window_;
     UINT_PTR count_ = 0;  ///< of hints that the system shows; they are numbered from 1
     bool shown_ = false;  ///< by the program
