@@ -76,14 +76,16 @@ TEST(AddInThroughCom, LeavesNothingBehindInAThousandAnalyses) {
     // Commands, each answered with a message box; a file dialog loses a handle of its own each
     // time under Wine.
     const PlanInFile withoutTasks(0);
-    Session empty(withoutTasks.Path());
-    empty.Desktop().collects = true;
+    int refused = 0;
     EXPECT_TRUE(kestrel::test::LeakCheck(200, [&] {
+        Session empty(withoutTasks.Path());  // keeps the messages as long as it lives
+        empty.Desktop().collects = true;
         ComAddIn addIn(empty);
         addIn.Connection().Call(L"LaunchAssign");
+        if (empty.Desktop().Messages().front() == "There are no tasks to assign risks to.")
+            ++refused;
     }));
-    EXPECT_EQ(empty.Desktop().Messages().size(), 220u);
-    EXPECT_EQ(empty.Desktop().Messages().front(), "There are no tasks to assign risks to.");
+    EXPECT_EQ(refused, 220);
     CoFreeUnusedLibrariesEx(0, 0);
     EXPECT_EQ(GetModuleHandleW(L"KestrelDll.dll"), nullptr) << "the DLL is still loaded";
 }
