@@ -32,7 +32,8 @@ TEST_F(AddInTest, EveryWindowHasItsHelpItsAccessKeysAndClosesByEsc) {
             for (const Control* control : user.TheForm().Controls())
                 if (control->Mnemonic() != 0) keys.insert(control->Mnemonic());
             EXPECT_FALSE(keys.empty());
-            for (const char32_t key : keys) EXPECT_EQ(keys.count(key), 1u) << static_cast<std::uint32_t>(key);
+            for (const char32_t key : keys)
+                EXPECT_EQ(keys.count(key), 1u) << static_cast<std::uint32_t>(key);
 
             user.Click("cmdHelp");
             desktop.helpFails = true;

@@ -50,6 +50,13 @@ void AskQuestion(FerryStage& stage) {
     stage.runner.ShowModal(box);
 }
 
+/// The driving risks, also where an earlier scene has made the results out of date.
+void ShowDrivingRisks(FerryStage& stage) {
+    stage.desktop.answers = {MessageAnswer::Yes};
+    stage.addin.LaunchShow();
+    stage.desktop.answers.clear();
+}
+
 void ShowProgress(FerryStage& stage) {
     ui::frmProgress progress;
     progress.SetProgressRange(100, "Calculating the sensitivity of factor 9 of 15");
@@ -82,7 +89,7 @@ const std::vector<Scene>& Scenes() {
         {"assign", L"Assign Risk Factors", Assign("1", kTask), {}},
         {"assign-summary", L"Assign Risk Factors", Assign("1", kSummary), {}},
         {"assign-lists", L"Assign Risk Factors", Assign("2", kTask), {}},
-        {"driving-risks", L"Driving Risks", [](auto& stage) { stage.addin.LaunchShow(); }, {}},
+        {"driving-risks", L"Driving Risks", ShowDrivingRisks, {}},
         {"command",
          L"Risk Factors",
          [](auto& stage) { RunCommand(stage.addin.Globals(), stage.runner, {}, ""); },
@@ -107,10 +114,10 @@ const std::vector<Scene>& Scenes() {
          {}},
         {"driving-risks-empty",
          L"Driving Risks",
-         [](auto& stage) { WithRegister(stage, 0, [&] { stage.addin.LaunchShow(); }); },
+         [](auto& stage) { WithRegister(stage, 0, [&] { ShowDrivingRisks(stage); }); },
          {}},
         {"driving-risks-long", L"Driving Risks",
-         [](auto& stage) { WithRegister(stage, 40, [&] { stage.addin.LaunchShow(); }); },
+         [](auto& stage) { WithRegister(stage, 40, [&] { ShowDrivingRisks(stage); }); },
          [](WindowUser& user) { user.Press(VK_MENU, 'O'); }},
     };
     return scenes;
