@@ -48,8 +48,9 @@ class Meter : public AnalysisWatcher {
     explicit Meter(const AddInConnection* connection) : connection_(connection) {}
     bool AfterIteration(std::int32_t number, std::span<const std::int32_t>,
                         const AnalysisResults&) override {
-        (number == 1 ? first_ : last_) = {std::chrono::steady_clock::now(),
-                                          connection_ ? connection_->HostCalls() : 0};
+        Reading& reading = number == 1 ? first_ : last_;
+        reading.time = std::chrono::steady_clock::now();
+        reading.calls = connection_ ? connection_->HostCalls() : 0;
         measured_ = number - 1;
         return true;
     }
