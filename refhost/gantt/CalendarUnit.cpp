@@ -107,6 +107,8 @@ std::string UnitText(UnitName name, Minute start) {
             return weekDay() + " " + day + " " + monthName + " " + yearText;
         case UnitName::Month:
             return monthName.substr(0, 3);
+        case UnitName::ShortMonthYear:
+            return monthName.substr(0, 3) + " " + yearText;
         case UnitName::MonthYear:
             return monthName + " " + yearText;
         case UnitName::Quarter:

@@ -17,17 +17,18 @@ Minute NextUnit(CalendarUnit unit, Minute date);
 
 /// How a unit is named.
 enum class UnitName {
-    HourOfDay,    ///< "08"
-    DayOfMonth,   ///< "9"; of a week its Monday's
-    WeekDay,      ///< "Mon 9"
-    DayAndMonth,  ///< "9 Feb"
-    FullDate,     ///< "9 February 2026"
-    WeekDayDate,  ///< "Monday 9 February 2026"
-    Month,        ///< "Feb"
-    MonthYear,    ///< "February 2026"
-    Quarter,      ///< "Q1"
-    Year,         ///< "2026"
-    Decade,       ///< "2020s"
+    HourOfDay,       ///< "08"
+    DayOfMonth,      ///< "9"; of a week its Monday's
+    WeekDay,         ///< "Mon 9"
+    DayAndMonth,     ///< "9 Feb"
+    FullDate,        ///< "9 February 2026"
+    WeekDayDate,     ///< "Monday 9 February 2026"
+    Month,           ///< "Feb"
+    ShortMonthYear,  ///< "Feb 2026"
+    MonthYear,       ///< "February 2026"
+    Quarter,         ///< "Q1"
+    Year,            ///< "2026"
+    Decade,          ///< "2020s"
 };
 
 /// The name of the unit that starts at the date.

@@ -39,7 +39,7 @@ class TaskTable {
  private:
     static std::size_t Index(TaskColumn column) { return static_cast<std::size_t>(column); }
 
-    std::array<int, kColumns> widths_{52, 270, 64, 118, 118, 96, 96};
+    std::array<int, kColumns> widths_{46, 244, 64, 116, 116, 88, 92};
 };
 
 }  // namespace refhost

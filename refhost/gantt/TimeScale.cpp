@@ -28,6 +28,7 @@ constexpr ZoomLevel kZoomLevels[] = {
     {0.6, {Unit::Year, Name::Year}, {Unit::Quarter, Name::Quarter}},
     {1.1, {Unit::Year, Name::Year}, {Unit::Month, Name::Month}},
     {2, {Unit::Year, Name::Year}, {Unit::Month, Name::Month}},
+    {2.8, {Unit::Month, Name::ShortMonthYear}, {Unit::Week, Name::DayOfMonth}},
     {4, {Unit::Month, Name::MonthYear}, {Unit::Week, Name::DayOfMonth}},
     {8, {Unit::Month, Name::MonthYear}, {Unit::Week, Name::DayAndMonth}},
     {18, {Unit::Month, Name::MonthYear}, {Unit::Day, Name::DayOfMonth}},

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "assignment/AssignmentTest.h"
 #include "ui/controls/SelectionListView.h"
 
@@ -181,25 +179,6 @@ TEST_F(AdvancedAssignmentTest, ALongListFollowsItsSelection) {
         user.Click("cmdNext");
     });
     EXPECT_EQ(Field(task), "(49)");
-}
-
-/// Each access key leads to one control, whatever the dialog.
-TEST_F(AdvancedAssignmentTest, AccessKeysAreUnique) {
-    AddTask("1");
-    const auto check = [](User& user) {
-        std::string keys;
-        for (const Control* control : user.TheForm().Controls())
-            if (control->Mnemonic() != 0) keys += static_cast<char>(control->Mnemonic());
-        std::sort(keys.begin(), keys.end());
-        EXPECT_EQ(std::adjacent_find(keys.begin(), keys.end()), keys.end()) << keys;
-        EXPECT_FALSE(keys.empty());
-    };
-    for (const char* view : {"1", "2"}) {
-        Option("AssignView", view);
-        Assign(check);
-    }
-    addin.LaunchOptions();
-    EXPECT_EQ(runner.shown, 3);
 }
 
 }  // namespace

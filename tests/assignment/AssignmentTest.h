@@ -1,46 +1,19 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <string>
-
-#include "host/clsKestrelDll.h"
-#include "store/RegisterDocument.h"
-#include "support/FakeDesktop.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedRunner.h"
+#include "support/AddInTest.h"
 #include "ui/controls/Colour.h"
 
 namespace kestrel::test {
 
 /// The assignment windows, opened through the "assign" command on a plan with factors F1, F2, F3.
-class AssignmentTest : public testing::Test {
+class AssignmentTest : public AddInTest {
  protected:
-    using Script = std::function<void(User&)>;
     using TaskPtr = std::shared_ptr<FakeTask>;
 
-    AssignmentTest() : addin([this] { return host.application; }, desktop, runner) {
+    AssignmentTest() {
         Option("OptionSetting", "3");
         StoreFactors(3);
         host.plan->currentRow = 1;
-    }
-
-    void Option(const std::string& key, const std::string& value) {
-        host.application->settings[{"RiskFactors", "RiskFactors", key}] = value;
-    }
-    std::string Stored(const std::string& key) {
-        return host.application->settings[{"RiskFactors", "RiskFactors", key}];
-    }
-
-    void StoreFactors(int count) {
-        modGlobals globals(desktop);
-        for (int i = 1; i <= count; ++i) {
-            globals.RiskFactors.push_back(std::make_shared<clsRiskFactor>());
-            globals.RiskFactors.back()->strDescription = "F" + std::to_string(i);
-        }
-        SaveRegisterToPlan(globals, *host.plan);
     }
 
     void Assign(const Script& script) {
@@ -64,11 +37,6 @@ class AssignmentTest : public testing::Test {
     static std::string Caption(User& user) {
         return user.Get<Control>("lblSelectedTask").Caption();
     }
-
-    FakeHost host;
-    FakeDesktop desktop;
-    ScriptedRunner runner;
-    clsKestrelDll addin;
 };
 
 inline constexpr const char* kApplyToSubTasks =

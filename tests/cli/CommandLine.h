@@ -1,13 +1,12 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <sys/wait.h>
-#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
+
+#include "platform/Files.h"
+#include "support/TemporaryFolder.h"
 
 namespace refhost::test {
 
@@ -21,45 +20,30 @@ struct RunResult {
 /// A folder of its own for each test, with the program to run in it.
 class Workplace {
  public:
-    Workplace()
-        : folder_(std::filesystem::temp_directory_path() /
-                  ("kestrel-test-" + std::to_string(::getpid()))) {
-        std::filesystem::remove_all(folder_);
-        std::filesystem::create_directories(folder_);
-    }
-    ~Workplace() { std::filesystem::remove_all(folder_); }
-
-    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-    bool Exists(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
-    std::size_t FileCount() const {
-        return static_cast<std::size_t>(
-            std::distance(std::filesystem::directory_iterator(folder_), {}));
-    }
+    std::string Path(const std::string& name) const { return folder_ / name; }
+    bool Exists(const std::string& name) const { return std::filesystem::exists(Path(name)); }
+    std::size_t FileCount() const { return folder_.EntryCount(); }
     void Write(const std::string& name, const std::string& text) const {
-        std::ofstream(folder_ / name, std::ios::binary) << text;
+        kestrel::ReplaceWholeFile(Path(name), text);
     }
-    std::string Read(const std::string& name) const {
-        std::ifstream file(folder_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string Read(const std::string& name) const { return kestrel::ReadWholeFile(Path(name)); }
 
     /// Runs `kestrel` in the folder, words as a shell takes them, settings of its own.
     RunResult Run(const std::string& words) const {
-        const std::string command = "cd '" + folder_.string() + "' && XDG_CONFIG_HOME='" +
-                                    folder_.string() + "' '" KESTREL_BINARY "' " + words +
-                                    " </dev/null >.out 2>.err";
+        const std::string command = "cd '" + Path("") + "' && XDG_CONFIG_HOME='" + Path("") +
+                                    "' '" KESTREL_BINARY "' " + words + " </dev/null >.out 2>.err";
         const int status = std::system(command.c_str());
         RunResult result;
         result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
         result.output = Read(".out");
         result.errors = Read(".err");
-        std::filesystem::remove(folder_ / ".out");
-        std::filesystem::remove(folder_ / ".err");
+        std::filesystem::remove(Path(".out"));
+        std::filesystem::remove(Path(".err"));
         return result;
     }
 
  private:
-    std::filesystem::path folder_;
+    kestrel::test::TemporaryFolder folder_;
 };
 
 inline const std::string kExample = KESTREL_SOURCE_DIR "/examples/ferry-terminal.kplan";

@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
-#include "host/clsKestrelDll.h"
-#include "support/FakeDesktop.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedRunner.h"
+#include "support/AddInTest.h"
 #include "ui/command_select/frmCommandSelect.h"
 
 namespace kestrel::test {
@@ -16,9 +11,9 @@ constexpr const char* kRegister =
     "<MostLikely>100</MostLikely><Maximum>110</Maximum><Probability>50</Probability></RiskFactor>"
     "</RiskFactors>";
 
-class CommandTest : public testing::Test {
+class CommandTest : public AddInTest {
  protected:
-    CommandTest() : addin([this] { return host.application; }, desktop, runner), globals(desktop) {
+    CommandTest() : globals(desktop) {
         globals.application = host.application;
         Option("OptionSetting", "3");
         const auto note = [this](const char* name) {
@@ -29,15 +24,8 @@ class CommandTest : public testing::Test {
         windows.drivingRisks = note("driving ");
         windows.options = note("options ");
     }
-    void Option(const std::string& key, const std::string& value) {
-        host.application->settings[{"RiskFactors", "RiskFactors", key}] = value;
-    }
     void Run(const std::string& word) { RunCommand(globals, runner, windows, word); }
 
-    FakeHost host;
-    FakeDesktop desktop;
-    ScriptedRunner runner;
-    clsKestrelDll addin;
     modGlobals globals;
     CommandWindows windows;
     std::string opened;

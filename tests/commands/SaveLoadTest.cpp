@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-#include <filesystem>
-
 #include "store/RegisterDocument.h"
 #include "store/SaveLoadCommands.h"
 #include "support/FakeDesktop.h"
 #include "support/FakeHost.h"
+#include "support/TemporaryFolder.h"
 
 namespace kestrel::test {
 namespace {
@@ -17,12 +15,7 @@ constexpr const char* kOverwrite =
 
 class SaveLoadTest : public testing::Test {
  protected:
-    SaveLoadTest() : globals(desktop) {
-        globals.application = host.application;
-        path = std::filesystem::temp_directory_path() /
-               ("kestrel-save-" + std::to_string(::getpid()) + ".xml");
-    }
-    ~SaveLoadTest() override { std::filesystem::remove(path); }
+    SaveLoadTest() { globals.application = host.application; }
 
     void StoreFactors(int count) {
         for (int i = 0; i < count; ++i)
@@ -44,8 +37,9 @@ class SaveLoadTest : public testing::Test {
 
     FakeHost host;
     FakeDesktop desktop;
-    modGlobals globals;
-    std::string path;
+    modGlobals globals{desktop};
+    TemporaryFolder folder;
+    std::string path = folder / "all.xml";
 };
 
 TEST_F(SaveLoadTest, WritesOneTaskElementForEachTaskWithAssignments) {

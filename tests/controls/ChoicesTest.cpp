@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "ui/controls/ComboBox.h"
-#include "ui/controls/ListView.h"
 #include "ui/controls/OptionButton.h"
 #include "ui/controls/ProgressBar.h"
 #include "ui/controls/SpinButton.h"
@@ -61,16 +60,6 @@ TEST(SpinButtonTest, KeysAndHalvesSpin) {
     spin.MouseDown(upper);
     spin.MouseDown(lower);
     EXPECT_EQ(value, -8);
-}
-
-TEST(ListViewTest, LinesCountFromOne) {
-    ListView list("list");
-    list.Add("one");
-    list.SetColour(1, kGrey);
-    EXPECT_EQ(list.At(1).text, "one");
-    EXPECT_EQ(list.At(1).colour, kGrey);
-    EXPECT_THROW(list.SetText(2, ""), std::out_of_range);
-    EXPECT_THROW(list.SetText(0, ""), std::out_of_range);
 }
 
 TEST(ProgressBarTest, PositionStaysInRange) {

@@ -118,18 +118,6 @@ TEST(FormTest, LayoutGrowsControlsByTheirAnchorsAndNeverShrinksThem) {
     EXPECT_EQ(form.grid.Bounds(), (Rect{0, 60, 200, 20}));
 }
 
-TEST(FormTest, AClickReachesTheControlUnderIt) {
-    SampleForm form;
-    form.Open();
-    User user(form);
-    user.Click("second");
-    EXPECT_TRUE(form.second.Selected());
-    user.Click("label");
-    EXPECT_EQ(form.Focus(), &form.second) << "a label takes no keyboard";
-    user.Click("ok");
-    EXPECT_EQ(form.oks, 1);
-}
-
 TEST(FormTest, TextIsEditedByWholeCharacters) {
     SampleForm form;
     form.Open();

@@ -245,6 +245,20 @@ TEST(GridTest, ADoubleClickEditsTheCellAsF2Does) {
     EXPECT_FALSE(form.grid.IsEditing()) << "a locked cell";
 }
 
+TEST(GridTest, KeysFindTheirWayIntoAGridWithoutACurrentCell) {
+    GridForm form(0);
+    User user(form);
+    user.Press(Key::Down);
+    EXPECT_EQ(form.grid.CurrentRow(), -1) << "there is no cell";
+    form.grid.AddRow();
+    user.Press(Key::F2);
+    user.Type("x");
+    EXPECT_EQ(form.grid.CurrentRow(), -1);
+    user.Press(Key::PageDown);
+    EXPECT_EQ(form.grid.CurrentRow(), 1);
+    EXPECT_EQ(form.grid.SelectedRows(), std::vector<int>{1});
+}
+
 TEST(GridTest, TypingBringsTheCellBackIntoSight) {
     GridForm form(100);
     User user(form);

@@ -1,17 +1,10 @@
-#include <gtest/gtest.h>
+#include "ui/driving_risks/frmTornado.h"
 
-#include <functional>
-#include <memory>
-#include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
-#include "host/clsKestrelDll.h"
-#include "store/RegisterDocument.h"
-#include "support/FakeDesktop.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedRunner.h"
-#include "ui/driving_risks/frmTornado.h"
+#include "support/AddInTest.h"
 
 namespace kestrel::test {
 namespace {
@@ -19,22 +12,15 @@ namespace {
 using ui::frmTornado;
 
 /// The window, opened through the "show" command on a plan in memory.
-class DrivingRisksTest : public testing::Test {
+class DrivingRisksTest : public AddInTest {
  protected:
     using Sensitivities = std::vector<std::pair<double, double>>;  // duration and cost
 
-    DrivingRisksTest() : addin([this] { return host.application; }, desktop, runner) {}
-
-    void StoreFactors(const Sensitivities& factors) {
-        modGlobals globals(desktop);
-        for (std::size_t i = 0; i < factors.size(); ++i) {
-            auto factor = std::make_shared<clsRiskFactor>();
-            factor->strDescription = "F" + std::to_string(i + 1);
-            factor->dblDurSens = factors[i].first;
-            factor->m_dCostSens = factors[i].second;
-            globals.RiskFactors.push_back(factor);
-        }
-        SaveRegisterToPlan(globals, *host.plan);
+    void StoreSensitivities(const Sensitivities& factors) {
+        StoreFactors(static_cast<int>(factors.size()), [&](int i, clsRiskFactor& factor) {
+            std::tie(factor.dblDurSens, factor.m_dCostSens) =
+                factors[static_cast<std::size_t>(i - 1)];
+        });
     }
     void StoreTopRisks(const std::string& value) {
         host.application->settings[{"RiskFactors", "Options", "ShowTopRisks"}] = value;
@@ -61,11 +47,6 @@ class DrivingRisksTest : public testing::Test {
     static double AxisNumber(const ui::ChartAxis& axis, const char* name) {
         return axis.attributes.Number(name);
     }
-
-    FakeHost host;
-    FakeDesktop desktop;
-    ScriptedRunner runner;
-    clsKestrelDll addin;
 };
 
 TEST_F(DrivingRisksTest, TheNumberShownStaysWithinTheRegister) {
@@ -88,7 +69,7 @@ TEST_F(DrivingRisksTest, TheNumberShownStaysWithinTheRegister) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        StoreFactors(Sensitivities(static_cast<std::size_t>(row.factors), {0.5, 0.5}));
+        StoreSensitivities(Sensitivities(static_cast<std::size_t>(row.factors), {0.5, 0.5}));
         host.application->settings.clear();
         if (row.stored) StoreTopRisks(row.stored);
         bool opened = false;
@@ -109,7 +90,7 @@ TEST_F(DrivingRisksTest, TheNumberShownStaysWithinTheRegister) {
 }
 
 TEST_F(DrivingRisksTest, EachMeasureRanksByItsOwnSquare) {
-    StoreFactors({{0.5, -0.25}, {-0.8, 0.125}, {100, 100}, {0.5, 1}});
+    StoreSensitivities({{0.5, -0.25}, {-0.8, 0.125}, {100, 100}, {0.5, 1}});
     Show([&](User& user, frmTornado& form) {
         const ui::Chart& chart = form.plotDur;
         EXPECT_TRUE(form.OptionDuration.Selected());
@@ -136,7 +117,7 @@ TEST_F(DrivingRisksTest, EachMeasureRanksByItsOwnSquare) {
 }
 
 TEST_F(DrivingRisksTest, TheClipboardGetsTheVisibleColumnsOfTheChosenMeasure) {
-    StoreFactors({{0.5, 0.99344}, {-0.8, 0}});
+    StoreSensitivities({{0.5, 0.99344}, {-0.8, 0}});
     StoreTopRisks("1");
     Show([&](User& user, frmTornado&) {
         user.Click("cmdCopyToClip");
@@ -149,29 +130,6 @@ TEST_F(DrivingRisksTest, TheClipboardGetsTheVisibleColumnsOfTheChosenMeasure) {
                   "ID\tDescription\tImportance\t\r\n"
                   "1\tF1\t99.34%\t\r\n2\tF2\t0.00%\t\r\n");
     });
-}
-
-TEST_F(DrivingRisksTest, HelpAndClose) {
-    Show([&](User& user, frmTornado& form) {
-        user.Click("cmdHelp");
-        desktop.helpFails = true;
-        user.Click("cmdHelp");
-        EXPECT_EQ(desktop.messages.size(), 1u);
-        user.Press(Key::Escape);
-        EXPECT_FALSE(form.IsOpen());
-    });
-    ASSERT_EQ(desktop.helpTopics.size(), 1u);
-    EXPECT_EQ(desktop.helpTopics[0],
-              "C:\\Host\\Help.chm::/Analysing_the_effect_of_Risk_Factors.html");
-}
-
-TEST_F(DrivingRisksTest, AnOutOfDateAnalysisIsShownOnlyWhenTheUserWants) {
-    host.plan->upToDate = false;
-    desktop.answers = {MessageAnswer::No, MessageAnswer::Yes};
-    addin.LaunchShow();
-    EXPECT_EQ(runner.shown, 0);
-    addin.LaunchShow();
-    EXPECT_EQ(runner.shown, 1);
 }
 
 }  // namespace

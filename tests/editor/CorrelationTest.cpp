@@ -118,56 +118,52 @@ TEST_F(EditorTest, RowsMarkedByMouseAreAllDeleted) {
     EXPECT_EQ(task->texts["RiskFactors"], "(1,2,3)");
 }
 
-TEST_F(EditorTest, RowsMarkedByMouseAreForgottenWhenAKeySelectsAnother) {
-    StoreFactors(4);
-    MouseEvent shift;
-    shift.shift = true;
-    Edit([&](User& user) {
-        user.ClickCell("Tabulon1", 1, 0);
-        user.ClickCell("Tabulon1", 3, 0, shift);
-        user.Press(Key::Down);
-        desktop.answers = {MessageAnswer::Yes};
-        user.Press(Key::Delete);
-        EXPECT_EQ(Column(0), "F1 F2 F3  ");
-    });
-}
-
-TEST_F(EditorTest, RowsSelectedByKeysAreDeletedInOneWalkThatSkipsTheNextRow) {
-    StoreFactors(4);
-    Edit([&](User& user) {
-        user.ClickCell("Tabulon1", 1, 0);
-        user.Press(Key::PageDown, true);
-        EXPECT_EQ(grid->SelectedRows().size(), 5u);
-        desktop.answers = {MessageAnswer::Yes};
-        user.Press(Key::Delete);
-        EXPECT_EQ(Column(0), "F2 F4  ");
-        EXPECT_EQ(Column(Grid::kRowHeader), "1. 2. 3. ");
-    });
-    EXPECT_EQ(desktop.messages.back().text, "Cannot Delete Selected Risk as Row Empty");
-}
-
-TEST_F(EditorTest, AFactorStillBeingTypedIsDeletedAsOne) {
-    StoreFactors(2, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 2 ? 1 : 0; });
-    Edit([&](User& user) {
-        TypeInto(user, 3, 0, "Frost");
-        desktop.answers = {MessageAnswer::Yes};
-        user.Click("cmdDeleteRisk");
-        EXPECT_EQ(Column(0), "F1 F2  ");
-        EXPECT_FALSE(grid->Editable(2, kLike)) << "the last factor keeps its lock";
-        EXPECT_FALSE(grid->Editable(1, kCorr));
-    });
-}
-
-TEST_F(EditorTest, ABlankRowStopsTheDeletion) {
-    StoreFactors(1);
-    Edit([&](User& user) {
-        user.ClickCell("Tabulon1", 2, 0);
-        desktop.answers = {MessageAnswer::Yes};
-        user.Click("cmdDeleteRisk");
-        EXPECT_EQ(desktop.messages.back().text, "Cannot Delete Selected Risk as Row Empty");
-        EXPECT_EQ(Column(0), "F1  ");
-        EXPECT_EQ(user.TheForm().Focus(), grid);
-    });
+TEST_F(EditorTest, DeletionTakesWhatIsSelectedAndStopsAtABlankRow) {
+    const struct {
+        const char* what;
+        int factors;
+        Script select;
+        bool byKey;
+        const char* left;
+        bool toldOfBlank;
+    } cases[] = {
+        {"rows marked by mouse are forgotten when a key selects another", 4,
+         [](User& user) {
+             user.ClickCell("Tabulon1", 1, 0);
+             user.ClickCell("Tabulon1", 3, 0, {.shift = true});
+             user.Press(Key::Down);
+         },
+         true, "F1 F2 F3  ", false},
+        {"rows selected by keys go in one walk that skips the next row", 4,
+         [](User& user) {
+             user.ClickCell("Tabulon1", 1, 0);
+             user.Press(Key::PageDown, true);
+         },
+         true, "F2 F4  ", true},
+        {"a factor still being typed is deleted as one", 2,
+         [this](User& user) { TypeInto(user, 3, 0, "Frost"); }, false, "F1 F2  ", false},
+        {"a blank row", 1, [](User& user) { user.ClickCell("Tabulon1", 2, 0); }, false, "F1  ",
+         true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        StoreFactors(c.factors, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 2 ? 1 : 0; });
+        desktop.messages.clear();
+        Edit([&](User& user) {
+            c.select(user);
+            desktop.answers = {MessageAnswer::Yes};
+            if (c.byKey)
+                user.Press(Key::Delete);
+            else
+                user.Click("cmdDeleteRisk");
+            EXPECT_EQ(Column(0), c.left);
+            EXPECT_EQ(user.TheForm().Focus() == grid, c.byKey || c.toldOfBlank);
+            EXPECT_EQ(grid->Editable(1, kCorr), std::string(c.left).substr(0, 5) != "F1 F2")
+                << "factor 2 keeps its lock";
+        });
+        EXPECT_EQ(desktop.messages.back().text == "Cannot Delete Selected Risk as Row Empty",
+                  c.toldOfBlank);
+    }
 }
 
 }  // namespace

@@ -1,50 +1,16 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-#include <filesystem>
-#include <functional>
-#include <string>
-
-#include "host/clsKestrelDll.h"
 #include "store/GridRegister.h"
-#include "store/RegisterDocument.h"
-#include "support/FakeDesktop.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedRunner.h"
+#include "support/AddInTest.h"
+#include "support/TemporaryFolder.h"
 #include "ui/editor/frmEditRiskFactors.h"
 
 namespace kestrel::test {
 
 /// The editor, opened through the "edit" command on a plan in memory.
-class EditorTest : public testing::Test {
+class EditorTest : public AddInTest {
  protected:
-    using Script = std::function<void(User&)>;
-
-    EditorTest() : addin([this] { return host.application; }, desktop, runner) {
-        Option("OptionSetting", "3");
-        folder = std::filesystem::temp_directory_path() /
-                 ("kestrel-editor-" + std::to_string(::getpid()));
-        std::filesystem::create_directories(folder);
-    }
-    ~EditorTest() override { std::filesystem::remove_all(folder); }
-
-    void Option(const std::string& key, const std::string& value) {
-        host.application->settings[{"RiskFactors", "RiskFactors", key}] = value;
-    }
-
-    /// Stores `count` factors named F1, F2, ... in the plan. `change` sees each of them.
-    void StoreFactors(int count, const std::function<void(int, clsRiskFactor&)>& change = {}) {
-        modGlobals globals(desktop);
-        for (int i = 1; i <= count; ++i) {
-            auto factor = std::make_shared<clsRiskFactor>();
-            factor->strDescription = "F" + std::to_string(i);
-            if (change) change(i, *factor);
-            globals.RiskFactors.push_back(factor);
-        }
-        SaveRegisterToPlan(globals, *host.plan);
-    }
+    EditorTest() { Option("OptionSetting", "3"); }
 
     void Edit(const Script& script) {
         runner.script = [&](User& user) {
@@ -76,11 +42,7 @@ class EditorTest : public testing::Test {
         return path;
     }
 
-    FakeHost host;
-    FakeDesktop desktop;
-    ScriptedRunner runner;
-    clsKestrelDll addin;
-    std::filesystem::path folder;
+    TemporaryFolder folder;
     Grid* grid = nullptr;  ///< while a script runs
 };
 

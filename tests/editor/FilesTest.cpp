@@ -60,18 +60,14 @@ TEST_F(EditorTest, OpenDialogsStartWhereThePlansAre) {
     EXPECT_EQ(desktop.openDialogs[1].filters[0].second, "*.xml");
     EXPECT_EQ(desktop.openDialogs[1].initialFolder, "C:\\Host\\Samples\\");
     EXPECT_EQ(desktop.openDialogs[2].initialFolder, "D:\\Plans");
-}
 
-TEST_F(EditorTest, AFileChosenForAMissingDefaultBecomesTheDefault) {
     Option("OptionSetting", "1");
     Option("FileLocation", "/nowhere.xml");
     const std::string path = File("other.xml", kTwoFactors);
     desktop.chosenFiles = {path};
-    desktop.registry[{"Software\\Schedulon Software\\Schedulon8x\\Options", "PlanPath"}] = {
-        1, std::string("D:\\Plans\0", 9)};
     Edit([](User&) {});
-    EXPECT_EQ(desktop.openDialogs[0].initialFolder, "C:\\Host\\Samples\\");
-    EXPECT_EQ((host.application->settings[{"RiskFactors", "RiskFactors", "FileLocation"}]), path);
+    EXPECT_EQ(desktop.openDialogs[3].initialFolder, "C:\\Host\\Samples\\");
+    EXPECT_EQ(Stored("FileLocation"), path) << "chosen for a missing default, it becomes that";
 }
 
 TEST_F(EditorTest, AFileThatIsRefusedLeavesTheGridAsItWas) {

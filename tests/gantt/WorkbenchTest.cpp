@@ -108,7 +108,9 @@ class WorkbenchTest : public testing::Test {
         bench.Sync();
     }
 
-    const std::string folder = testing::TempDir() + "kestrel_workbench";
+    /// Of its own: tests run side by side.
+    const std::string folder = testing::TempDir() + "kestrel_" +
+                               testing::UnitTest::GetInstance()->current_test_info()->name();
     kestrel::test::FakeDesktop desktop;
     kestrel::test::ScriptedRunner runner;
     MemorySettings settings;

@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <map>
 
-#include "host/clsKestrelDll.h"
-#include "support/FakeDesktop.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedRunner.h"
+#include "support/AddInTest.h"
 #include "ui/controls/CheckBox.h"
 #include "ui/controls/OptionButton.h"
 #include "ui/controls/TextBox.h"
@@ -14,20 +9,10 @@ namespace kestrel::test {
 namespace {
 
 /// The options dialog, opened through the "options" command.
-class OptionsTest : public testing::Test {
+class OptionsTest : public AddInTest {
  protected:
-    OptionsTest() : addin([this] { return host.application; }, desktop, runner) {}
-
-    void Store(const std::string& key, const std::string& value) {
-        host.application->settings[{"RiskFactors", "RiskFactors", key}] = value;
-    }
-    /// Empty when nothing is stored.
-    std::string Stored(const std::string& key) {
-        const auto found = host.application->settings.find({"RiskFactors", "RiskFactors", key});
-        return found == host.application->settings.end() ? "" : found->second;
-    }
     /// All options, in the order in which OK stores them.
-    std::string Stored() {
+    std::string AllStored() const {
         return Stored("FileLocation") + " " + Stored("OptionSetting") + " " +
                Stored("CalculationOption") + " " + Stored("ShowIterations");
     }
@@ -46,11 +31,6 @@ class OptionsTest : public testing::Test {
             if (user.Get<ui::OptionButton>(name).Selected()) names += sign;
         return names;
     }
-
-    FakeHost host;
-    FakeDesktop desktop;
-    ScriptedRunner runner;
-    clsKestrelDll addin;
 };
 
 TEST_F(OptionsTest, ShowsWhatIsStoredAndOkStoresNoChoiceThatWasNotMade) {
@@ -70,9 +50,9 @@ TEST_F(OptionsTest, ShowsWhatIsStoredAndOkStoresNoChoiceThatWasNotMade) {
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.option << "," << c.calculation);
         host.application->settings.clear();
-        if (*c.option) Store("OptionSetting", c.option);
-        if (*c.calculation) Store("CalculationOption", c.calculation);
-        if (*c.iterations) Store("ShowIterations", c.iterations);
+        if (*c.option) Option("OptionSetting", c.option);
+        if (*c.calculation) Option("CalculationOption", c.calculation);
+        if (*c.iterations) Option("ShowIterations", c.iterations);
         Open([&](User& user) {
             std::string selected = Selected(user);
             std::sort(selected.begin(), selected.end());
@@ -86,13 +66,13 @@ TEST_F(OptionsTest, ShowsWhatIsStoredAndOkStoresNoChoiceThatWasNotMade) {
             user.Click("cmdOk");
             EXPECT_FALSE(user.TheForm().IsOpen());
         });
-        EXPECT_EQ(Stored(), c.storedByOk);
+        EXPECT_EQ(AllStored(), c.storedByOk);
     }
 }
 
 TEST_F(OptionsTest, AnEmptyGridStillKeepsTheFileThatWasTyped) {
-    Store("OptionSetting", "1");
-    Store("FileLocation", "D:\\a");
+    Option("OptionSetting", "1");
+    Option("FileLocation", "D:\\a");
     Open([](User& user) {
         user.Click("txtFileName");
         user.Type("b.xml");
@@ -103,7 +83,7 @@ TEST_F(OptionsTest, AnEmptyGridStillKeepsTheFileThatWasTyped) {
         user.Click("OptionButton3");
         user.Press(Key::Enter);
     });
-    EXPECT_EQ(Stored(), "D:\\ab.xml 3 2 TRUE");
+    EXPECT_EQ(AllStored(), "D:\\ab.xml 3 2 TRUE");
 }
 
 TEST_F(OptionsTest, CancelAndEscStoreNothing) {
@@ -123,8 +103,8 @@ TEST_F(OptionsTest, CancelAndEscStoreNothing) {
 }
 
 TEST_F(OptionsTest, BrowsingStartsInTheSamplesAndCancellingKeepsTheFile) {
-    Store("OptionSetting", "1");
-    Store("FileLocation", "old.xml");
+    Option("OptionSetting", "1");
+    Option("FileLocation", "old.xml");
     Open([&](User& user) {
         user.Click("cmdBrowse");
         EXPECT_EQ(user.Get<ui::TextBox>("txtFileName").Text(), "old.xml");
@@ -146,15 +126,10 @@ TEST_F(OptionsTest, BrowsingStartsInTheSamplesAndCancellingKeepsTheFile) {
 
 TEST_F(OptionsTest, FailuresKeepTheDialogOrNeverOpenIt) {
     Open([&](User& user) {
-        desktop.helpFails = true;
-        user.Click("cmdHelp");
         host.log.failing = {"Application.SaveSetting"};
         user.Click("cmdOk");
         EXPECT_TRUE(user.TheForm().IsOpen());
     });
-    EXPECT_EQ(desktop.MessageText(),
-              "There was a problem opening the Risk Factors on-line help.\r\n"
-              "Please contact Support for assistance.");
     host.log.failing = {"Application.GetSetting"};
     addin.LaunchOptions();
     EXPECT_EQ(runner.shown, 1);

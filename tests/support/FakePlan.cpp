@@ -1,15 +1,62 @@
-#include "support/FakeHost.h"
+#include "support/FakePlan.h"
 
 namespace kestrel::test {
 namespace {
 
-class FakeTasks : public host::TaskCollection {
+/// What a plan hands out: objects that show it and hold nothing themselves.
+template <class Interface>
+class PartOf : public Interface {
  public:
-    explicit FakeTasks(FakePlan& plan) : plan_(plan) {}
+    explicit PartOf(FakePlan& plan) : plan_(plan) {}
 
+ protected:
+    FakePlan& plan_;
+};
+
+/// Notes the call that hands the part out, too.
+template <class Part>
+std::shared_ptr<Part> Shown(FakePlan& plan, const char* member) {
+    plan.log.Note(member);
+    return std::make_shared<Part>(plan);
+}
+
+/// The element at a position from 1, or nothing.
+template <typename Element>
+std::shared_ptr<Element> AtPosition(const std::vector<std::shared_ptr<Element>>& all,
+                                    std::int32_t position) {
+    const auto index = static_cast<std::size_t>(position) - 1;
+    return position >= 1 && index < all.size() ? all[index] : nullptr;
+}
+
+class FakeMembers : public PartOf<host::MemberCollection> {
+ public:
+    FakeMembers(FakePlan& plan, FakeGroup& group) : PartOf(plan), group_(group) {}
+
+    host::MemberPtr Item(const std::string& name) override {
+        return plan_.log.Noted("MemberCollection.Item", group_).Find(name);
+    }
+    host::MemberPtr Item(std::int32_t position) override {
+        return AtPosition(plan_.log.Noted("MemberCollection.Item", group_).members, position);
+    }
+    host::MemberPtr Add(const std::string& name) override {
+        return plan_.log.Noted("MemberCollection.Add", group_)
+            .members.emplace_back(std::make_shared<FakeMember>(plan_, name));
+    }
+    std::vector<host::MemberPtr> Enumerate() override {
+        plan_.log.Note("MemberCollection.Enumerate");
+        return {group_.members.begin(), group_.members.end()};
+    }
+
+ private:
+    FakeGroup& group_;
+};
+
+class FakeTasks : public PartOf<host::TaskCollection> {
+ public:
+    using PartOf::PartOf;
     std::int32_t Count() override {
-        plan_.log.Note("TaskCollection.Count");
-        return static_cast<std::int32_t>(plan_.tasks.size());
+        return static_cast<std::int32_t>(
+            plan_.log.Noted("TaskCollection.Count", plan_.tasks).size());
     }
     host::TaskPtr Item(std::int32_t position) override {
         plan_.log.Note("TaskCollection.Item");
@@ -17,8 +64,7 @@ class FakeTasks : public host::TaskCollection {
         throw HostError("there is no task at position " + std::to_string(position));
     }
     host::TaskPtr Item(const std::string& id) override {
-        plan_.log.Note("TaskCollection.Item");
-        for (const auto& task : plan_.tasks)
+        for (const auto& task : plan_.log.Noted("TaskCollection.Item", plan_.tasks))
             if (task->id == id) return task;
         return nullptr;
     }
@@ -26,32 +72,26 @@ class FakeTasks : public host::TaskCollection {
         plan_.log.Note("TaskCollection.Enumerate");
         return {plan_.tasks.begin(), plan_.tasks.end()};
     }
-
- private:
-    FakePlan& plan_;
 };
 
-class FakeSummaryTask : public host::SummaryTask {
+class FakeSummaryTask : public PartOf<host::SummaryTask> {
  public:
-    explicit FakeSummaryTask(FakePlan& plan) : plan_(plan) {}
-
-    host::Date Finish() override {
-        plan_.log.Note("SummaryTask.Finish");
-        return plan_.finish;
-    }
-    double Cost() override {
-        plan_.log.Note("SummaryTask.Cost");
-        return plan_.cost;
-    }
-
- private:
-    FakePlan& plan_;
+    using PartOf::PartOf;
+    host::Date Finish() override { return plan_.log.Noted("SummaryTask.Finish", plan_.finish); }
+    double Cost() override { return plan_.log.Noted("SummaryTask.Cost", plan_.cost); }
 };
 
-class FakeAnalysis : public host::RiskAnalysis, public host::AnalysisOptions {
+class FakeOptions : public PartOf<host::AnalysisOptions> {
  public:
-    explicit FakeAnalysis(FakePlan& plan) : plan_(plan) {}
+    using PartOf::PartOf;
+    bool RecalculateAll() override {
+        return plan_.log.Noted("AnalysisOptions.RecalculateAll", plan_.recalculatesAll);
+    }
+};
 
+class FakeAnalysis : public PartOf<host::RiskAnalysis> {
+ public:
+    using PartOf::PartOf;
     double NextRandom() override {
         plan_.log.Note("RiskAnalysis.NextRandom");
         if (plan_.randoms.empty()) throw HostError("no random number is left in the script");
@@ -60,63 +100,43 @@ class FakeAnalysis : public host::RiskAnalysis, public host::AnalysisOptions {
         return next;
     }
     bool IsUpToDate() override {
-        plan_.log.Note("RiskAnalysis.IsUpToDate");
-        return plan_.upToDate;
+        return plan_.log.Noted("RiskAnalysis.IsUpToDate", plan_.upToDate);
     }
     std::shared_ptr<host::AnalysisOptions> Options() override {
-        plan_.log.Note("RiskAnalysis.Options");
-        return std::make_shared<FakeAnalysis>(plan_);
+        return Shown<FakeOptions>(plan_, "RiskAnalysis.Options");
     }
-    bool RecalculateAll() override {
-        plan_.log.Note("AnalysisOptions.RecalculateAll");
-        return plan_.recalculatesAll;
-    }
-
- private:
-    FakePlan& plan_;
 };
 
-class FakeGroups : public host::GroupCollection {
+class FakeGroups : public PartOf<host::GroupCollection> {
  public:
-    explicit FakeGroups(FakePlan& plan) : plan_(plan) {}
-
+    using PartOf::PartOf;
     host::GroupPtr Item(const std::string& name) override {
-        plan_.log.Note("GroupCollection.Item");
-        return plan_.Find(name);
+        return plan_.log.Noted("GroupCollection.Item", plan_).Find(name);
     }
     host::GroupPtr Add(const std::string& name) override {
-        plan_.log.Note("GroupCollection.Add");
-        plan_.groups.push_back(std::make_shared<FakeGroup>(plan_, name));
-        return plan_.groups.back();
+        return plan_.log.Noted("GroupCollection.Add", plan_)
+            .groups.emplace_back(std::make_shared<FakeGroup>(plan_, name));
     }
     void Remove(const std::string& name) override {
         plan_.log.Note("GroupCollection.Remove");
-        if (!plan_.Find(name)) throw HostError("there is no group " + name);
-        std::erase_if(plan_.groups, [&](const auto& group) { return group->name == name; });
+        if (std::erase(plan_.groups, plan_.Find(name)) == 0)
+            throw HostError("there is no group " + name);
     }
-
- private:
-    FakePlan& plan_;
 };
 
 class FakeFieldDefinition : public host::UserFieldDefinition {
  public:
     FakeFieldDefinition(CallLog& log, std::string name) : log_(log), name_(std::move(name)) {}
-
-    std::string Name() override {
-        log_.Note("UserFieldDefinition.Name");
-        return name_;
-    }
+    std::string Name() override { return log_.Noted("UserFieldDefinition.Name", name_); }
 
  private:
     CallLog& log_;
     std::string name_;
 };
 
-class FakeFieldDefinitions : public host::UserFieldDefinitions {
+class FakeFieldDefinitions : public PartOf<host::UserFieldDefinitions> {
  public:
-    explicit FakeFieldDefinitions(FakePlan& plan) : plan_(plan) {}
-
+    using PartOf::PartOf;
     std::shared_ptr<host::UserFieldDefinition> Item(const std::string& name) override {
         plan_.log.Note("UserFieldDefinitions.Item");
         if (!plan_.userFields.contains(name)) return nullptr;
@@ -127,99 +147,58 @@ class FakeFieldDefinitions : public host::UserFieldDefinitions {
         if (!plan_.userFields.emplace(name, type).second)
             throw HostError("the field " + name + " is there already");
     }
-
- private:
-    FakePlan& plan_;
 };
 
-class FakeView : public host::View {
+class FakeView : public PartOf<host::View> {
  public:
-    explicit FakeView(FakePlan& plan) : plan_(plan) {}
-
-    std::string TypeName() override {
-        plan_.log.Note("View.TypeName");
-        return plan_.viewType;
-    }
+    using PartOf::PartOf;
+    std::string TypeName() override { return plan_.log.Noted("View.TypeName", plan_.viewType); }
     std::int32_t CurrentRow() override {
-        plan_.log.Note("View.CurrentRow");
-        return plan_.currentRow;
+        return plan_.log.Noted("View.CurrentRow", plan_.currentRow);
     }
     void PutCurrentRow(std::int32_t row) override {
-        plan_.log.Note("View.PutCurrentRow");
-        plan_.currentRow = row;
+        plan_.log.Noted("View.PutCurrentRow", plan_.currentRow) = row;
     }
-
- private:
-    FakePlan& plan_;
 };
 
 }  // namespace
 
-std::shared_ptr<FakeGroup> FakePlan::Find(const std::string& group) const {
-    return FindByName(groups, group);
+void FakeMember::PutValue(double newValue) { plan_.log.Noted("Member.PutValue", value) = newValue; }
+double FakeMember::SampledValue() { return plan_.log.Noted("Member.SampledValue", sampled); }
+host::GroupPtr FakeMember::Group() { return plan_.log.Noted("Member.Group", plan_).Find(name); }
+
+std::shared_ptr<host::Distribution> FakeMember::Distribution(bool create) {
+    plan_.log.Note("Member.Distribution");
+    if (!distribution && create) distribution = std::make_shared<FakeDistribution>(plan_.log);
+    return distribution;
 }
 
-std::string FakePlan::Name() {
-    log.Note("Plan.Name");
-    return name;
+std::string FakeGroup::Name() { return plan_.log.Noted("Group.Name", name); }
+void FakeGroup::PutDescription(const std::string& text) {
+    plan_.log.Noted("Group.PutDescription", description) = text;
+}
+void FakeGroup::PutFlagged(bool value) { plan_.log.Noted("Group.PutFlagged", flagged) = value; }
+std::shared_ptr<host::MemberCollection> FakeGroup::Members() {
+    return std::make_shared<FakeMembers>(plan_, plan_.log.Noted("Group.Members", *this));
 }
 
 std::shared_ptr<host::TaskCollection> FakePlan::Tasks() {
-    log.Note("Plan.Tasks");
-    return std::make_shared<FakeTasks>(*this);
+    return Shown<FakeTasks>(*this, "Plan.Tasks");
 }
-
-std::string FakePlan::GetText(const std::string& textName) {
-    log.Note("Plan.GetText");
-    const auto found = texts.find(textName);
-    return found == texts.end() ? std::string() : found->second;
-}
-
-void FakePlan::SetText(const std::string& textName, const std::string& text) {
-    log.Note("Plan.SetText");
-    texts[textName] = text;
-}
-
-void FakePlan::PutAutoCalculate(bool automatic) {
-    log.Note("Plan.PutAutoCalculate");
-    autoCalculate = automatic;
-}
-
-void FakePlan::Recalculate() {
-    log.Note("Plan.Recalculate");
-    ++recalculations;
-    if (onRecalculate) onRecalculate();
-}
-
-void FakePlan::RecalculateAll() {
-    log.Note("Plan.RecalculateAll");
-    ++fullRecalculations;
-    if (onRecalculate) onRecalculate();
-}
-
 std::shared_ptr<host::SummaryTask> FakePlan::SummaryTask() {
-    log.Note("Plan.SummaryTask");
-    return std::make_shared<FakeSummaryTask>(*this);
+    return Shown<FakeSummaryTask>(*this, "Plan.SummaryTask");
 }
-
 std::shared_ptr<host::RiskAnalysis> FakePlan::RiskAnalysis() {
-    log.Note("Plan.RiskAnalysis");
-    return std::make_shared<FakeAnalysis>(*this);
+    return Shown<FakeAnalysis>(*this, "Plan.RiskAnalysis");
 }
-
 std::shared_ptr<host::GroupCollection> FakePlan::Groups() {
-    log.Note("Plan.Groups");
-    return std::make_shared<FakeGroups>(*this);
+    return Shown<FakeGroups>(*this, "Plan.Groups");
 }
-
 std::shared_ptr<host::UserFieldDefinitions> FakePlan::UserFieldDefinitions() {
-    log.Note("Plan.UserFieldDefinitions");
-    return std::make_shared<FakeFieldDefinitions>(*this);
+    return Shown<FakeFieldDefinitions>(*this, "Plan.UserFieldDefinitions");
 }
-
 std::shared_ptr<host::View> FakePlan::CurrentView() {
-    log.Note("Plan.CurrentView");
-    return std::make_shared<FakeView>(*this);
+    return Shown<FakeView>(*this, "Plan.CurrentView");
 }
 
 }  // namespace kestrel::test

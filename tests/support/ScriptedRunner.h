@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ui/controls/FormRunner.h"
 #include "ui/controls/Grid.h"
@@ -39,25 +40,12 @@ class User {
         event.ctrl = ctrl;
         form_.KeyDown(event);
         if (ctrl || !form_.IsOpen()) return;
-        switch (key) {
-            case Key::Back:
-                form_.KeyPress(8);
-                break;
-            case Key::Tab:
-                form_.KeyPress(9);
-                break;
-            case Key::Enter:
-                form_.KeyPress(13);
-                break;
-            case Key::Escape:
-                form_.KeyPress(27);
-                break;
-            case Key::Space:
-                form_.KeyPress(32);
-                break;
-            default:
-                break;
-        }
+        for (const auto& [typing, character] : {std::pair{Key::Back, 8},
+                                                {Key::Tab, 9},
+                                                {Key::Enter, 13},
+                                                {Key::Escape, 27},
+                                                {Key::Space, 32}})
+            if (key == typing) form_.KeyPress(static_cast<char32_t>(character));
     }
     void PressShift(Key key) { Press(key, true); }
     void PressCtrl(Key key) { Press(key, false, true); }

@@ -17,8 +17,9 @@ using kestrel::win32::ComPtr;
 namespace {
 
 constexpr const wchar_t* kProgId = L"KestrelDll.clsKestrelDll";
-/// The resource of this program that describes the DLL beside it (kestrel.rc).
-constexpr WORD kDllManifest = 2;
+/// The resource of each program that describes the DLL beside it; the first numbers are the
+/// system's own.
+constexpr WORD kDllManifest = 20;
 
 struct ContextTraits {
     using Value = HANDLE;

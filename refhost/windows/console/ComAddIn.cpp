@@ -1,18 +1,13 @@
 #include "refhost/windows/console/ComAddIn.h"
 
-#include <ocidl.h>
+#include <windows.h>
 
 #include <filesystem>
 
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
-#include "util/Errors.h"
-
-#include <Schedulon.h>
 
 namespace refhost {
-
-using kestrel::win32::ComPtr;
 
 namespace {
 
@@ -48,41 +43,15 @@ class ExchangeFile {
 ComAddIn::ComAddIn(Session& session)
     : session_(session),
       program_(session.Host()),
-      server_(std::make_shared<automation::AutomationServer>(session.Host(), program_)),
-      host_(server_->Application()),
       answers_(session.Desktop()),
-      addIn_(MakeAddInObject()) {
-    OfferHost();
-}
-
-ComAddIn::~ComAddIn() {
-    // Failures are the add-in's own; it is let go of in any case.
-    if (started_) try {
-            Run(L"LaunchStopSchedulon");
-        } catch (const kestrel::HostError&) {
-        }
-    if (const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite))
-        static_cast<void>(site->SetSite(nullptr));
-    addIn_.Reset();
-    host_.Reset();
-    server_->Disconnect();
-}
-
-void ComAddIn::OfferHost() {
-    // Several hosts may be running, so the site is the sure way.
-    const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite);
-    if (!site || FAILED(site->SetSite(host_.Get()))) listed_.emplace(*host_, CLSID_Application);
-}
-
-void ComAddIn::Start() {
-    Run(L"LaunchStartSchedulon");
-    started_ = true;
+      connection_(session.Host(), program_) {
+    connection_.Connect();
 }
 
 void ComAddIn::RunCommand(const wchar_t* command, const std::string& path,
                           const std::string& name) {
     answers_.AnswerFileDialogWith(path, name);
-    Run(command);
+    connection_.Call(command);
     answers_.RaiseFailure();
 }
 

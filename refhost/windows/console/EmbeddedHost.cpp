@@ -34,20 +34,19 @@ class EmbeddedHost : public automation::HostProgram {
         host_.Open(plan);
         // A project file holds more than a plan, and is not to be overwritten by one.
         path_ = loaded.leftOut.empty() ? path : std::string();
-        saved_ = plan->Live().Snapshot();
+        saved_ = plan->Live().Changes();
     }
     void SavePlan(HostPlan& plan, const std::string& path) override {
         if (path.empty() && path_.empty())
             throw kestrel::HostError("The plan '" + plan.Name() +
                                      "' has no file yet; name one to save it.");
         const std::string target = path.empty() ? path_ : path;
-        PlanData snapshot = plan.Live().Snapshot();
-        kestrel::ReplaceWholeFile(target, WritePlan(snapshot));
+        kestrel::ReplaceWholeFile(target, WritePlan(plan.Live().Snapshot()));
         path_ = target;
-        saved_ = std::move(snapshot);
+        saved_ = plan.Live().Changes();
     }
     bool IsSaved(HostPlan& plan) override {
-        return !path_.empty() && plan.Live().Snapshot() == saved_;
+        return !path_.empty() && plan.Live().Changes() == saved_;
     }
     void Analyse(const AnalysisSettings& settings) override { RunAnalysis(host_, settings); }
     bool Visible() override { return false; }
@@ -61,8 +60,8 @@ class EmbeddedHost : public automation::HostProgram {
     kestrel::win32::Win32Desktop desktop_;
     SettingsFile settings_;
     ReferenceHost host_;
-    std::string path_;  ///< of the open plan; empty when it has no file of its own
-    PlanData saved_;    ///< what that file holds
+    std::string path_;         ///< of the open plan; empty when it has no file of its own
+    std::uint64_t saved_ = 0;  ///< the plan's changes that this file holds
 };
 
 void ServeMessages() {

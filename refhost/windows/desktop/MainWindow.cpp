@@ -251,7 +251,7 @@ void MainWindow::Fail() noexcept {
     try {
         throw;
     } catch (const std::exception& fault) {
-        MessageBoxA(window_, fault.what(), "Kestrel", MB_OK | MB_ICONERROR);
+        MessageBoxW(window_, Wide(fault.what()).c_str(), L"Kestrel", MB_OK | MB_ICONERROR);
     } catch (...) {
         MessageBoxW(window_, L"Something failed that has no name.", L"Kestrel",
                     MB_OK | MB_ICONERROR);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/win32/Handles.h"
 #include "refhost/windows/desktop/PlanPane.h"
 
 namespace refhost::win32 {
@@ -13,6 +14,13 @@ constexpr int kTableLine = 16;
 constexpr int kWheelTime = 96;  ///< units that a notch of the wheel moves the time
 
 enum MenuCommand : UINT { kAssign = 1, kGoTo = 2 };
+
+struct MenuTraits {
+    using Value = HMENU;
+    static Value Invalid() { return nullptr; }
+    static bool Close(Value menu) { return DestroyMenu(menu) != FALSE; }
+};
+using Menu = kestrel::win32::UniqueHandle<MenuTraits>;
 
 int WheelLines() {
     UINT lines = 3;
@@ -109,12 +117,11 @@ void PlanPane::OpenMenu(POINT screen) {
         Press(MAKELPARAM(place.x, place.y), false);
         if (GetCapture() == Window()) ReleaseCapture();
     }
-    const HMENU menu = CreatePopupMenu();
-    AppendMenuW(menu, MF_STRING, kAssign, L"&Assign Risk Factors...\tEnter");
-    AppendMenuW(menu, MF_STRING, kGoTo, L"&Go to Task\tCtrl+G");
-    const int chosen = TrackPopupMenuEx(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x, screen.y,
-                                        Window(), nullptr);
-    DestroyMenu(menu);
+    const Menu menu(CreatePopupMenu());
+    AppendMenuW(menu.Get(), MF_STRING, kAssign, L"&Assign Risk Factors...\tEnter");
+    AppendMenuW(menu.Get(), MF_STRING, kGoTo, L"&Go to Task\tCtrl+G");
+    const int chosen = TrackPopupMenuEx(menu.Get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x,
+                                        screen.y, Window(), nullptr);
     if (chosen == kAssign) bench_.Run(WorkbenchCommand::AssignFactors);
     if (chosen == kGoTo) bench_.Run(WorkbenchCommand::GoToSelectedTask);
 }

@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include <exception>
+#include <memory>
 #include <string>
 
 #include "platform/win32/ComApartment.h"
@@ -23,11 +24,9 @@ using namespace refhost;
 /// The plan or project file on the command line; empty without one.
 std::string FileOnCommandLine() {
     int count = 0;
-    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (!words) return {};
-    std::string path = count > 1 ? kestrel::win32::Utf8(words[1]) : std::string();
-    LocalFree(words);
-    return path;
+    const std::unique_ptr<wchar_t*, decltype(&LocalFree)> words(
+        CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+    return words && count > 1 ? kestrel::win32::Utf8(words.get()[1]) : std::string();
 }
 
 int Run(HINSTANCE module, int show) {

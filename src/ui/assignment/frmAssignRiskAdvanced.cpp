@@ -8,7 +8,7 @@
 namespace kestrel::ui {
 namespace {
 
-constexpr int kWidth = 640, kHeight = 380, kMargin = kAssignmentMargin;
+constexpr int kWidth = 760, kHeight = 380, kMargin = kAssignmentMargin;
 constexpr int kListWidth = (kWidth - 3 * kMargin) / 2;
 constexpr int kListHeight = kHeight - kAssignmentTop - kAssignmentBottom;
 

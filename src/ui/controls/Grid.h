@@ -103,6 +103,7 @@ class Grid : public Control, public GridTable {
     bool HasCurrentCell() const { return IsDataCell(currentRow_, currentColumn_); }
     void SetCurrent(int row, int column);
     bool Navigate(const KeyEvent& event);
+    bool EnterByKey(Key key);
     void SelectRange(int row);
     void ToggleCheck();
     void EditText(std::string text);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "ui/controls/CaretText.h"
 #include "ui/controls/Grid.h"
@@ -26,8 +27,20 @@ bool Grid::KeyDown(const KeyEvent& event) {
     return Navigate(event);
 }
 
+/// Where no cell is current yet, any key that moves begins at the first one.
+bool Grid::EnterByKey(Key key) {
+    const Key moves[] = {Key::PageUp, Key::PageDown, Key::End,   Key::Home,
+                         Key::Left,   Key::Up,       Key::Right, Key::Down};
+    if (!IsDataCell(FixedRows(), 0) ||
+        std::find(std::begin(moves), std::end(moves), key) == std::end(moves))
+        return false;
+    MoveTo(FixedRows(), 0);
+    return true;
+}
+
 bool Grid::Navigate(const KeyEvent& event) {
-    if (event.alt || !HasCurrentCell()) return false;
+    if (event.alt) return false;
+    if (!HasCurrentCell()) return EnterByKey(event.key);
     const int first = FixedRows(), last = RowCount() - 1, lastColumn = ColumnCount() - 1;
     int row = currentRow_, column = currentColumn_;
     switch (event.key) {

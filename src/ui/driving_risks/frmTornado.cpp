@@ -13,8 +13,8 @@
 namespace kestrel::ui {
 namespace {
 
-constexpr int kWidth = 980, kHeight = 500, kMargin = 10;
-constexpr int kGridWidth = 426, kRowHeight = 23, kButtonHeight = 26;
+constexpr int kWidth = 1000, kHeight = 500, kMargin = 10;
+constexpr int kGridWidth = 440, kRowHeight = 23, kButtonHeight = 26;
 constexpr std::int32_t kUsualTopRisks = 10;
 
 /// What the user has stored, from 0; the usual number for a text that is no number.

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/win32/ComPtr.h"
+#include "platform/win32/ModuleRef.h"
 
 namespace kestrel::ui::win32 {
 
@@ -57,7 +58,11 @@ class AccessibleParts : public IAccessible {
 
     /// @name IDispatch, which nobody uses to reach an IAccessible
     ///@{
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
+        if (!count) return E_POINTER;
+        *count = 0;
+        return S_OK;
+    }
     STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
         return E_NOTIMPL;
@@ -88,13 +93,17 @@ class AccessibleParts : public IAccessible {
 
     /// @name Nothing to tell
     ///@{
-    STDMETHODIMP get_accHelp(VARIANT, BSTR*) noexcept override { return S_FALSE; }
-    STDMETHODIMP get_accHelpTopic(BSTR*, VARIANT, long*) noexcept override { return S_FALSE; }
-    STDMETHODIMP get_accKeyboardShortcut(VARIANT, BSTR*) noexcept override { return S_FALSE; }
+    STDMETHODIMP get_accHelp(VARIANT, BSTR* text) noexcept override { return None(text); }
+    STDMETHODIMP get_accHelpTopic(BSTR* file, VARIANT, long*) noexcept override {
+        return None(file);
+    }
+    STDMETHODIMP get_accKeyboardShortcut(VARIANT, BSTR* text) noexcept override {
+        return None(text);
+    }
+    STDMETHODIMP get_accDefaultAction(VARIANT, BSTR* text) noexcept override { return None(text); }
     STDMETHODIMP get_accSelection(VARIANT* selected) noexcept override {
         return get_accFocus(selected);
     }
-    STDMETHODIMP get_accDefaultAction(VARIANT, BSTR*) noexcept override { return S_FALSE; }
     STDMETHODIMP accDoDefaultAction(VARIANT) noexcept override { return DISP_E_MEMBERNOTFOUND; }
     STDMETHODIMP put_accName(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
     STDMETHODIMP put_accValue(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
@@ -108,6 +117,13 @@ class AccessibleParts : public IAccessible {
     template <class Answer>
     HRESULT Ask(const VARIANT& child, const Answer& answer) const noexcept;
 
+    static HRESULT None(BSTR* text) {
+        if (!text) return E_POINTER;
+        *text = nullptr;
+        return S_FALSE;
+    }
+
+    kestrel::win32::ModuleRef module_;   ///< the code must stay while someone holds the object
     std::atomic<ULONG> references_ = 1;  ///< screen readers may let go on threads of their own
     HWND window_;
     AccessibleSource* source_;                      ///< none after Disconnect

@@ -150,8 +150,12 @@ TEST_F(WorkingFormsTest, FactorsGoFromListToListByKeysAndDoubleClick) {
                  return SendMessageW(runner.WindowOf("lvwChoices"), LVM_GETITEMCOUNT, 0, 0) == 1;
              });
              HWND risks = nullptr;
-             user.OnUi([&] { risks = runner.WindowOf("lvwRisks"); });
-             user.DoubleClick(risks, {30, 32});
+             RECT line{LVIR_LABEL, 0, 0, 0};
+             user.OnUi([&] {
+                 risks = runner.WindowOf("lvwRisks");
+                 SendMessageW(risks, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&line));
+             });
+             user.DoubleClick(risks, {line.left + 10, (line.top + line.bottom) / 2});
              user.WaitUntil("F1 has moved", [&] {
                  return SendMessageW(runner.WindowOf("lvwChoices"), LVM_GETITEMCOUNT, 0, 0) == 2;
              });

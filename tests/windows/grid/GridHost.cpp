@@ -35,17 +35,13 @@ INPUT MouseInput(POINT screen, DWORD flags) {
     return input;
 }
 
-LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
 }  // namespace
 
 GridHost::GridHost(ui::Form& form, ui::Grid& grid, UINT dpi)
     : grid_(grid), font_(ui::win32::MessageFont(dpi)) {
     WNDCLASSEXW wanted{};
     wanted.cbSize = sizeof wanted;
-    wanted.lpfnWndProc = FormProcedure;
+    wanted.lpfnWndProc = DefWindowProcW;
     wanted.hInstance = GetModuleHandleW(nullptr);
     wanted.lpszClassName = L"KestrelGridHost";
     RegisterClassExW(&wanted);  // there already when a host was made before

@@ -74,13 +74,15 @@ class RandomInput : public testing::TestWithParam<UINT> {
         how.shift = Below(5) == 0;
         how.ctrl = Below(5) == 0;
         const Rect cell = shown.grid.Geometry().CellBounds(row, column).value();
-        // The end of the cell: the caret, which only windows place, then stands there as well.
-        how.x = cell.x + cell.width - 1;
-        how.y = cell.y + cell.height - 1;
-        const ui::win32::GridScale scale{GetParam()};
-        window.Click({scale.Pixels(how.x), scale.Pixels(how.y)},
+        how.x = cell.x + cell.width / 2;
+        how.y = cell.y + cell.height / 2;
+        // The first or the last pixel: the whole of what looks like a cell must be that cell.
+        const RECT place = ui::win32::GridScale{GetParam()}.Pixels(cell);
+        const bool last = Below(2) == 0;
+        window.Click(last ? POINT{place.right - 1, place.bottom - 1} : POINT{place.left, place.top},
                      {.shift = how.shift, .ctrl = how.ctrl});
         told.MouseDown(how);
+        // Only a window can tell which character the mouse is at.
         if (told.grid.IsEditing()) told.grid.SetCaret(shown.grid.Caret());
     }
 

@@ -20,6 +20,9 @@ class SampleGrid : public ui::Form {
         const char* headers[] = {"\r\nName", "\r\nFigure", "Locked\r\nfigure", "On"};
         for (int column = 0; column < kColumns; ++column) grid.SetText(0, column, headers[column]);
         grid.Geometry().SetStretchColumn(kName);
+        // Odd widths, whose edges fall between pixels at most scales.
+        for (int column = kFigure; column < kColumns; ++column)
+            grid.Geometry().SetColumnWidth(column, 67 - 2 * column);
         grid.Geometry().SetColumnAlignment(kFigure, ui::Alignment::Right);
         for (int row = 1; row <= rows; ++row) {
             grid.AddRow();

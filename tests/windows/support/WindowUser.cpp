@@ -159,6 +159,14 @@ void WindowUser::WaitUntilGone(HWND window) {
     WaitUntil("the window is gone", [&] { return !IsWindow(window); });
 }
 
+void WindowUser::CloseAll() {
+    const DWORD thread = GetWindowThreadProcessId(bridge_, nullptr);
+    WaitUntil("all windows are closed", [&] {
+        CloseWindows(thread);
+        return GetActiveWindow() == nullptr;
+    });
+}
+
 void WindowUser::Press(WORD held, WORD virtualKey) {
     std::vector<INPUT> input;
     if (held) input.push_back(KeyInput(held, false));
@@ -218,7 +226,7 @@ void WhileWorking(const std::function<void()>& command,
     while (!finished) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_SENDMESSAGE);
         MSG message{};
-        PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE);  // none comes
+        PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE);
     }
     returned = true;
     user.join();

@@ -23,8 +23,9 @@ class WindowUser {
     void WaitUntil(const std::string& what, const std::function<bool()>& condition);
     /// The active window, once it has this caption.
     HWND WaitForWindow(const std::wstring& caption);
-    /// Until the window is gone and all its input has been dealt with.
     void WaitUntilGone(HWND window);
+    /// By their own means; for scripts that have seen enough.
+    void CloseAll();
 
     /// @name Input
     ///@{

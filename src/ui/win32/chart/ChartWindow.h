@@ -7,8 +7,8 @@
 #include "ui/controls/Chart.h"
 #include "ui/controls/ChartDrawing.h"
 #include "ui/win32/AccessibleParts.h"
-#include "ui/win32/OwnWindow.h"
 #include "ui/win32/HintWindow.h"
+#include "ui/win32/OwnWindow.h"
 
 namespace kestrel::ui::win32 {
 

@@ -199,14 +199,15 @@ void GridWindow::PaintInto(HDC dc, const RECT& part) {
     GridPainter(dc, grid_, style).Draw(part, HasFocus());
 }
 
-/// The system's border of a window without a theme is black; controls beside us have it grey.
+/// The system's border of a window without a theme is black. Controls beside us have it grey, or
+/// in the highlight's colour while they have the keyboard.
 void GridWindow::PaintBorder() const {
     RECT frame{};
     GetWindowRect(window_, &frame);
     OffsetRect(&frame, -frame.left, -frame.top);
     const HDC dc = GetWindowDC(window_);
     if (!dc) return;
-    SetDCBrushColor(dc, colours_.border);
+    SetDCBrushColor(dc, HasFocus() ? colours_.highlight : colours_.border);
     FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     ReleaseDC(window_, dc);
 }

@@ -107,7 +107,7 @@ void GridWindow::Character(WPARAM unit) {
 }
 
 void GridWindow::FocusGained() {
-    InvalidateRect(window_, nullptr, FALSE);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     UpdateCaret();
     AnnounceFocus();
 }
@@ -115,7 +115,7 @@ void GridWindow::FocusGained() {
 void GridWindow::FocusLost() {
     caret_.Hide();
     Update();
-    InvalidateRect(window_, nullptr, FALSE);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
 
 std::optional<LRESULT> GridWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {

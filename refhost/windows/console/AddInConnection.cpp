@@ -1,4 +1,4 @@
-#include "refhost/windows/desktop/AddInLink.h"
+#include "refhost/windows/console/AddInConnection.h"
 
 #include <ocidl.h>
 
@@ -7,16 +7,16 @@
 
 #include <Schedulon.h>
 
-namespace refhost::win32 {
+namespace refhost {
 
-AddInLink::AddInLink(ReferenceHost& host, automation::HostProgram& program)
+AddInConnection::AddInConnection(ReferenceHost& host, automation::HostProgram& program)
     : server_(std::make_shared<automation::AutomationServer>(host, program)),
       host_(server_->Application()) {}
 
-AddInLink::~AddInLink() {
+AddInConnection::~AddInConnection() {
     if (started_) {
         try {
-            CallMethod(*addIn_, L"LaunchStopSchedulon");
+            Call(L"LaunchStopSchedulon");
         } catch (const kestrel::HostError&) {
             // The add-in's own failure; it is let go of in any case.
         }
@@ -29,21 +29,22 @@ AddInLink::~AddInLink() {
     server_->Disconnect();
 }
 
-void AddInLink::Connect() {
+void AddInConnection::Connect() {
     if (addIn_) return;
     addIn_ = MakeAddInObject();
+    // Several hosts may be running, so the site is the sure way.
     const auto site = addIn_.As<IObjectWithSite>(IID_IObjectWithSite);
     if (!site || FAILED(site->SetSite(host_.Get()))) listed_.emplace(*host_, CLSID_Application);
 }
 
-void AddInLink::Call(const wchar_t* method) {
+void AddInConnection::Call(const wchar_t* method) {
     Connect();
     CallMethod(*addIn_, method);
 }
 
-void AddInLink::LaunchStartSchedulon() {
+void AddInConnection::Start() {
     Call(L"LaunchStartSchedulon");
     started_ = true;
 }
 
-}  // namespace refhost::win32
+}  // namespace refhost
