@@ -1,48 +1,11 @@
-#include "core/AnalysisFixture.h"
 #include "platform/win32/ComErrors.h"
+#include "windows/server/ListenedHost.h"
 #include "windows/server/ServerTest.h"
 #include "windows/support/LeakCheck.h"
-#include "windows/support/ScriptedEvents.h"
-#include "windows/support/ScriptedHost.h"
 
 // The add-in in its DLL, listening to the risk analyses of a host that is its site.
 namespace kestrel::test {
 namespace {
-
-/// A host with one plan that carries a factor.
-class ListenedHost {
- public:
-    ListenedHost() {
-        plan_.StoreRegister({Factor("Rain", 100)});
-        plan_.host.AddTask("1", "Dig", "1")->AddCost(100);
-        const auto shown = ShowApplication(script_, plan_.host.application);
-        shown->others = ComPtr<IUnknown>(static_cast<IProvideClassInfo*>(events.Get()));
-        application = ComPtr<IDispatch>(shown.Get());
-    }
-
-    FakePlan& Plan() { return *plan_.host.plan; }
-    int Objects() const { return script_->objects; }
-
-    /// Raises the events of an analysis with one iteration; the sentences of their failures.
-    std::string Analyse() {
-        const ComPtr<IDispatch> plan(ShowPlan(script_, plan_.host.plan).Get());
-        std::string failures = events->RaisePlan(1, plan.Get());
-        for (const char* group : {kDurationGroup, kCostGroup})
-            if (const auto found = Plan().Find(group))
-                for (const auto& member : found->members) member->sampled = 12000;
-        Plan().randoms = {0.5};
-        failures += events->RaisePlan(2, plan.Get());
-        return failures + events->RaisePlan(3, plan.Get());
-    }
-
- private:
-    AnalysisFixture plan_;
-    ScriptPtr script_ = std::make_shared<Script>();
-
- public:
-    ComPtr<EventSource> events{new EventSource(script_, {})};
-    ComPtr<IDispatch> application;
-};
 
 class AnalysisTest : public ServerTest {
  protected:
