@@ -4,8 +4,6 @@
 //
 //   benchmark_analysis_through_com [ITERATIONS]     by default 2000
 
-#include <windows.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

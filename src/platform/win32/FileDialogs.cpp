@@ -12,7 +12,8 @@
 namespace kestrel::win32 {
 namespace {
 
-/// The longest path that the system knows. A shorter buffer would make a chosen file with a long
+/// The longest path that the system knows. (GetOpenFileNameA with its 255 characters would lose
+/// letters outside the user's code page.) A shorter buffer would make a chosen file with a long
 /// path look like a cancelled dialog.
 constexpr std::size_t kPathSize = 32768;
 
