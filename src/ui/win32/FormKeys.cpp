@@ -61,8 +61,10 @@ bool TranslateFormKey(ViewContext& context, const MSG& message) {
             return KeyDown(context, message);
         case WM_SYSKEYDOWN:
             if (!IsLetterOrDigit(message.wParam)) return false;
-            // Only the character counts; no window may take the key for an access key too.
+            // Only the character counts; no window may take the key for an access key too. But the
+            // system has to know of it, or it opens the window's menu when Alt is released.
             TranslateMessage(&message);
+            DefWindowProcW(message.hwnd, message.message, message.wParam, message.lParam);
             return true;
         case WM_CHAR:
         case WM_SYSCHAR:

@@ -32,24 +32,28 @@ ProgressWindow::ProgressWindow(HINSTANCE module, Form& form) : module_(module), 
 
 ProgressWindow::~ProgressWindow() { form_.Close(); }
 
+/// The next message that waits for the window and its children (for any, without one), of one kind
+/// or, with 0, of every kind.
+bool ProgressWindow::Take(MSG& message, HWND window, UINT kind) {
+    if (!PeekMessageW(&message, window, kind, kind, PM_REMOVE)) return false;
+    if (message.message != WM_QUIT) return true;
+    // It comes whatever is asked for. Whoever waits outside has to end, too.
+    form_.Close();
+    PostQuitMessage(static_cast<int>(message.wParam));
+    return false;
+}
+
 void ProgressWindow::Refresh() {
     if (!window_) return;
     if (form_.IsOpen()) window_->Update();
     MSG message{};
-    while (form_.IsOpen() && PeekMessageW(&message, window_->Handle(), 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            form_.Close();
-            PostQuitMessage(static_cast<int>(message.wParam));
-            break;
-        }
+    while (form_.IsOpen() && Take(message, window_->Handle(), 0)) {
         if (window_->Translate(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    for (int i = 0; i < kMostPaintings; ++i) {
-        if (!PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) break;
+    for (int i = 0; i < kMostPaintings && Take(message, nullptr, WM_PAINT); ++i)
         DispatchMessageW(&message);
-    }
     if (!form_.IsOpen()) {
         others_.reset();
         window_->Hide();

@@ -29,6 +29,8 @@ class ProgressWindow {
     void Refresh();
 
  private:
+    bool Take(MSG& message, HWND window, UINT kind);
+
     HINSTANCE module_;
     Form& form_;
     std::unique_ptr<FormWindow> window_;  ///< nothing for a form that closed while it loaded

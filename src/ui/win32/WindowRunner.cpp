@@ -18,6 +18,8 @@ void WorkUntilClosed(FormWindow& window, Form& form) {
             if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
+        // The host's hooks see what its own dialogs get.
+        if (CallMsgFilterW(&message, MSGF_DIALOGBOX)) continue;
         if (window.Translate(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
