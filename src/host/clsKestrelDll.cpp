@@ -42,9 +42,9 @@ void clsKestrelDll::LaunchStopSchedulon() {
     if (const auto listener = std::exchange(schedulon_, nullptr)) listener->StopSchedulon();
 }
 
-void clsKestrelDll::Launch(const char* command) {
+void clsKestrelDll::Launch(const char* command, const char* undone) {
     decimalSeparator_ = ForceDecimalPoint(globals_.desktop);
-    Trapped([&] {
+    TrappedAndTold(globals_.desktop, undone, [&] {
         AttachHost();
         RunCommand(globals_, runner_, windows_, command);
     });

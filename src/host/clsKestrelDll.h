@@ -16,19 +16,19 @@ namespace kestrel {
 ///
 /// While a command runs the user's decimal separator is ".", for the whole desktop, and
 /// afterwards their own again. A host call that fails, or a document that cannot be read, ends a
-/// command quietly; only a programming fault leaves the separator at ".".
+/// command with a message; only a programming fault leaves the separator at ".".
 class clsKestrelDll {
  public:
     /// `attach` yields the host that runs the add-in; it is called when the host is first needed.
     clsKestrelDll(std::function<host::ApplicationPtr()> attach, Desktop& desktop,
                   ui::FormRunner& runner);
 
-    void LaunchEdit() { Launch("edit"); }
-    void LaunchAssign() { Launch("assign"); }
-    void LaunchShow() { Launch("show"); }
-    void LaunchSave() { Launch("save"); }
-    void LaunchLoad() { Launch("load"); }
-    void LaunchOptions() { Launch("options"); }
+    void LaunchEdit() { Launch("edit", "The risk factors could not be edited."); }
+    void LaunchAssign() { Launch("assign", "Risk factors could not be assigned."); }
+    void LaunchShow() { Launch("show", "The driving risks could not be shown."); }
+    void LaunchSave() { Launch("save", "The risk factors and assignments could not be saved."); }
+    void LaunchLoad() { Launch("load", "The risk factors and assignments could not be loaded."); }
+    void LaunchOptions() { Launch("options", "The options could not be changed."); }
     /// Begins to take part in the host's risk analyses; a second call does nothing. HostError
     /// when the host cannot be reached.
     void LaunchStartSchedulon();
@@ -37,7 +37,8 @@ class clsKestrelDll {
     modGlobals& Globals() { return globals_; }
 
  private:
-    void Launch(const char* command);
+    /// `undone` tells the user what a failure has left undone.
+    void Launch(const char* command, const char* undone);
     void AttachHost();
 
     std::function<host::ApplicationPtr()> attach_;

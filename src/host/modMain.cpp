@@ -35,7 +35,8 @@ void StoreDefaultFactors(modGlobals& globals) {
     if (GetOptionSetting(*globals.application) != "1")
         globals.desktop.ShowMessage("No Risk Factors have been loaded into the Plan.");
     globals.openedFromHost = false;
-    Trapped([&] { ui::frmEditRiskFactors(globals).StoreDefaultFactors(); });
+    TrappedAndTold(globals.desktop, "The default risk factors could not be loaded into the plan.",
+                   [&] { ui::frmEditRiskFactors(globals).StoreDefaultFactors(); });
 }
 
 void OpenAssignment(const Command& command) {

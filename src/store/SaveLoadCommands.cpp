@@ -7,6 +7,7 @@
 #include "store/TaskField.h"
 #include "store/modXmlToolbox.h"
 #include "ui/browse/frmBrowse.h"
+#include "util/Errors.h"
 #include "util/NumberText.h"
 #include "util/Trapped.h"
 
@@ -86,7 +87,8 @@ void SaveRiskFactorsToFile(modGlobals& globals) {
     LoadRegisterFromPlan(globals, *plan);
     XmlDocument document;
     LoadXmlFromString(globals.desktop, document, plan->GetText(kRegisterText));
-    if (!HasRegisterRoot(document)) return;
+    if (!HasRegisterRoot(document))
+        throw DataError("The plan holds no risk factors, so there is nothing to save.");
 
     // An earlier load leaves its tasks in the stored text.
     std::erase_if(document.root.children, [](const XmlNode& n) { return n.name == "Task"; });

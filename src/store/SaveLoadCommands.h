@@ -9,7 +9,7 @@
 namespace kestrel {
 
 /// Writes the register as last stored in the plan and every task's assignments. A plan without a
-/// register writes no file.
+/// register raises DataError.
 void SaveRiskFactorsToFile(modGlobals& globals);
 
 /// Replaces the plan's register text and every task's assignments by the file's, after asking.

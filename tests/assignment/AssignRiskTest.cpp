@@ -189,7 +189,6 @@ TEST_F(AssignmentTest, AFailingHostCallLeavesTasksAndGridAlone) {
     auto second = AddTask("3", "(1)", top);
     Assign([&](User& user) {
         ClickCells(user, "A2");
-        desktop.answers = {MessageAnswer::Ok, MessageAnswer::Ok};
         host.log.failing = {"UserValues.Item"};
         user.Click("cmdOk");
         EXPECT_TRUE(user.TheForm().IsOpen());
@@ -198,11 +197,18 @@ TEST_F(AssignmentTest, AFailingHostCallLeavesTasksAndGridAlone) {
         EXPECT_EQ(Rows(user), "xs xs .-");
         EXPECT_TRUE(host.plan->autoCalculate);
         EXPECT_EQ(Writes(), 0u);
+        const std::string told = "The task's risk factors could not be saved; the changes are";
+        ASSERT_EQ(desktop.messages.size(), 2u) << "one for each button";
+        for (const auto& message : desktop.messages)
+            EXPECT_EQ(message.text.substr(0, told.size()), told);
 
+        desktop.answers = {MessageAnswer::Ok};
         host.log.failing = {"Task.Name"};
         user.Click("cmdNext");
         EXPECT_EQ(Field(second), "(1,2)") << "saved before the next task was asked for";
         EXPECT_EQ(Caption(user), "1 - T1");
+        EXPECT_EQ(desktop.messages.back().text.find("The task's risk factors could not be shown."),
+                  0u);
         host.log.failing.clear();
     });
     host.log.failing = {"Task.TaskType"};

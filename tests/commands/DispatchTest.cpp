@@ -1,6 +1,7 @@
 #include <stdexcept>
 
 #include "support/AddInTest.h"
+#include "support/TemporaryFolder.h"
 #include "ui/command_select/frmCommandSelect.h"
 
 namespace kestrel::test {
@@ -29,6 +30,7 @@ class CommandTest : public AddInTest {
     modGlobals globals;
     CommandWindows windows;
     std::string opened;
+    TemporaryFolder folder;
 };
 
 TEST_F(CommandTest, TheSeparatorIsAPointWhileACommandRunsAndTheUsersOwnAfterwards) {
@@ -161,15 +163,35 @@ TEST_F(CommandTest, TheListenerIsStartedOnceAndStoppedOnce) {
     EXPECT_EQ(host.application->sinks.size(), 1u) << "a failed start can be repeated";
 }
 
-TEST_F(CommandTest, CommandsEndQuietlyWithoutPlanOrHost) {
+TEST_F(CommandTest, WhatACommandLeavesUndoneIsToldInOneMessage) {
+    const struct {
+        void (clsKestrelDll::*launch)();
+        const char* undone;
+    } rows[] = {
+        {&clsKestrelDll::LaunchAssign, "Risk factors could not be assigned."},
+        {&clsKestrelDll::LaunchShow, "The driving risks could not be shown."},
+        {&clsKestrelDll::LaunchSave, "The risk factors and assignments could not be saved."},
+        {&clsKestrelDll::LaunchLoad, "The risk factors and assignments could not be loaded."},
+    };
     host.application->plan = nullptr;
-    addin.LaunchEdit();
-    addin.LaunchAssign();
-    addin.LaunchShow();
-    clsKestrelDll alone([] { return host::ApplicationPtr(); }, desktop, runner);
-    alone.LaunchEdit();
+    desktop.WriteFile(folder / "a.xml", "<RiskFactors/>");
+    for (const auto& row : rows) {
+        desktop.messages.clear();
+        desktop.chosenFiles = {folder / "a.xml"};
+        if (row.launch == &clsKestrelDll::LaunchLoad) desktop.answers = {MessageAnswer::Yes};
+        (addin.*row.launch)();
+        ASSERT_FALSE(desktop.messages.empty()) << row.undone;
+        EXPECT_EQ(desktop.messages.back().text,
+                  std::string(row.undone) +
+                      "\r\n\r\nNo plan is open in the host; open one and try again.");
+        EXPECT_EQ(desktop.messages.back().title, kApplicationTitle);
+    }
     EXPECT_EQ(runner.shown, 0);
-    EXPECT_EQ(desktop.MessageText(), "");
+    clsKestrelDll alone([] { return host::ApplicationPtr(); }, desktop, runner);
+    desktop.messages.clear();
+    alone.LaunchEdit();
+    EXPECT_EQ(desktop.MessageText(),
+              "The risk factors could not be edited.\r\n\r\nThe add-in could not reach its host.");
     EXPECT_THROW(alone.LaunchStartSchedulon(), HostError);
 }
 

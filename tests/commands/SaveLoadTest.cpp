@@ -69,9 +69,8 @@ TEST_F(SaveLoadTest, WritesOneTaskElementForEachTaskWithAssignments) {
 TEST_F(SaveLoadTest, WritesNothingWithoutANameOrARegister) {
     SaveRiskFactorsToFile(globals);
     host.AddTask("10", "Dig");
-    Save();
+    EXPECT_THROW(Save(), DataError);
     EXPECT_FALSE(std::filesystem::exists(path));
-    EXPECT_TRUE(desktop.messages.empty());
 }
 
 TEST_F(SaveLoadTest, LoadReplacesRegisterAndAllAssignments) {

@@ -133,6 +133,7 @@ TEST_F(OptionsTest, FailuresKeepTheDialogOrNeverOpenIt) {
     host.log.failing = {"Application.GetSetting"};
     addin.LaunchOptions();
     EXPECT_EQ(runner.shown, 1);
+    EXPECT_EQ(desktop.messages.size(), 2u) << "each is told";
 }
 
 }  // namespace

@@ -25,6 +25,10 @@ int LabelWidth(std::uint16_t language) {
                : kLabelWidth;
 }
 
+constexpr const char* kNotShown = "The task's risk factors could not be shown.";
+constexpr const char* kNotSaved =
+    "The task's risk factors could not be saved; the changes are still in this window.";
+
 /// A caption that shows the text as it is: "&" would mark an access key.
 std::string LiteralCaption(const std::string& text) {
     std::string caption;
@@ -72,7 +76,7 @@ void AssignmentForm::AddButtons(std::initializer_list<Button*> buttons) {
 }
 
 void AssignmentForm::Form_Load() {
-    const bool loaded = Trapped([this] {
+    const bool loaded = TrappedAndTold(globals_.desktop, kNotShown, [this] {
         RestorePosition();
         globals_.RiskFactors.clear();
         LoadRegisterFromPlan(globals_, *OpenPlan(globals_));
@@ -108,17 +112,25 @@ void AssignmentForm::SaveTask() {
 }
 
 void AssignmentForm::MoveBy(std::int32_t rows) {
-    Trapped([&] {
+    TrappedAndTold(globals_.desktop, kNotSaved, [&] {
         const host::PlanPtr plan = OpenPlan(globals_);
         const AutoCalculatePause pause(*plan);
         SaveTask();
-        const auto view = plan->CurrentView();
-        if (!view || view->TypeName() != "GanttChart") return;
-        const std::int32_t row = view->CurrentRow();
-        const bool hasNeighbour = rows > 0 ? row < plan->Tasks()->Count() : row > 1;
-        if (hasNeighbour) view->PutCurrentRow(row + rows);
-        LoadTask();
+        TrappedAndTold(globals_.desktop, kNotShown, [&] { ShowNeighbour(*plan, rows); });
     });
+}
+
+void AssignmentForm::ShowNeighbour(host::Plan& plan, std::int32_t rows) {
+    const auto view = plan.CurrentView();
+    if (!view || view->TypeName() != "GanttChart") return;
+    const std::int32_t row = view->CurrentRow();
+    const bool hasNeighbour = rows > 0 ? row < plan.Tasks()->Count() : row > 1;
+    if (hasNeighbour) view->PutCurrentRow(row + rows);
+    LoadTask();
+}
+
+bool AssignmentForm::SavedOrTold() {
+    return TrappedAndTold(globals_.desktop, kNotSaved, [this] { SaveTask(); });
 }
 
 void AssignmentForm::cmdHelp_Click() {

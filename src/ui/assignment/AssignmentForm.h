@@ -46,6 +46,9 @@ class AssignmentForm : public Form {
     virtual void ShowTask(const ShownTask& task) = 0;
     virtual std::vector<FactorEdit> Edits() const = 0;
 
+    /// SaveTask for a button: a failure is told.
+    bool SavedOrTold();
+
     /// Closes the form when register or task cannot be read.
     void Form_Load() override;
     void Form_Unload() override;
@@ -55,6 +58,7 @@ class AssignmentForm : public Form {
  private:
     void RestorePosition();
     void MoveBy(std::int32_t rows);
+    void ShowNeighbour(host::Plan& plan, std::int32_t rows);
 
     ShownTask shown_;
 };

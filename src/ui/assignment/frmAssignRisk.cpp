@@ -1,7 +1,5 @@
 #include "ui/assignment/frmAssignRisk.h"
 
-#include "util/Trapped.h"
-
 namespace kestrel::ui {
 namespace {
 
@@ -99,10 +97,7 @@ std::vector<FactorEdit> frmAssignRisk::Edits() const {
 }
 
 void frmAssignRisk::cmdOk_Click() {
-    Trapped([this] {
-        SaveTask();
-        Close();
-    });
+    if (SavedOrTold()) Close();
 }
 
 }  // namespace kestrel::ui

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "ui/assignment/frmAssignRisk.h"
-#include "util/Trapped.h"
 
 namespace kestrel::ui {
 namespace {
@@ -136,11 +135,9 @@ bool frmAssignRiskAdvanced::lvwChoices_KeyDown(const KeyEvent& event) {
 }
 
 void frmAssignRiskAdvanced::cmdNormalView_Click() {
-    Trapped([this] {
-        SaveTask();
-        normalViewChosen_ = true;
-        Close();
-    });
+    if (!SavedOrTold()) return;
+    normalViewChosen_ = true;
+    Close();
 }
 
 void ShowAdvancedAssignment(modGlobals& globals, FormRunner& runner) {

@@ -70,7 +70,7 @@ void frmTornado::ConnectHandlers() {
 }
 
 void frmTornado::Form_Load() {
-    Trapped([&] {
+    TrappedAndTold(globals_.desktop, "The driving risks could not be shown.", [&] {
         topRisks_ = StoredTopRisks(*globals_.application);
         FillGrids();
         DrawChart();
@@ -96,32 +96,28 @@ void frmTornado::ShowTopRisks(std::int32_t count) {
     txtTopRisks.SetText(std::to_string(count));
 }
 
-void frmTornado::OptionDuration_Click() {
-    Trapped([&] { DrawChart(); });
+void frmTornado::RedrawChart() {
+    TrappedAndTold(globals_.desktop, "The chart could not be drawn.", [&] { DrawChart(); });
 }
 
-void frmTornado::OptionCost_Click() {
-    Trapped([&] { DrawChart(); });
-}
+void frmTornado::OptionDuration_Click() { RedrawChart(); }
+
+void frmTornado::OptionCost_Click() { RedrawChart(); }
 
 void frmTornado::SpinButton1_SpinUp() {
     if (topRisks_ >= riskCount_) return;
-    Trapped([&] {
-        ShowTopRisks(topRisks_ + 1);
-        DrawChart();
-    });
+    ShowTopRisks(topRisks_ + 1);
+    RedrawChart();
 }
 
 void frmTornado::SpinButton1_SpinDown() {
     if (topRisks_ <= 1) return;
-    Trapped([&] {
-        ShowTopRisks(topRisks_ - 1);
-        DrawChart();
-    });
+    ShowTopRisks(topRisks_ - 1);
+    RedrawChart();
 }
 
 void frmTornado::cmdCopyToClip_Click() {
-    Trapped([&] {
+    TrappedAndTold(globals_.desktop, "The table could not be copied.", [&] {
         bool leadingLine = false;
         CopyGridToClipboard(globals_.desktop, ChosenGrid(), leadingLine);
     });

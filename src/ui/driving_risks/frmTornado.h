@@ -57,6 +57,8 @@ class frmTornado : public Form {
     void Form_Load() override;
 
  private:
+    /// DrawChart for what the user changes: a failure is told.
+    void RedrawChart();
     void PlaceControls();
     void ConnectHandlers();
     void ShowTopRisks(std::int32_t count);

@@ -59,7 +59,9 @@ void frmLoadRiskFactors::ConnectHandlers() {
 }
 
 void frmLoadRiskFactors::Form_Load() {
-    if (!Trapped([this] { ReadOptions(); })) Close();
+    if (!TrappedAndTold(globals_.desktop, "The options could not be read.",
+                        [this] { ReadOptions(); }))
+        Close();
 }
 
 void frmLoadRiskFactors::ReadOptions() {
@@ -98,7 +100,7 @@ void frmLoadRiskFactors::EnableFile(bool enabled) {
 }
 
 void frmLoadRiskFactors::cmdBrowse_Click() {
-    Trapped([this] {
+    TrappedAndTold(globals_.desktop, "A file could not be chosen.", [this] {
         const std::string path =
             BrowseForFile(globals_.desktop, "Risk Factors", {{"Risk Factors (*.xml)", "*.xml"}},
                           globals_.application->Path() + "\\Samples\\");
@@ -107,7 +109,10 @@ void frmLoadRiskFactors::cmdBrowse_Click() {
 }
 
 void frmLoadRiskFactors::cmdOk_Click() {
-    if (Trapped([this] { StoreOptions(); })) cmdCancel_Click();
+    if (TrappedAndTold(globals_.desktop,
+                       "The options could not be stored; they are still in this window.",
+                       [this] { StoreOptions(); }))
+        cmdCancel_Click();
 }
 
 void frmLoadRiskFactors::cmdCancel_Click() { Close(); }
