@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "refhost/engine/Triangular.h"
 #include "refhost/engine/VectorClones.h"
 #include "util/Checked.h"
 #include "util/NumberText.h"
@@ -22,7 +21,6 @@ DurationSampler::DurationSampler(const LivePlan& plan)
         const TaskData& task = plan.Data().tasks[i];
         if (task.type == kOrdinary && task.distribution) AddDistribution(task, i);
     }
-    uniform_.resize(tasks_.size());
     drawn_.resize(tasks_.size());
 }
 
@@ -38,22 +36,15 @@ void DurationSampler::AddDistribution(const TaskData& task, std::size_t position
                                            "correct its distribution.");
     }
     tasks_.push_back(static_cast<std::uint32_t>(position));
-    low_.push_back(shape.Low());
-    mode_.push_back(shape.Mode());
-    high_.push_back(shape.High());
-    threshold_.push_back(shape.Threshold());
+    shapes_.Add(shape);
 }
 
 KESTREL_VECTOR_CLONES
 std::span<const std::int32_t> DurationSampler::Draw(RandomStream& stream) {
-    stream.Fill(uniform_);
-    const std::size_t count = tasks_.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        const double drawn =
-            Triangular::Draw(uniform_[i], low_[i], mode_[i], high_[i], threshold_[i]);
-        drawn_[i] = static_cast<std::int32_t>((drawn + kRounder) - kRounder);
-    }
-    for (std::size_t i = 0; i < count; ++i) durations_[tasks_[i]] = drawn_[i];
+    shapes_.Draw(stream, drawn_, [](double drawn) {
+        return static_cast<std::int32_t>((drawn + kRounder) - kRounder);
+    });
+    for (std::size_t i = 0; i < tasks_.size(); ++i) durations_[tasks_[i]] = drawn_[i];
     return durations_;
 }
 

@@ -5,13 +5,12 @@
 #include <vector>
 
 #include "refhost/engine/LivePlan.h"
-#include "refhost/engine/RandomStream.h"
+#include "refhost/engine/TriangularColumns.h"
 
 namespace refhost {
 
 /// Draws the durations of one iteration: every ordinary task with a distribution, in plan order,
-/// each as Triangular::Draw gives it. Works on columns, so that compilers can draw several tasks
-/// with one vector instruction.
+/// each as Triangular::Draw gives it.
 class DurationSampler {
  public:
     /// Raises kestrel::ArithmeticError naming a task whose draws may not fit 32 bits.
@@ -26,8 +25,7 @@ class DurationSampler {
 
     std::vector<std::int32_t> durations_;
     std::vector<std::uint32_t> tasks_;  ///< that each distribution belongs to
-    std::vector<double> low_, mode_, high_, threshold_;
-    std::vector<double> uniform_;
+    TriangularColumns shapes_;
     std::vector<std::int32_t> drawn_;
 };
 

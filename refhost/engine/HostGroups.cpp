@@ -1,7 +1,6 @@
 #include "refhost/engine/HostGroups.h"
 
-#include <algorithm>
-
+#include "refhost/engine/VectorClones.h"
 #include "util/Errors.h"
 
 namespace refhost {
@@ -12,13 +11,21 @@ void HostDistribution::PutShape(std::int16_t shape) {
                                  " is not known; use 0, the triangular one.");
 }
 
+void HostDistribution::Set(double& point, double value) {
+    point = value;
+    if (const auto groups = groups_.lock()) groups->NoteDistributions();
+}
+
 host::GroupPtr HostMember::Group() {
     const auto groups = groups_.lock();
     return groups ? groups->Item(name_) : nullptr;
 }
 
 std::shared_ptr<host::Distribution> HostMember::Distribution(bool create) {
-    if (!distribution_ && create) distribution_ = std::make_shared<HostDistribution>();
+    if (!distribution_ && create) {
+        distribution_ = std::make_shared<HostDistribution>(groups_);
+        if (const auto groups = groups_.lock()) groups->NoteDistributions();
+    }
     return distribution_;
 }
 
@@ -44,26 +51,52 @@ std::vector<host::MemberPtr> HostMemberCollection::Enumerate() {
 }
 
 host::GroupPtr HostGroupCollection::Item(const std::string& name) {
-    const auto found = std::find_if(groups_.begin(), groups_.end(),
-                                    [&](const auto& group) { return group->Name() == name; });
-    return found == groups_.end() ? nullptr : *found;
+    const auto found = orderByName_.find(name);
+    return found == orderByName_.end() ? nullptr : groups_.at(found->second);
 }
 
 host::GroupPtr HostGroupCollection::Add(const std::string& name) {
     if (Item(name)) throw kestrel::HostError("The plan already has a group '" + name + "'.");
-    groups_.push_back(std::make_shared<HostGroup>(weak_from_this(), name));
-    return groups_.back();
+    const auto group = std::make_shared<HostGroup>(weak_from_this(), name);
+    groups_.emplace(++created_, group);
+    orderByName_.emplace(name, created_);
+    return group;
 }
 
 void HostGroupCollection::Remove(const std::string& name) {
-    const auto removed =
-        std::erase_if(groups_, [&](const auto& group) { return group->Name() == name; });
-    if (removed == 0) throw kestrel::HostError("The plan has no group '" + name + "'.");
+    const auto found = orderByName_.find(name);
+    if (found == orderByName_.end())
+        throw kestrel::HostError("The plan has no group '" + name + "'.");
+    groups_.erase(found->second);
+    orderByName_.erase(found);
+    listed_ = false;
 }
 
+std::vector<host::GroupPtr> HostGroupCollection::Enumerate() const {
+    std::vector<host::GroupPtr> groups;
+    groups.reserve(groups_.size());
+    for (const auto& entry : groups_) groups.push_back(entry.second);
+    return groups;
+}
+
+void HostGroupCollection::ListMembers() {
+    members_.clear();
+    shapes_ = {};
+    for (const auto& entry : groups_)
+        for (const auto& member : entry.second->AllMembers().All()) {
+            if (!member->Drawn()) continue;
+            members_.push_back(member.get());
+            shapes_.Add(member->Drawn()->Shape());
+        }
+    drawn_.resize(members_.size());
+    listed_ = true;
+}
+
+KESTREL_VECTOR_CLONES
 void HostGroupCollection::Sample(RandomStream& stream) {
-    for (const auto& group : groups_)
-        for (const auto& member : group->AllMembers().All()) member->Sample(stream);
+    if (!listed_) ListMembers();
+    shapes_.Draw(stream, drawn_, [](double drawn) { return drawn; });
+    for (std::size_t i = 0; i < members_.size(); ++i) members_[i]->PutSample(drawn_[i]);
 }
 
 }  // namespace refhost

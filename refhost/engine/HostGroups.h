@@ -4,11 +4,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "host/HostModel.h"
-#include "refhost/engine/RandomStream.h"
-#include "refhost/engine/Triangular.h"
+#include "refhost/engine/TriangularColumns.h"
 
 namespace refhost {
 
@@ -19,24 +19,24 @@ class HostGroupCollection;
 /// A three-point distribution with the triangular shape; its value is the most likely point.
 class HostDistribution : public host::Distribution {
  public:
+    explicit HostDistribution(std::weak_ptr<HostGroupCollection> groups)
+        : groups_(std::move(groups)) {}
+
     void PutShape(std::int16_t shape) override;
     void PutMinimum(double value) override { Set(minimum_, value); }
     void PutMostLikely(double value) override { Set(mostLikely_, value); }
     void PutMaximum(double value) override { Set(maximum_, value); }
     double Value() override { return mostLikely_; }
 
-    double Draw(double u) const { return drawn_.Draw(u); }
+    Triangular Shape() const { return {minimum_, mostLikely_, maximum_}; }
 
  private:
-    void Set(double& point, double value) {
-        point = value;
-        drawn_ = Triangular(minimum_, mostLikely_, maximum_);
-    }
+    void Set(double& point, double value);
 
+    std::weak_ptr<HostGroupCollection> groups_;
     double minimum_ = 0;
     double mostLikely_ = 0;
     double maximum_ = 0;
-    Triangular drawn_;
 };
 
 class HostMember : public host::Member {
@@ -50,10 +50,10 @@ class HostMember : public host::Member {
     std::shared_ptr<host::Distribution> Distribution(bool create) override;
 
     const std::string& Name() const { return name_; }
-    /// Draws the value of the current iteration, from one number of the stream.
-    void Sample(RandomStream& stream) {
-        if (distribution_) sampled_ = distribution_->Draw(stream.Next());
-    }
+    /// What its values are drawn from, or nullptr.
+    const HostDistribution* Drawn() const { return distribution_.get(); }
+    /// The value drawn for the current iteration.
+    void PutSample(double value) { sampled_ = value; }
 
  private:
     std::weak_ptr<HostGroupCollection> groups_;
@@ -108,13 +108,26 @@ class HostGroupCollection : public host::GroupCollection,
     host::GroupPtr Add(const std::string& name) override;
     void Remove(const std::string& name) override;
     /// In order of creation.
-    std::vector<host::GroupPtr> Enumerate() const { return {groups_.begin(), groups_.end()}; }
+    std::vector<host::GroupPtr> Enumerate() const;
 
     /// Draws every member with a distribution: groups in order of creation, members likewise.
     void Sample(RandomStream& stream);
 
+    /// A distribution has come or changed.
+    void NoteDistributions() { listed_ = false; }
+
  private:
-    std::vector<std::shared_ptr<HostGroup>> groups_;
+    void ListMembers();
+
+    std::map<std::uint64_t, std::shared_ptr<HostGroup>> groups_;  ///< by order of creation
+    std::unordered_map<std::string, std::uint64_t> orderByName_;
+    std::uint64_t created_ = 0;
+
+    /// The members to draw, beside their shapes and the values drawn; made anew where not listed_.
+    bool listed_ = false;
+    std::vector<HostMember*> members_;
+    TriangularColumns shapes_;
+    std::vector<double> drawn_;
 };
 
 }  // namespace refhost

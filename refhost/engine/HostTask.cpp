@@ -24,14 +24,14 @@ class HostUserValues final : public host::UserValues {
 class HostCostItem final : public host::CostItem {
  public:
     HostCostItem(std::shared_ptr<HostPlan> plan, std::size_t item)
-        : plan_(std::move(plan)), item_(item) {}
+        : plan_(std::move(plan)), cost_(plan_->Live().CostOf(item)) {}
 
-    double Cost() override { return plan_->Live().Cost(item_); }
-    void PutCost(double cost) override { plan_->Live().PutCost(item_, cost); }
+    double Cost() override { return *cost_; }
+    void PutCost(double cost) override { plan_->Live().Put(*cost_, cost); }
 
  private:
     std::shared_ptr<HostPlan> plan_;
-    std::size_t item_;
+    double* cost_;
 };
 
 }  // namespace

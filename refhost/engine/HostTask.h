@@ -13,13 +13,17 @@ namespace refhost {
 class HostTask final : public host::Task {
  public:
     HostTask(std::shared_ptr<HostPlan> plan, std::size_t index)
-        : plan_(std::move(plan)), index_(index) {}
+        : plan_(std::move(plan)),
+          index_(index),
+          duration_(plan_->Live().IsSummary(index) ? nullptr : plan_->Live().DurationOf(index)) {}
 
     std::string ID() override { return Data().id; }
     std::string Name() override { return Data().name; }
-    std::int32_t Duration() override { return plan_->Live().Duration(index_); }
+    std::int32_t Duration() override {
+        return duration_ ? *duration_ : plan_->Live().Duration(index_);
+    }
     void PutDuration(std::int32_t duration) override {
-        plan_->Live().PutDuration(index_, duration);
+        if (duration_) plan_->Live().Put(*duration_, duration);
     }
     std::int16_t TaskType() override { return Data().type; }
     std::vector<host::TaskPtr> ChildTasks() override;
@@ -31,6 +35,7 @@ class HostTask final : public host::Task {
 
     std::shared_ptr<HostPlan> plan_;
     std::size_t index_;
+    std::int32_t* duration_;  ///< nullptr for a summary
 };
 
 }  // namespace refhost

@@ -71,6 +71,7 @@ void LivePlan::Recalculate() {
     if (!stale_) return;
     RunSchedule(durations_, costs_);
     stale_ = false;
+    noted_ = false;
     pending_ = {};
 }
 
@@ -85,10 +86,9 @@ void LivePlan::Refresh() {
 }
 
 void LivePlan::RunSchedule(std::span<const std::int32_t> durations, std::span<const double> costs) {
-    finish_ = network_.Schedule(durations);
-    double sum = 0;
-    for (const double cost : costs) sum += cost;
-    cost_ = sum;
+    const Network::Totals totals = network_.Schedule(durations, costs);
+    finish_ = static_cast<std::int64_t>(totals.finish);
+    cost_ = totals.cost;
 }
 
 Minute LivePlan::FinishDate() {
@@ -133,11 +133,12 @@ void LivePlan::BeginIteration(std::span<const std::int32_t> drawn) {
     std::copy(baseCosts_.begin(), baseCosts_.end(), costs_.begin());
     pending_ = drawn;
     stale_ = true;
+    ++changes_;
 }
 
 void LivePlan::RestoreBase() {
-    durations_ = baseDurations_;
-    costs_ = baseCosts_;
+    std::copy(baseDurations_.begin(), baseDurations_.end(), durations_.begin());
+    std::copy(baseCosts_.begin(), baseCosts_.end(), costs_.begin());
     pending_ = {};
     stale_ = true;
     ++changes_;

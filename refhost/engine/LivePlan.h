@@ -26,7 +26,10 @@ class LivePlan {
     PlanData Snapshot() const;
     const PlanData& Data() const { return data_; }
     /// Rises with every change to what a file would hold, and while an analysis runs.
-    std::uint64_t Changes() const { return changes_; }
+    std::uint64_t Changes() const {
+        noted_ = false;
+        return changes_;
+    }
     std::size_t TaskCount() const { return data_.tasks.size(); }
     /// Positions of the tasks directly below one, in plan order.
     const std::vector<std::size_t>& Children(std::size_t task) const { return children_[task]; }
@@ -39,15 +42,20 @@ class LivePlan {
     }
     /// Ignored for a summary.
     void PutDuration(std::size_t task, std::int32_t duration) {
-        if (summary_[task]) return;
-        NoteChange(durations_[task] != duration);
-        durations_[task] = duration;
+        if (!IsSummary(task)) Put(durations_[task], duration);
     }
+    bool IsSummary(std::size_t task) const { return summary_[task] != 0; }
     std::size_t FirstCost(std::size_t task) const { return firstCost_[task]; }
     double Cost(std::size_t item) const { return costs_[item]; }
-    void PutCost(std::size_t item, double cost) {
-        NoteChange(costs_[item] != cost);
-        costs_[item] = cost;
+    void PutCost(std::size_t item, double cost) { Put(costs_[item], cost); }
+    /// Where a value stands for as long as the plan, for an object that reads and puts one often.
+    /// It is written through Put only.
+    std::int32_t* DurationOf(std::size_t task) { return &durations_[task]; }
+    double* CostOf(std::size_t item) { return &costs_[item]; }
+    template <typename Value>
+    void Put(Value& place, Value value) {
+        NoteChange(place != value);
+        place = value;
     }
     void SetText(const std::string& name, const std::string& text);
     void SetUserValue(std::size_t task, const std::string& name, const std::string& text);
@@ -77,6 +85,7 @@ class LivePlan {
     /// Puts every duration and cost back.
     void RestoreBase();
     void SetAnalysis(const AnalysisSettings& settings) {
+        noted_ = false;
         changes_ += data_.analysis != settings;
         data_.analysis = settings;
     }
@@ -85,9 +94,12 @@ class LivePlan {
 
  private:
     std::int32_t SummaryDuration(std::size_t task);
-    /// Without a branch: whether a value differs is chance in an analysis, and costs more to
-    /// guess wrong than to note.
+    /// Once a change is noted the others pass by, until something has happened after which it
+    /// counts again: what three notes say at every put, each waiting for the one before, is the
+    /// same. Whether a value differs is chance in an analysis, and no branch may hang on it.
     void NoteChange(bool changed) {
+        if (noted_) return;
+        noted_ = changed;
         stale_ |= changed;
         data_.analysis.upToDate &= !changed;
         changes_ += changed;
@@ -110,6 +122,9 @@ class LivePlan {
     std::span<const std::int32_t> pending_;
     bool automatic_ = true;
     bool stale_ = true;
+    /// A change of a value is noted in stale_, upToDate and changes_, none of which has been reset
+    /// or read since.
+    mutable bool noted_ = false;
     std::uint64_t changes_ = 0;
     std::int64_t finish_ = 0;
     double cost_ = 0;

@@ -68,7 +68,9 @@ void NetworkCompiler::PassDownGate(std::size_t task) {
     if (parent < 0 || ownNode_[static_cast<std::size_t>(parent)] == kNone) return;
     const std::uint32_t gate = ownNode_[static_cast<std::size_t>(parent)];
     nodes_[ownNode_[task]].startBounds.push_back({gate, false, 0});
-    nodes_[ownNode_[task]].finishBounds.push_back({gate, true, 0});
+    // The gate, which stands earlier in the plan, has all its bounds by now.
+    if (!nodes_[gate].finishBounds.empty())
+        nodes_[ownNode_[task]].finishBounds.push_back({gate, true, 0});
 }
 
 std::uint32_t NetworkCompiler::SourceNode(std::size_t task) {
@@ -148,18 +150,19 @@ void NetworkCompiler::CompileInto(Network& network) {
     const std::vector<std::uint32_t> order = Sorted();
     std::vector<std::uint32_t> stepOfNode(nodes_.size());
     for (std::uint32_t i = 0; i < order.size(); ++i) stepOfNode[order[i]] = i;
-
+    const auto slotOf = [&](const Wait& wait) {
+        return 2 * stepOfNode[wait.node] + (wait.onFinish ? 1u : 0u);
+    };
     const auto append = [&](const std::vector<Wait>& bounds) {
-        for (const Wait& wait : bounds)
-            network.sources_.push_back(
-                {2 * stepOfNode[wait.node] + (wait.onFinish ? 1u : 0u), wait.lag});
+        for (const Wait& wait : bounds) network.sources_.push_back({slotOf(wait), wait.lag});
         return static_cast<std::uint32_t>(network.sources_.size());
     };
     network.stepOf_.assign(plan_.tasks.size(), 0);
+    network.times_.assign(2 * order.size() + 1, 0);  // the last: the first floor, 0
     for (const std::uint32_t n : order) {
         const Node& node = nodes_[n];
         Network::Step step;
-        step.floor = node.floor;
+        step.floor = static_cast<double>(node.floor);
         step.task = node.task;
         step.kind = node.kind;
         step.startEnd = append(node.startBounds);
@@ -167,8 +170,41 @@ void NetworkCompiler::CompileInto(Network& network) {
         if (step.kind == Network::Kind::Ordinary)
             network.stepOf_[step.task] = static_cast<std::uint32_t>(network.steps_.size());
         network.steps_.push_back(step);
+        AddToStretch(network);
     }
-    network.times_.assign(2 * network.steps_.size(), 0);
+}
+
+/// Two bounds without a lag, its floor counted as one, and none on its finish.
+bool NetworkCompiler::IsSimple(const Network::Step& step, std::span<const Network::Source> bounds) {
+    return step.kind == Network::Kind::Ordinary && step.startEnd == step.finishEnd &&
+           bounds.size() + (step.floor > 0 ? 1 : 0) <= 2 &&
+           std::all_of(bounds.begin(), bounds.end(),
+                       [](const Network::Source& source) { return source.lag == 0; });
+}
+
+/// Puts the last step into the last stretch, or into a new one.
+void NetworkCompiler::AddToStretch(Network& network) {
+    const Network::Step& step = network.steps_.back();
+    const auto here = static_cast<std::uint32_t>(network.steps_.size() - 1);
+    const std::uint32_t sources = here == 0 ? 0 : network.steps_[here - 1].finishEnd;
+    const std::span<const Network::Source> bounds(network.sources_.begin() + sources,
+                                                  network.sources_.end());
+    const bool simple = IsSimple(step, bounds);
+    const auto slot = [&](std::size_t bound) {
+        if (bound < bounds.size()) return bounds[bound].slot;
+        if (network.times_.back() != step.floor) network.times_.push_back(step.floor);
+        return static_cast<std::uint32_t>(network.times_.size() - 1);
+    };
+    network.simple_.push_back(simple ? Network::SimpleStep{slot(0), slot(1)}
+                                     : Network::SimpleStep{});
+
+    std::vector<Network::Stretch>& stretches = network.stretches_;
+    const bool goesOn =
+        !stretches.empty() && (!simple || (stretches.back().simpleEnd == here &&
+                                           network.steps_[here - 1].task + 1 == step.task));
+    if (!goesOn) stretches.push_back({step.task, here, here});
+    if (simple) stretches.back().simpleEnd = here + 1;
+    stretches.back().end = here + 1;
 }
 
 std::string NetworkCompiler::Label(std::size_t task) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -41,6 +42,8 @@ class NetworkCompiler {
     std::uint32_t ResultNode(std::size_t summary);
     std::vector<std::uint32_t> Sorted() const;
     [[noreturn]] void RefuseLoop(const std::vector<std::uint32_t>& waiting) const;
+    static bool IsSimple(const Network::Step& step, std::span<const Network::Source> bounds);
+    static void AddToStretch(Network& network);
     std::string Label(std::size_t task) const;
 
     const PlanData& plan_;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace refhost {
 
@@ -21,16 +23,13 @@ class Triangular {
 
     /// With F = (ml - lo)/(hi - lo): lo + sqrt(u(hi - lo)(ml - lo)) when u < F, otherwise
     /// hi - sqrt((1 - u)(hi - lo)(hi - ml)). Free of branches: which side u falls on cannot be
-    /// predicted, and a missed branch costs more than the square root.
+    /// predicted, and a missed branch costs more than the square root. Sides are chosen by bit
+    /// masks: of conditional expressions compilers make a square root for each side.
     static double Draw(double u, double lo, double ml, double hi, double threshold) {
-        const double toMode = ml - lo;
-        const double fromMode = hi - ml;
-        const double rest = 1 - u;
-        const bool left = u < threshold;
-        const double root = std::sqrt((left ? u : rest) * (hi - lo) * (left ? toMode : fromMode));
-        const double above = lo + root;
-        const double below = hi - root;
-        return left ? above : below;
+        const std::uint64_t left = 0 - static_cast<std::uint64_t>(u < threshold);
+        const double root =
+            std::sqrt(Select(left, u, 1 - u) * (hi - lo) * Select(left, ml - lo, hi - ml));
+        return Select(left, lo, hi) + Select(left, root, -root);
     }
 
     double Low() const { return lo_; }
@@ -45,6 +44,12 @@ class Triangular {
     }
 
  private:
+    /// `a` where the mask's bits are set, `b` where they are not.
+    static double Select(std::uint64_t mask, double a, double b) {
+        return std::bit_cast<double>((std::bit_cast<std::uint64_t>(a) & mask) |
+                                     (std::bit_cast<std::uint64_t>(b) & ~mask));
+    }
+
     double lo_ = 0;
     double hi_ = 0;
     double ml_ = 0;

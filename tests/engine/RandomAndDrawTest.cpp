@@ -5,6 +5,7 @@
 #include <random>
 
 #include "refhost/engine/DurationSampler.h"
+#include "refhost/engine/HostGroups.h"
 #include "refhost/engine/Statistics.h"
 #include "refhost/engine/Triangular.h"
 #include "util/Errors.h"
@@ -94,6 +95,38 @@ TEST(DurationSampler, RefusesADistributionThatADurationCannotHold) {
     } catch (const kestrel::ArithmeticError& error) {
         EXPECT_NE(std::string(error.what()).find("2 - Dredging"), std::string::npos);
     }
+}
+
+TEST(Groups, DrawEveryMemberInOrderOfCreationAsGroupsAndShapesAreNow) {
+    const auto groups = std::make_shared<HostGroupCollection>();
+    const auto add = [&](const char* group, const char* name, double low) {
+        if (!groups->Item(group)) groups->Add(group);
+        const auto member = groups->Item(group)->Members()->Add(name);
+        const auto shape = member->Distribution(true);
+        shape->PutMinimum(low);
+        shape->PutMostLikely(low);
+        shape->PutMaximum(low + 1);
+        return member;
+    };
+    const auto late = add("Z", "1", 0), other = add("A", "1", 100), last = add("Z", "2", 200);
+    groups->Item("A")->Members()->Add("no distribution");
+    RandomStream stream(7), same(7);
+    const auto expectDrawn = [&](const host::MemberPtr& member, double low) {
+        EXPECT_EQ(member->SampledValue(), Triangular(low, low, low + 1).Draw(same.Next())) << low;
+    };
+    groups->Sample(stream);
+    expectDrawn(late, 0);
+    expectDrawn(last, 200);
+    expectDrawn(other, 100);
+    groups->Remove("Z");
+    other->Distribution(false)->PutMaximum(501);
+    other->Distribution(false)->PutMostLikely(500);
+    other->Distribution(false)->PutMinimum(500);
+    const auto added = add("Z", "1", 300);
+    groups->Sample(stream);
+    expectDrawn(other, 500);
+    expectDrawn(added, 300);
+    EXPECT_THROW(groups->Remove("removed"), kestrel::HostError);
 }
 
 TEST(Percentile, InterpolatesBetweenOrderStatistics) {

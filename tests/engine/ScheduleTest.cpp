@@ -119,6 +119,37 @@ TEST(Schedule, PlacesEveryTaskByItsLinksAndConstraints) {
              .Task("B", 30, 1)
              .Task("C", 60, 1),
          {{0, 100}, {40, 100}, {70, 100}, {40, 100}}},
+        {"a finish link to a summary holds at any depth, through a summary with a link of its own",
+         PlanBuilder()
+             .Task("A", 100)
+             .Summary("S")
+             .From("A", FinishToFinish)
+             .Summary("T", 1)
+             .From("A", StartToStart, 80)
+             .Task("B", 30, 2),
+         {{0, 100}, {80, 110}, {80, 110}, {80, 110}}},
+        {"a date and a link, two links and a date, the later of each",
+         PlanBuilder()
+             .Task("A", 100)
+             .Task("B", 10)
+             .From("A", FinishToStart)
+             .NoEarlierThan(kMonday + 60)
+             .Task("C", 10)
+             .From("A", FinishToStart)
+             .From("B", FinishToStart)
+             .NoEarlierThan(kMonday + 120)
+             .Summary("S")
+             .Task("D", 10, 3)
+             .NoEarlierThan(kMonday + 30),
+         {{0, 100}, {100, 110}, {120, 130}, {30, 40}, {30, 40}}},
+        {"nothing starts before the plan, not after tasks that end before it",
+         PlanBuilder()
+             .Task("A", -50)
+             .Task("B", -20)
+             .Task("C", 10)
+             .From("A", FinishToStart)
+             .From("B", FinishToStart),
+         {{0, -50}, {0, -20}, {0, 10}}},
         {"a date on a summary holds below it",
          PlanBuilder().Summary("S").NoEarlierThan(kMonday + 60).Task("A", 10, 0),
          {{60, 70}, {60, 70}}},
@@ -225,6 +256,14 @@ TEST(LivePlan, AnyChangeMakesResultsOutOfDateAndTheSameValueIsNone) {
         {"an empty text that was none", [](LivePlan& p) { p.SetText("X", ""); }, true},
         {"a text", [](LivePlan& p) { p.SetText("X", "y"); }, false},
         {"a field", [](LivePlan& p) { p.SetUserValue(0, "X", "y"); }, false},
+        {"a change after one that was declared up to date",
+         [](LivePlan& p) {
+             const AnalysisSettings before = p.Data().analysis;
+             p.PutCost(0, 11);
+             p.SetAnalysis(before);
+             p.PutCost(0, 12);
+         },
+         false},
         {"suspending",
          [](LivePlan& p) {
              p.PutAutoCalculate(false);
@@ -237,8 +276,14 @@ TEST(LivePlan, AnyChangeMakesResultsOutOfDateAndTheSameValueIsNone) {
         AnalysisSettings settings;
         settings.upToDate = true;
         plan.SetAnalysis(settings);
+        const std::uint64_t before = plan.Changes();
         row.change(plan);
         EXPECT_EQ(plan.ResultsUpToDate(), row.stillUpToDate) << row.what;
+        const std::uint64_t after = plan.Changes();
+        EXPECT_EQ(after == before, row.stillUpToDate) << row.what;
+        plan.PutDuration(0, 7);
+        EXPECT_GT(plan.Changes(), after) << row.what;
+        EXPECT_EQ(plan.FinishDate(), kMonday + 7) << row.what;
     }
 }
 
