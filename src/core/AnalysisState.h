@@ -47,6 +47,7 @@ struct AnalysisState {
 
     std::vector<double> randomNumbers;  ///< per factor: the number drawn in this iteration
     std::vector<Impact> impacts;        ///< per factor: its impact in this iteration
+    std::vector<Impact> combined;       ///< per factor task: what its factors make together
 
     std::vector<double> ProjectFinishSamples;  ///< plan finish of each iteration, day serials
     std::vector<double> ProjectCostSamples;    ///< plan cost of each iteration

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <stdexcept>
-#include <vector>
 
 namespace kestrel {
 
@@ -25,6 +25,10 @@ class ImpactHistory {
         values_.push_back(value);
     }
 
+    /// One value an iteration, each standing for Visits() elements.
+    const std::deque<double>& Values() const { return values_; }
+    std::int32_t Visits() const { return repeat_; }
+
     std::size_t Count() const { return values_.size() * static_cast<std::size_t>(repeat_); }
 
     /// The element at index `i` from 0; raises std::out_of_range beyond the last.
@@ -33,7 +37,7 @@ class ImpactHistory {
     }
 
  private:
-    std::vector<double> values_;
+    std::deque<double> values_;  // grows without moving what it holds
     std::int32_t repeat_ = 0;
 };
 

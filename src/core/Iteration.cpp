@@ -53,6 +53,32 @@ Impact Combine(const Impact* impacts, std::span<const std::uint32_t> series,
     return {std::max(inSeries.duration, inParallel.duration), inSeries.cost * inParallel.cost};
 }
 
+/// Both multipliers of every factor task, apart from the host calls: after each of those
+/// everything would have to be read again.
+void CombineImpacts(AnalysisState& state) {
+    const Impact* const impacts = state.impacts.data();
+    const std::uint32_t* factors = state.groupFactors.data();
+    const std::uint32_t* const all = factors;
+    for (std::size_t i = 0; i < state.factorTasks.size(); ++i) {
+        const FactorTask& entry = state.factorTasks[i];
+        const std::span series{factors, all + entry.seriesEnd};
+        const std::span parallel{all + entry.seriesEnd, all + entry.parallelEnd};
+        Impact& combined = state.combined[i];
+        if (!entry.ordinary) {
+            combined = {};
+        } else if (series.size() + parallel.size() == 2) {  // most tasks: without loops
+            const Impact first = impacts[factors[0]];
+            const Impact second = impacts[factors[1]];
+            combined.duration = series.size() == 2 ? first.duration * second.duration
+                                                   : std::max(first.duration, second.duration);
+            combined.cost = first.cost * second.cost;
+        } else {
+            combined = Combine(impacts, series, parallel);
+        }
+        factors = all + entry.parallelEnd;
+    }
+}
+
 [[noreturn]] void RefuseDuration(host::Task& task, double scaled) {
     throw ArithmeticError("Task " + TaskLabel(task) + " would last " +
                           GeneralText(Checked(scaled)) +
@@ -76,29 +102,27 @@ void WriteLog(modGlobals& globals, const FactorTask& entry, std::span<const std:
     entry.task->UserValues()->PutItem(kIterationsField, log.Text(duration, tellCosts));
 }
 
-/// Writes the task's costs from the costs before the analysis; `position` runs over all tasks.
-void PutCosts(AnalysisState& state, std::size_t& position, std::uint32_t end, double multiplier) {
-    for (; position < end; ++position)
-        state.costItems[position]->PutCost(Checked(state.baseCosts[position] * multiplier));
-}
-
 void ApplyToTasks(modGlobals& globals) {
     AnalysisState& state = globals.analysis;
-    const std::uint32_t* factors = state.groupFactors.data();
-    std::size_t groupStart = 0;
-    std::size_t costPosition = 0;
+    CombineImpacts(state);
+    const Impact* combined = state.combined.data();
+    const std::uint32_t* const factors = state.groupFactors.data();
+    const std::shared_ptr<host::CostItem>* const costItems = state.costItems.data();
+    const double* const baseCosts = state.baseCosts.data();  // paired by running position
+    const bool log = state.logIterations;
+    std::uint32_t group = 0;
+    std::uint32_t cost = 0;
     for (const FactorTask& entry : state.factorTasks) {
-        const std::span series{factors + groupStart, factors + entry.seriesEnd};
-        const std::span parallel{factors + entry.seriesEnd, factors + entry.parallelEnd};
-        groupStart = entry.parallelEnd;
         const std::int32_t duration = entry.task->Duration();
-        Impact combined;
-        if (entry.ordinary) combined = Combine(state.impacts.data(), series, parallel);
-        PutScaledDuration(*entry.task, duration, combined.duration);
-        if (state.logIterations)
-            WriteLog(globals, entry, series, parallel, duration, combined.cost,
-                     costPosition < entry.costEnd);
-        PutCosts(state, costPosition, entry.costEnd, combined.cost);
+        PutScaledDuration(*entry.task, duration, combined->duration);
+        if (log)
+            WriteLog(globals, entry, {factors + group, factors + entry.seriesEnd},
+                     {factors + entry.seriesEnd, factors + entry.parallelEnd}, duration,
+                     combined->cost, cost < entry.costEnd);
+        for (; cost < entry.costEnd; ++cost)
+            costItems[cost]->PutCost(Checked(baseCosts[cost] * combined->cost));
+        group = entry.parallelEnd;
+        ++combined;
     }
 }
 

@@ -176,6 +176,7 @@ void PrepareAnalysis(modGlobals& globals, const host::PlanPtr& plan) {
     state.summary = plan->SummaryTask();
     state.randomNumbers.resize(globals.RiskFactors.size());
     state.impacts.resize(globals.RiskFactors.size());
+    state.combined.resize(state.factorTasks.size());
     activePlan->PutAutoCalculate(true);
 }
 

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <array>
+#include <span>
+
 #include "core/modAnalysis.h"
 #include "core/modPearsons.h"
 
@@ -11,11 +15,16 @@ struct ProjectSeries {
           mean(CollectionMean(values)),
           deviation(CollectionStdDev(values, mean)) {}
 
-    double CorrelationWith(const ImpactHistory& history) {
+    using Histories = std::span<const ImpactHistory* const>;
+    std::array<PearsonSums, kSideBySide> SumsWith(Histories histories) {
+        return CollectionPearson(samples, histories, mean, rows);
+    }
+    double CorrelationWith(const ImpactHistory& history, const PearsonSums& sums) const {
         if (samples.empty() || history.Count() == 0) return 0;
-        return CollectionPearson(samples, history, true, mean, deviation);
+        return sums.Correlation(samples.size(), deviation);
     }
 
+    std::vector<double> rows;
     const std::vector<double>& samples;
     double mean;
     double deviation;
@@ -27,10 +36,22 @@ void CalculateSensitivities(modGlobals& globals) {
     globals.application->PutBusy(true);
     ProjectSeries finish(globals.analysis.ProjectFinishSamples);
     ProjectSeries cost(globals.analysis.ProjectCostSamples);
-    for (const auto& factor : globals.RiskFactors) {
-        globals.application->PutStatusText(factor->strDescription);
-        factor->dblDurSens = finish.CorrelationWith(factor->m_colValues);
-        factor->m_dCostSens = cost.CorrelationWith(factor->m_colValuesC);
+    const std::span factors(globals.RiskFactors);
+    for (std::size_t first = 0; first < factors.size(); first += kSideBySide) {
+        const auto block = factors.subspan(first, std::min(kSideBySide, factors.size() - first));
+        std::vector<const ImpactHistory*> durations, costs;
+        for (const auto& factor : block) {
+            durations.push_back(&factor->m_colValues);
+            costs.push_back(&factor->m_colValuesC);
+        }
+        const auto finishSums = finish.SumsWith(durations);
+        const auto costSums = cost.SumsWith(costs);
+        for (std::size_t k = 0; k < block.size(); ++k) {
+            clsRiskFactor& factor = *block[k];
+            globals.application->PutStatusText(factor.strDescription);
+            factor.dblDurSens = finish.CorrelationWith(factor.m_colValues, finishSums[k]);
+            factor.m_dCostSens = cost.CorrelationWith(factor.m_colValuesC, costSums[k]);
+        }
     }
     globals.application->PutBusy(false);
 }

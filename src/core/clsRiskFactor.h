@@ -63,8 +63,8 @@ class clsRiskFactor {
 
     /// This iteration's multipliers: 1 and 1 unless the factor is applied.
     void GetRiskImpact(double& duration, double& cost) const {
-        duration = applied_ ? durationMultiplier_ : 1.0;
-        cost = applied_ ? costMultiplier_ : 1.0;
+        duration = durationMultiplier_;
+        cost = costMultiplier_;
     }
 
     /// Resets every stored field to its default, then reads the children of a `RiskFactor`
@@ -77,7 +77,7 @@ class clsRiskFactor {
 
  private:
     bool applied_ = false;
-    double durationMultiplier_ = 1.0;
+    double durationMultiplier_ = 1.0;  ///< 1 unless applied, as the cost's
     double costMultiplier_ = 1.0;
 };
 

@@ -1,6 +1,7 @@
 #include "core/modPearsons.h"
 
 #include <cmath>
+#include <stdexcept>
 
 #include "util/Checked.h"
 
@@ -12,6 +13,14 @@ double ArrayMean(const std::vector<double>& values, std::size_t n) {
     return Checked(Checked(sum) / static_cast<double>(n));
 }
 
+namespace {
+
+double DeviationOf(double squares, std::size_t n) {
+    return Checked(std::sqrt(Checked(squares) / static_cast<double>(n - 1)));
+}
+
+}  // namespace
+
 double ArrayStdDev(const std::vector<double>& values, std::size_t n, const double& mean) {
     if (n < 2) return 0;
     double sum = 0;
@@ -19,7 +28,7 @@ double ArrayStdDev(const std::vector<double>& values, std::size_t n, const doubl
         const double deviation = values.at(i) - mean;
         sum += deviation * deviation;
     }
-    return Checked(std::sqrt(Checked(sum) / static_cast<double>(n - 1)));
+    return DeviationOf(sum, n);
 }
 
 double ArrayPearson(const std::vector<double>& x, const std::vector<double>& y, std::size_t n,
@@ -29,19 +38,33 @@ double ArrayPearson(const std::vector<double>& x, const std::vector<double>& y, 
         meanX = ArrayMean(x, n);
         deviationX = ArrayStdDev(x, n, meanX);
     }
-    const double meanY = ArrayMean(y, n);
-    const double deviationY = ArrayStdDev(y, n, meanY);
+    PearsonSums sums;
+    for (std::size_t i = 0; i < n; ++i) sums.sum += y.at(i);
+    const double meanY = sums.sum / static_cast<double>(n);
+    for (std::size_t i = 0; i < n; ++i) {
+        const double deviation = y[i] - meanY;
+        sums.squares += deviation * deviation;
+        sums.products += deviation * (x.at(i) - meanX);
+    }
+    return sums.Correlation(n, deviationX);
+}
+
+double PearsonSums::Correlation(std::size_t n, double deviationX) const {
+    if (n <= 1) return 1;
+    Checked(sum);
+    const double deviationY = DeviationOf(squares, n);
     if (deviationX == 0 || deviationY == 0) return 0;
-    double sum = 0;
-    for (std::size_t i = 0; i < n; ++i) sum += (y.at(i) - meanY) * (x.at(i) - meanX);
-    const double covariance = Checked(sum) / static_cast<double>(n - 1);
+    const double covariance = Checked(products) / static_cast<double>(n - 1);
     return Checked(covariance / Checked(deviationY * deviationX));
 }
 
-std::vector<double> CollectionToArray(const ImpactHistory& history, std::size_t count) {
-    std::vector<double> values(count);
-    for (std::size_t i = 0; i < count; ++i) values[i] = history.At(i);
-    return values;
+void CollectionToArray(const ImpactHistory& history, std::size_t count, double* to,
+                       std::size_t stride) {
+    if (count > history.Count()) throw std::out_of_range("a history is shorter than the series");
+    auto value = history.Values().begin();
+    for (std::size_t i = 0; i < count; ++value)
+        for (std::int32_t visit = 0; visit < history.Visits() && i < count; ++visit, ++i)
+            to[i * stride] = *value;
 }
 
 double CollectionMean(const std::vector<double>& collection) {
@@ -52,9 +75,30 @@ double CollectionStdDev(const std::vector<double>& collection, const double& mea
     return ArrayStdDev(collection, collection.size(), mean);
 }
 
-double CollectionPearson(const std::vector<double>& x, const ImpactHistory& y, bool xKnown,
-                         double& meanX, double& deviationX) {
-    return ArrayPearson(x, CollectionToArray(y, x.size()), x.size(), xKnown, meanX, deviationX);
+std::array<PearsonSums, kSideBySide> CollectionPearson(
+    const std::vector<double>& x, std::span<const ImpactHistory* const> histories, double meanX,
+    std::vector<double>& rows) {
+    const std::size_t n = x.size();
+    rows.assign(n * kSideBySide, 0.0);
+    for (std::size_t k = 0; k < histories.size(); ++k)
+        if (histories[k]->Count() > 0)
+            CollectionToArray(*histories[k], n, rows.data() + k, kSideBySide);
+
+    std::array<PearsonSums, kSideBySide> sums;
+    for (const double* row = rows.data(); row != rows.data() + rows.size(); row += kSideBySide)
+        for (std::size_t k = 0; k < kSideBySide; ++k) sums[k].sum += row[k];
+    std::array<double, kSideBySide> means;
+    for (std::size_t k = 0; k < kSideBySide; ++k) means[k] = sums[k].sum / static_cast<double>(n);
+    const double* row = rows.data();
+    for (std::size_t i = 0; i < n; ++i, row += kSideBySide) {
+        const double deviationX = x[i] - meanX;
+        for (std::size_t k = 0; k < kSideBySide; ++k) {
+            const double deviation = row[k] - means[k];
+            sums[k].squares += deviation * deviation;
+            sums[k].products += deviation * deviationX;
+        }
+    }
+    return sums;
 }
 
 }  // namespace kestrel

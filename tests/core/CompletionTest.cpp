@@ -30,14 +30,36 @@ TEST(Pearson, CorrelatesAndGivesTheFixedAnswersOfDegenerateSeries) {
         << "a deviation that is known is not computed again";
 }
 
+TEST(Pearson, OfHistoriesSideBySideIsThatOfEachAlone) {
+    const std::vector<double> finish{46040.7, 46041.3, 46055.1, 46043.9, 46040.2};
+    std::array<ImpactHistory, kSideBySide> histories;
+    std::array<std::vector<double>, kSideBySide> elements;
+    for (std::size_t k = 0; k < kSideBySide; ++k)
+        for (std::size_t i = 0; k != 2 && elements[k].size() < finish.size(); ++i) {
+            const double value = 1 + 0.1 * static_cast<double>((7 * i + k) % 5);
+            histories[k].Append(value, static_cast<std::int32_t>(k) + 1);
+            elements[k].insert(elements[k].end(), k + 1, value);
+        }
+    std::array<const ImpactHistory*, kSideBySide> block;
+    for (std::size_t k = 0; k < kSideBySide; ++k) block[k] = &histories[k];
+    double mean = ArrayMean(finish, 5), deviation = ArrayStdDev(finish, 5, mean);
+    std::vector<double> rows;
+    const auto sums = CollectionPearson(finish, block, mean, rows);
+    for (const std::size_t k : {0, 1, 3})
+        EXPECT_EQ(sums[k].Correlation(5, deviation),
+                  ArrayPearson(finish, elements[k], 5, true, mean, deviation))
+            << k;
+}
+
 TEST(Pearson, RaisesInsteadOfLettingGoAFigureThatIsNotFinite) {
     EXPECT_THROW(ArrayMean({}, 0), ArithmeticError);
     EXPECT_THROW(ArrayMean({1e308, 1e308}, 2), ArithmeticError);
     EXPECT_THROW(ArrayStdDev({1e200, -1e200}, 2, 0), ArithmeticError);
     ImpactHistory history;
     history.Append(1.1, 2);
-    double mean = 2, deviation = 1;
-    EXPECT_THROW(CollectionPearson({1, 2, 3}, history, true, mean, deviation), std::out_of_range);
+    const ImpactHistory* const histories[] = {&history};
+    std::vector<double> rows;
+    EXPECT_THROW(CollectionPearson({1, 2, 3}, histories, 2, rows), std::out_of_range);
 }
 
 /// Three iterations with factor 1 on two tasks, factor 2 on none.
