@@ -5,7 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "host/clsSchedulon.h"
 #include "platform/posix/PosixDesktop.h"
 #include "refhost/engine/Analysis.h"

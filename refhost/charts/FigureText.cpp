@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "util/NumberText.h"
+#include "base/NumberText.h"
 
 namespace refhost {
 namespace {

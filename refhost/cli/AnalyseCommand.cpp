@@ -2,6 +2,7 @@
 #include <limits>
 #include <memory>
 
+#include "base/Errors.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/charts/FinishDistribution.h"
 #include "refhost/cli/AddIn.h"
@@ -14,7 +15,6 @@
 #include "refhost/cli/Session.h"
 #include "refhost/cli/ShowCommand.h"
 #include "refhost/cli/TraceWriter.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

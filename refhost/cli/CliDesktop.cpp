@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "refhost/cli/Output.h"
+#include "refhost/cli/System.h"
 
 namespace refhost {
 

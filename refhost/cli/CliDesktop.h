@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "refhost/cli/System.h"
+#include "platform/SystemDesktop.h"
 
 namespace refhost {
 
 /// The desktop of a command-line run: file dialogs and questions are answered by what the command
 /// line says; messages are collected for the command to tell, or go to standard error. Nothing of
 /// the user's other programs is touched.
-class CliDesktop : public SystemDesktop {
+class CliDesktop : public kestrel::SystemDesktop {
  public:
     std::string fileToOpen;  ///< what the next open dialog answers; empty cancels it
     std::string fileToSave;  ///< what the save dialog answers

@@ -3,7 +3,7 @@
 #include <exception>
 #include <iostream>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace refhost {
 namespace {

@@ -1,10 +1,10 @@
 #include "refhost/cli/FactorTracker.h"
 
-#include "core/Occurrence.h"
-#include "core/modAnalysis.h"
+#include "base/Errors.h"
+#include "core/analysis/modAnalysis.h"
+#include "core/model/Occurrence.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

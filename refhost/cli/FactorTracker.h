@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "refhost/engine/ReferenceHost.h"
 
 namespace refhost {

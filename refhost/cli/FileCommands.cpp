@@ -1,6 +1,7 @@
 #include <iostream>
 #include <utility>
 
+#include "base/Errors.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/LinkedAddIn.h"
@@ -8,7 +9,6 @@
 #include "refhost/cli/Session.h"
 #include "store/RegisterDocument.h"
 #include "ui/editor/frmEditRiskFactors.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "util/Checked.h"
+#include "base/Checked.h"
 
 namespace refhost {
 

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

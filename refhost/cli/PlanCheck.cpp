@@ -2,13 +2,13 @@
 
 #include <set>
 
-#include "core/clsRiskFactor.h"
+#include "base/Errors.h"
+#include "base/NumberText.h"
+#include "core/model/clsRiskFactor.h"
 #include "refhost/engine/LivePlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
-#include "store/modXmlToolbox.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
+#include "util/modXmlToolbox.h"
 
 namespace refhost {
 namespace {

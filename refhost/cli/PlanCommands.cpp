@@ -1,13 +1,13 @@
 #include <algorithm>
 #include <iostream>
 
+#include "base/Errors.h"
+#include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Session.h"
 #include "store/TaskField.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
 #include "util/modToolBox.h"
 
 namespace refhost {

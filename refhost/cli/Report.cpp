@@ -4,11 +4,11 @@
 #include <cmath>
 #include <numeric>
 
-#include "core/modPearsons.h"
+#include "base/NumberText.h"
+#include "core/analysis/modPearsons.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/cli/Json.h"
 #include "refhost/cli/Table.h"
-#include "util/NumberText.h"
 
 namespace refhost {
 namespace {

@@ -2,8 +2,9 @@
 
 #include <iostream>
 
+#include "base/Errors.h"
 #include "refhost/cli/Output.h"
-#include "util/Errors.h"
+#include "refhost/cli/System.h"
 
 namespace refhost {
 

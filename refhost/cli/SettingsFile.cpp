@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
 #include "refhost/cli/System.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

@@ -3,13 +3,13 @@
 #include <iostream>
 #include <limits>
 
+#include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Table.h"
 #include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartSvg.h"
-#include "util/NumberText.h"
 
 namespace refhost {
 namespace {

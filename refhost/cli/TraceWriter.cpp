@@ -1,6 +1,6 @@
 #include "refhost/cli/TraceWriter.h"
 
-#include "core/modAnalysis.h"
+#include "core/analysis/modAnalysis.h"
 
 namespace refhost {
 

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "base/Checked.h"
+#include "base/NumberText.h"
 #include "refhost/engine/VectorClones.h"
-#include "util/Checked.h"
-#include "util/NumberText.h"
 
 namespace refhost {
 namespace {

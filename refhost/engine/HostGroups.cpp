@@ -1,7 +1,7 @@
 #include "refhost/engine/HostGroups.h"
 
+#include "base/Errors.h"
 #include "refhost/engine/VectorClones.h"
-#include "util/Errors.h"
 
 namespace refhost {
 

@@ -1,7 +1,7 @@
 #include "refhost/engine/HostPlan.h"
 
+#include "base/Errors.h"
 #include "refhost/engine/HostTask.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace refhost {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <queue>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace refhost {
 

@@ -1,6 +1,6 @@
 #include "refhost/engine/ReferenceHost.h"
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace refhost {
 

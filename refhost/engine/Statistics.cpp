@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/modPearsons.h"
+#include "core/analysis/modPearsons.h"
 
 namespace refhost {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace refhost {
 namespace {

@@ -1,7 +1,7 @@
 #include "refhost/files/PlanFile.h"
 
+#include "base/Errors.h"
 #include "refhost/files/PlanReader.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

@@ -1,7 +1,7 @@
 #include "refhost/files/ProjectText.h"
 
+#include "base/NumberText.h"
 #include "refhost/files/ValueText.h"
-#include "util/NumberText.h"
 
 namespace refhost {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
-#include "util/Errors.h"
-#include "util/NumberText.h"
+#include "base/Errors.h"
+#include "base/NumberText.h"
 
 namespace refhost {
 namespace {

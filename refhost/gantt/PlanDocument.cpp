@@ -1,9 +1,9 @@
 #include "refhost/gantt/PlanDocument.h"
 
+#include "base/Errors.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/PlanFigures.h"
 #include "refhost/gantt/frmSaveChanges.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/NumberText.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/charts/FinishDistribution.h"
 #include "refhost/engine/Statistics.h"
-#include "util/NumberText.h"
 
 namespace refhost {
 namespace {

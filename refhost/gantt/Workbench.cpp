@@ -1,11 +1,11 @@
 #include "refhost/gantt/Workbench.h"
 
+#include "base/Errors.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/engine/Statistics.h"
 #include "refhost/gantt/AnalysisProgress.h"
 #include "refhost/gantt/frmResults.h"
 #include "refhost/gantt/frmRunAnalysis.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

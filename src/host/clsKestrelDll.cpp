@@ -2,11 +2,11 @@
 
 #include <utility>
 
+#include "base/Errors.h"
 #include "ui/assignment/frmAssignRisk.h"
 #include "ui/assignment/frmAssignRiskAdvanced.h"
 #include "ui/driving_risks/frmTornado.h"
 #include "ui/options/frmLoadRiskFactors.h"
-#include "util/Errors.h"
 #include "util/Trapped.h"
 #include "util/modLocale.h"
 

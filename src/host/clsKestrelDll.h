@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "host/clsSchedulon.h"
 #include "host/modMain.h"
 #include "ui/controls/FormRunner.h"

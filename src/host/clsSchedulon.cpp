@@ -1,11 +1,11 @@
 #include "host/clsSchedulon.h"
 
-#include "core/modAnalysis.h"
+#include "base/Errors.h"
+#include "core/analysis/modAnalysis.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
 #include "store/modSettings.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

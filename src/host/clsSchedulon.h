@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "host/HostModel.h"
 
 namespace kestrel {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "ui/controls/FormRunner.h"
 
 /// The dispatcher: what each command word runs, and under which preconditions.

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 /// The sentences of what can go wrong with a whole file, the same on every system.
 namespace kestrel {

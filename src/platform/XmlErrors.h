@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/XmlDom.h"
-#include "util/Errors.h"
 
 /// The sentences of what can be wrong with a document, the same for every parser.
 namespace kestrel {

@@ -1,6 +1,6 @@
+#include "base/Errors.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlDom.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

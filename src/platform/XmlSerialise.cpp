@@ -1,8 +1,8 @@
 #include <utility>
 
+#include "base/Errors.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlDom.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

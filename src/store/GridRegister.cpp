@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "base/NumberText.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
-#include "util/NumberText.h"
 
 namespace kestrel {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/modGlobals.h"
-#include "ui/controls/GridTable.h"
+#include "core/model/modGlobals.h"
+#include "util/GridTable.h"
 
 /// The editor's grid as the register: row 0 holds the headers, the last row is the entry row, and
 /// row r between them is risk factor number r.

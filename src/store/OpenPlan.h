@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/modGlobals.h"
-#include "util/Errors.h"
+#include "base/Errors.h"
+#include "core/model/modGlobals.h"
 
 namespace kestrel {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "base/Errors.h"
 #include "store/TaskField.h"
-#include "store/modXmlToolbox.h"
-#include "util/Errors.h"
+#include "util/modXmlToolbox.h"
 
 namespace kestrel {
 namespace {

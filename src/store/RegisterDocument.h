@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "platform/XmlDom.h"
 
 /// The register as a document, kept in the plan text "RiskFactors".

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "util/Errors.h"
-#include "util/NumberText.h"
+#include "base/Errors.h"
+#include "base/NumberText.h"
 
 namespace kestrel {
 namespace {

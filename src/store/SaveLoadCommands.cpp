@@ -2,14 +2,14 @@
 
 #include <string>
 
+#include "base/Errors.h"
+#include "base/NumberText.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
-#include "store/modXmlToolbox.h"
-#include "ui/browse/frmBrowse.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
 #include "util/Trapped.h"
+#include "util/frmBrowse.h"
+#include "util/modXmlToolbox.h"
 
 namespace kestrel {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 
 /// The "save" and "load" commands: the register and the assignments of the active plan against
 /// an assignments file (`RiskFactors` with `RiskFactor` and `Task` children). Both ask for the

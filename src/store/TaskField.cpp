@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Errors.h"
 #include "store/RiskList.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

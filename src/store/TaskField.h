@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "host/HostModel.h"
 #include "store/RiskList.h"
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/Desktop.h"
-#include "util/Errors.h"
 
 /// The outermost frame of command and button handlers. Both traps end a handler on a host call
 /// that fails (HostError) or a document or number that cannot be read (DataError) and answer

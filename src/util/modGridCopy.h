@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
-#include "ui/controls/GridTable.h"
+#include "util/GridTable.h"
 
 /// A grid's cells as text on the clipboard: every cell is followed by a tab, every row by a line
 /// break (CR LF). The fixed column is left out.

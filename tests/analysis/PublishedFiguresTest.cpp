@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/modPearsons.h"
+#include "core/analysis/modPearsons.h"
 #include "host/clsSchedulon.h"
 #include "refhost/engine/Analysis.h"
 #include "refhost/engine/Statistics.h"

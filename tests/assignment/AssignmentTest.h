@@ -1,7 +1,7 @@
 #pragma once
 
 #include "support/AddInTest.h"
-#include "ui/controls/Colour.h"
+#include "util/Colour.h"
 
 namespace kestrel::test {
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "TestPaths.h"
 #include "platform/Files.h"
 #include "support/TemporaryFolder.h"
 
@@ -31,7 +32,8 @@ class Workplace {
     /// Runs `kestrel` in the folder, words as a shell takes them, settings of its own.
     RunResult Run(const std::string& words) const {
         const std::string command = "cd '" + Path("") + "' && XDG_CONFIG_HOME='" + Path("") +
-                                    "' '" KESTREL_BINARY "' " + words + " </dev/null >.out 2>.err";
+                                    "' '" KESTREL_BINARY_DIR "/kestrel' " + words +
+                                    " </dev/null >.out 2>.err";
         const int status = std::system(command.c_str());
         RunResult result;
         result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "TestPaths.h"
 #include "util/modToolBox.h"
 
 namespace refhost::test {

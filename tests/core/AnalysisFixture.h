@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/modAnalysis.h"
+#include "core/analysis/modAnalysis.h"
 #include "host/clsSchedulon.h"
 #include "store/RegisterDocument.h"
 #include "support/FakeDesktop.h"

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "core/AnalysisFixture.h"
-#include "core/modPearsons.h"
+#include "core/analysis/modPearsons.h"
 
 namespace kestrel::test {
 namespace {

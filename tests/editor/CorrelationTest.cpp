@@ -1,6 +1,6 @@
 #include "editor/EditorTest.h"
-#include "ui/controls/Colour.h"
 #include "ui/editor/RiskGrid.h"
+#include "util/Colour.h"
 
 namespace kestrel::test {
 namespace {

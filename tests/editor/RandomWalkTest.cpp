@@ -1,10 +1,10 @@
 #include <random>
 
+#include "base/NumberText.h"
 #include "editor/EditorTest.h"
-#include "ui/controls/Colour.h"
 #include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
-#include "util/NumberText.h"
+#include "util/Colour.h"
 
 namespace kestrel::test {
 namespace {

@@ -1,5 +1,5 @@
 #include "editor/EditorTest.h"
-#include "ui/controls/Colour.h"
+#include "util/Colour.h"
 
 namespace kestrel::test {
 namespace {

@@ -4,11 +4,11 @@
 #include <limits>
 #include <random>
 
+#include "base/Errors.h"
 #include "refhost/engine/DurationSampler.h"
 #include "refhost/engine/HostGroups.h"
 #include "refhost/engine/Statistics.h"
 #include "refhost/engine/Triangular.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "base/Errors.h"
 #include "tests/files/PlanText.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

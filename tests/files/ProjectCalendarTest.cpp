@@ -3,9 +3,9 @@
 
 #include <map>
 
+#include "base/Errors.h"
 #include "refhost/files/ValueText.h"
 #include "tests/files/ProjectImport.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

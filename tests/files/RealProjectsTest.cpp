@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <map>
 
+#include "TestPaths.h"
 #include "refhost/files/ValueText.h"
 #include "tests/files/ProjectImport.h"
 

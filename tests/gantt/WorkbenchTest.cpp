@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "TestPaths.h"
+#include "base/Errors.h"
 #include "host/clsKestrelDll.h"
 #include "refhost/cli/Output.h"
 #include "refhost/files/PlanFile.h"
@@ -13,7 +15,6 @@
 #include "support/FakeDesktop.h"
 #include "support/ScriptedRunner.h"
 #include "ui/progress/frmProgress.h"
-#include "util/Errors.h"
 
 namespace refhost {
 namespace {

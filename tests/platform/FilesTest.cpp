@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/SystemDesktop.h"
+#include "base/Errors.h"
+#include "platform/SystemDesktop.h"
 #include "support/TemporaryFolder.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {
@@ -49,7 +49,7 @@ TEST(Files, RefusesAFileAboveTheLimit) {
 
 TEST(Files, DesktopTakesBothSlashesAndTellsFilesFromFolders) {
     const test::TemporaryFolder folder;
-    test::SystemDesktop desktop;
+    SystemDesktop desktop;
     std::filesystem::create_directory(folder.Path() / "sub");
     desktop.WriteFile(folder / "sub\\file", "x");
     for (const char* name : {"sub\\file", "sub/file"}) {

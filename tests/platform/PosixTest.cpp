@@ -3,10 +3,10 @@
 
 #include <fstream>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "platform/posix/PosixDesktop.h"
 #include "support/TemporaryFolder.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <random>
 
+#include "base/Errors.h"
 #include "platform/XmlOutline.h"
 #include "platform/posix/XmlParser.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

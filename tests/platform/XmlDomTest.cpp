@@ -2,17 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "support/SystemDesktop.h"
-#include "util/Errors.h"
+#include "base/Errors.h"
+#include "platform/SystemDesktop.h"
 
 namespace kestrel {
 namespace {
 
 using namespace std::string_literals;
 
-XmlDocument ParseXmlBytes(const std::string& bytes) {
-    return test::SystemDesktop().ParseXml(bytes);
-}
+XmlDocument ParseXmlBytes(const std::string& bytes) { return SystemDesktop().ParseXml(bytes); }
 
 /// The ASCII text in UTF-16.
 std::string Utf16(const std::string& text, bool bigEndian, bool withMark) {

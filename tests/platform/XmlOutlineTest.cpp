@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace kestrel {
 namespace {

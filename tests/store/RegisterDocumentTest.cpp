@@ -5,9 +5,9 @@
 #include <limits>
 
 #include "store/TaskField.h"
-#include "store/modXmlToolbox.h"
 #include "support/FakeDesktop.h"
 #include "support/FakeHost.h"
+#include "util/modXmlToolbox.h"
 
 namespace kestrel {
 namespace {

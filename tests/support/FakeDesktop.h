@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "support/SystemDesktop.h"
-#include "util/Errors.h"
+#include "base/Errors.h"
+#include "platform/SystemDesktop.h"
 
 namespace kestrel::test {
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/Errors.h"
 #include "host/HostModel.h"
-#include "util/Errors.h"
 
 namespace kestrel::test {
 

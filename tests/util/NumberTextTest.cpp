@@ -1,10 +1,10 @@
-#include "util/NumberText.h"
+#include "base/NumberText.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace kestrel {
 namespace {

@@ -1,6 +1,6 @@
+#include "base/Errors.h"
 #include "refhost/windows/automation/DispatchIds.h"
 #include "refhost/windows/automation/PlanObjects.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

@@ -1,8 +1,8 @@
 #include "refhost/windows/automation/AutomationServer.h"
 
+#include "base/Errors.h"
 #include "refhost/windows/automation/ApplicationObject.h"
 #include "refhost/windows/automation/PlanObjects.h"
-#include "util/Errors.h"
 
 namespace refhost::automation {
 

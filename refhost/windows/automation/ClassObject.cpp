@@ -1,8 +1,8 @@
 #include "refhost/windows/automation/ClassObject.h"
 
+#include "base/Errors.h"
 #include "platform/win32/SystemMessage.h"
 #include "refhost/windows/automation/Failures.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

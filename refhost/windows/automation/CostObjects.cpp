@@ -1,7 +1,7 @@
+#include "base/Errors.h"
 #include "refhost/windows/automation/DispatchIds.h"
 #include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/PlanObjects.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/Errors.h"
 #include "refhost/windows/automation/DispatchIds.h"
 #include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/Failures.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

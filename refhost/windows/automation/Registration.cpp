@@ -6,11 +6,11 @@
 
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/SystemMessage.h"
 #include "refhost/windows/automation/TypeLibrary.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

@@ -1,7 +1,7 @@
 #include "refhost/windows/automation/TypeLibrary.h"
 
+#include "base/Errors.h"
 #include "platform/win32/WideText.h"
-#include "util/Errors.h"
 
 namespace refhost::automation {
 

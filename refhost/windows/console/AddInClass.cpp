@@ -3,12 +3,12 @@
 #include <optional>
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/WideText.h"
 #include "refhost/windows/automation/Failures.h"
 #include "refhost/windows/automation/TypeLibrary.h"
-#include "util/Errors.h"
 
 namespace refhost {
 

@@ -2,8 +2,8 @@
 
 #include <ocidl.h>
 
+#include "base/Errors.h"
 #include "refhost/windows/console/AddInClass.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

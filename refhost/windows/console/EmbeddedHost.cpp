@@ -6,6 +6,7 @@
 
 #include <optional>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "platform/win32/Win32Desktop.h"
 #include "refhost/cli/SettingsFile.h"
@@ -14,7 +15,6 @@
 #include "refhost/files/PlanFile.h"
 #include "refhost/windows/automation/ActiveObject.h"
 #include "refhost/windows/automation/ClassObject.h"
-#include "util/Errors.h"
 
 #include <Schedulon.h>
 

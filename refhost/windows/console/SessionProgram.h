@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/Errors.h"
 #include "refhost/engine/Analysis.h"
 #include "refhost/windows/automation/HostProgram.h"
-#include "util/Errors.h"
 
 namespace refhost {
 

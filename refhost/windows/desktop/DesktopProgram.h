@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/Errors.h"
 #include "refhost/engine/Analysis.h"
 #include "refhost/gantt/Workbench.h"
 #include "refhost/windows/automation/HostProgram.h"
-#include "util/Errors.h"
 
 namespace refhost::win32 {
 

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "base/Errors.h"
 #include "com/automation/HostFailure.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/WideText.h"
-#include "util/Errors.h"
 
 namespace kestrel::com {
 namespace {

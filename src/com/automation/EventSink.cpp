@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "base/Errors.h"
 #include "com/automation/HostList.h"
 #include "com/automation/PlanProxies.h"
 #include "platform/win32/ComErrors.h"
 #include "platform/win32/FloatingPointScope.h"
-#include "util/Errors.h"
 
 namespace kestrel::com {
 namespace {

@@ -1,8 +1,8 @@
 #include "com/automation/EventSubscription.h"
 
+#include "base/Errors.h"
 #include "com/automation/EventInterface.h"
 #include "platform/win32/SystemMessage.h"
-#include "util/Errors.h"
 
 namespace kestrel::com {
 

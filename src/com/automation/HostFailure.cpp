@@ -3,10 +3,10 @@
 #include <string>
 #include <utility>
 
+#include "base/Errors.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/SystemMessage.h"
-#include "util/Errors.h"
 
 namespace kestrel::com {
 namespace {

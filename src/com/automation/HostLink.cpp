@@ -1,8 +1,8 @@
 #include "com/automation/HostLink.h"
 
+#include "base/Errors.h"
 #include "com/automation/ApplicationProxy.h"
 #include "platform/win32/SystemMessage.h"
-#include "util/Errors.h"
 
 namespace kestrel::com {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/Errors.h"
 #include "com/automation/HostFailure.h"
-#include "util/Errors.h"
 
 namespace kestrel::com {
 namespace {

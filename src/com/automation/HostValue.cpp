@@ -3,11 +3,11 @@
 #include <cmath>
 #include <optional>
 
+#include "base/Errors.h"
+#include "base/NumberText.h"
 #include "com/automation/HostFailure.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/Variant.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
 
 namespace kestrel::com {
 namespace {

@@ -9,9 +9,9 @@
 #include <iostream>
 #include <system_error>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "platform/posix/XmlParser.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

@@ -3,9 +3,9 @@
 #include <cstring>
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/WideText.h"
-#include "util/Errors.h"
 
 namespace kestrel::win32 {
 namespace {

@@ -4,9 +4,9 @@
 #include <new>
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComPtr.h"
-#include "util/Errors.h"
 
 namespace kestrel::win32 {
 namespace {

@@ -3,11 +3,11 @@
 #include <string>
 #include <utility>
 
+#include "base/Errors.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/Variant.h"
-#include "util/Errors.h"
 
 namespace kestrel::win32 {
 namespace {

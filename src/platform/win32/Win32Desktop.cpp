@@ -7,6 +7,7 @@
 #include <array>
 #include <string>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "platform/win32/Clipboard.h"
 #include "platform/win32/Handles.h"
@@ -14,7 +15,6 @@
 #include "platform/win32/Paths.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/WideText.h"
-#include "util/Errors.h"
 
 namespace kestrel::win32 {
 namespace {

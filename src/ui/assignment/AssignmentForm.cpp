@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "base/NumberText.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/modSettings.h"
-#include "util/NumberText.h"
 #include "util/Trapped.h"
 #include "util/modToolBox.h"
 #include "util/modeHelp.h"

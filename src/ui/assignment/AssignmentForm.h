@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "ui/assignment/TaskAssignments.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Form.h"

@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "ui/controls/Colour.h"
+#include "util/Colour.h"
 
 namespace kestrel::ui {
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "ui/controls/Colour.h"
 #include "ui/controls/Geometry.h"
+#include "util/Colour.h"
 
 /// A chart as it is painted: a list of shapes, back to front, in device-independent units. Every
 /// painter, screen, printer or file, draws these and decides nothing.

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "base/NumberText.h"
 #include "ui/controls/ChartScale.h"
-#include "util/NumberText.h"
 
 namespace kestrel::ui {
 namespace {

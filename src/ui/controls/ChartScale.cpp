@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "util/NumberText.h"
+#include "base/NumberText.h"
 
 namespace kestrel::ui {
 

@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/NumberText.h"
 #include "platform/XmlDom.h"
 #include "ui/controls/ChartGeometry.h"
-#include "util/NumberText.h"
 
 namespace kestrel::ui {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "ui/controls/Control.h"
 #include "ui/controls/GridGeometry.h"
-#include "ui/controls/GridTable.h"
+#include "util/GridTable.h"
 
 namespace kestrel::ui {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "ui/controls/GridTable.h"
+#include "util/GridTable.h"
 
 namespace kestrel::ui {
 

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "ui/controls/Colour.h"
 #include "ui/controls/Control.h"
+#include "util/Colour.h"
 
 namespace kestrel::ui {
 

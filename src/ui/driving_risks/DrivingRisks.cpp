@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "util/Checked.h"
-#include "util/NumberText.h"
+#include "base/Checked.h"
+#include "base/NumberText.h"
 
 namespace kestrel::ui {
 namespace {

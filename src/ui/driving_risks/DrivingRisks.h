@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/clsRiskFactor.h"
+#include "core/model/clsRiskFactor.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Grid.h"
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "base/NumberText.h"
 #include "store/OpenPlan.h"
 #include "store/modSettings.h"
-#include "util/NumberText.h"
 #include "util/Trapped.h"
 #include "util/modGridCopy.h"
 #include "util/modeHelp.h"

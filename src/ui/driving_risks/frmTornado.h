@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Form.h"

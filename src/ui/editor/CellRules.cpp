@@ -1,8 +1,8 @@
 #include "ui/editor/CellRules.h"
 
+#include "base/Errors.h"
+#include "base/NumberText.h"
 #include "store/GridRegister.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
 
 namespace kestrel::ui {
 

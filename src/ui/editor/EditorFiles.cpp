@@ -3,12 +3,12 @@
 #include "store/TaskField.h"
 #include "store/modRegistry.h"
 #include "store/modSettings.h"
-#include "store/modXmlToolbox.h"
-#include "ui/browse/frmBrowse.h"
 #include "ui/editor/RiskGrid.h"
 #include "ui/editor/frmEditRiskFactors.h"
 #include "util/Trapped.h"
+#include "util/frmBrowse.h"
 #include "util/modToolBox.h"
+#include "util/modXmlToolbox.h"
 
 /// Where the editor's rows come from and the files that they go to.
 namespace kestrel::ui {

@@ -2,8 +2,8 @@
 
 #include "store/GridRegister.h"
 #include "store/RegisterDocument.h"
-#include "store/modXmlToolbox.h"
 #include "ui/editor/CellRules.h"
+#include "util/modXmlToolbox.h"
 
 namespace kestrel::ui {
 namespace {

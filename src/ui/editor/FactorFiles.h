@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "core/clsRiskFactor.h"
+#include "core/model/clsRiskFactor.h"
 #include "platform/Desktop.h"
-#include "ui/controls/GridTable.h"
+#include "util/GridTable.h"
 
 /// Risk factors files as the editor reads and writes them.
 namespace kestrel::ui {

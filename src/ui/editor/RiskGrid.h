@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/clsRiskFactor.h"
+#include "core/model/clsRiskFactor.h"
 #include "store/GridRegister.h"
 #include "ui/controls/Grid.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/CheckBox.h"
 #include "ui/controls/Form.h"

@@ -4,10 +4,10 @@
 
 #include <gmock/gmock.h>
 
+#include "base/Errors.h"
 #include "com/automation/HostLink.h"
 #include "platform/win32/Variant.h"
 #include "support/FakeHost.h"
-#include "util/Errors.h"
 #include "windows/support/ScriptedEvents.h"
 #include "windows/support/ScriptedHost.h"
 

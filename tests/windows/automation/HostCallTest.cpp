@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 
+#include "base/Errors.h"
 #include "com/automation/Dispatch.h"
 #include "com/automation/HostList.h"
 #include "platform/win32/SystemMessage.h"
-#include "util/Errors.h"
 #include "windows/support/ScriptedDispatch.h"
 
 namespace kestrel::com {

@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 #include <oleauto.h>
 
+#include "base/Errors.h"
+#include "platform/SystemDesktop.h"
 #include "platform/win32/WideText.h"
 #include "support/FakeHost.h"
-#include "support/SystemDesktop.h"
 #include "support/TemporaryFolder.h"
-#include "util/Errors.h"
 #include "windows/support/ScriptedEvents.h"
 #include "windows/support/ScriptedHost.h"
 
@@ -24,7 +24,7 @@ class PretendedRegistration {
  public:
     PretendedRegistration() {
         const std::string path = folder_ / "host.manifest";
-        test::SystemDesktop().WriteFile(
+        SystemDesktop().WriteFile(
             path,
             "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">"
             "<assemblyIdentity name=\"Host\" version=\"1.0.0.0\" type=\"win32\"/>"

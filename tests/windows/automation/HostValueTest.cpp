@@ -7,9 +7,9 @@
 #include <limits>
 #include <optional>
 
+#include "base/Errors.h"
+#include "base/NumberText.h"
 #include "platform/win32/Variant.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
 #include "windows/support/ScriptedDispatch.h"
 
 namespace kestrel::com {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 #include "windows/chart/Canvas.h"
 #include "windows/chart/ChartSamples.h"
 #include "windows/chart/PostScriptPrinter.h"

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "TestPaths.h"
 #include "platform/win32/WideText.h"
 
 namespace refhost::win32 {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "TestPaths.h"
 #include "host/clsKestrelDll.h"
 #include "platform/win32/WideText.h"
 #include "refhost/files/PlanFile.h"

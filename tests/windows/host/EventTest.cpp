@@ -5,8 +5,8 @@
 #include <Schedulon.h>
 #include <functional>
 
+#include "base/Errors.h"
 #include "platform/win32/Bstr.h"
-#include "util/Errors.h"
 #include "windows/host/OfferedHost.h"
 
 namespace refhost::test {

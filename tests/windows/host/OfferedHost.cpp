@@ -1,6 +1,6 @@
 #include "windows/host/OfferedHost.h"
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace refhost::test {
 

@@ -5,6 +5,7 @@
 #include <future>
 #include <thread>
 
+#include "base/Errors.h"
 #include "platform/Files.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/Paths.h"
@@ -12,7 +13,6 @@
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32Desktop.h"
 #include "support/TemporaryFolder.h"
-#include "util/Errors.h"
 
 namespace kestrel::win32 {
 namespace {

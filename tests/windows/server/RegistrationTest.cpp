@@ -3,6 +3,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "TestPaths.h"
 #include "platform/win32/WideText.h"
 #include "windows/server/RegistrySnapshot.h"
 #include "windows/server/RunProgram.h"

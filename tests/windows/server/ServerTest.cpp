@@ -1,5 +1,6 @@
 #include "windows/server/ServerTest.h"
 
+#include "TestPaths.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/WideText.h"
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <tuple>
 
+#include "TestPaths.h"
 #include "host/clsKestrelDll.h"
 #include "refhost/engine/Analysis.h"
 #include "refhost/engine/ReferenceHost.h"

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "base/Errors.h"
 #include "platform/win32/Bstr.h"
-#include "util/Errors.h"
 
 namespace kestrel::test {
 namespace {

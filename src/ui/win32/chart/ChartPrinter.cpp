@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Errors.h"
 #include "platform/win32/Gdi.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/WideText.h"
 #include "ui/win32/chart/ChartPainter.h"
-#include "util/Errors.h"
 
 namespace kestrel::ui::win32 {
 namespace {

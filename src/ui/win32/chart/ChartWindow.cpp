@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Errors.h"
 #include "platform/Desktop.h"
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
@@ -18,7 +19,6 @@
 #include "ui/win32/chart/ChartMetafile.h"
 #include "ui/win32/chart/ChartPainter.h"
 #include "ui/win32/chart/ChartPrinter.h"
-#include "util/Errors.h"
 
 namespace kestrel::ui::win32 {
 namespace {

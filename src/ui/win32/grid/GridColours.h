@@ -2,7 +2,7 @@
 
 #include <windows.h>
 // windows.h first
-#include "ui/controls/Colour.h"
+#include "util/Colour.h"
 
 namespace kestrel::ui::win32 {
 

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <span>
 
-#include "core/IterationLog.h"
-#include "core/Occurrence.h"
-#include "core/modAnalysis.h"
+#include "base/Checked.h"
+#include "base/NumberText.h"
+#include "core/analysis/IterationLog.h"
+#include "core/analysis/modAnalysis.h"
+#include "core/model/Occurrence.h"
 #include "store/TaskField.h"
-#include "util/Checked.h"
-#include "util/NumberText.h"
 
 namespace kestrel {
 namespace {

@@ -1,6 +1,6 @@
-#include "core/IterationLog.h"
+#include "core/analysis/IterationLog.h"
 
-#include "util/NumberText.h"
+#include "base/NumberText.h"
 
 namespace kestrel {
 namespace {

@@ -1,6 +1,6 @@
-#include "core/Occurrence.h"
+#include "core/model/Occurrence.h"
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace kestrel {
 namespace {

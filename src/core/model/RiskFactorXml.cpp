@@ -1,9 +1,9 @@
 #include <optional>
 
-#include "core/clsRiskFactor.h"
-#include "store/modXmlToolbox.h"
-#include "util/Errors.h"
-#include "util/NumberText.h"
+#include "base/Errors.h"
+#include "base/NumberText.h"
+#include "core/model/clsRiskFactor.h"
+#include "util/modXmlToolbox.h"
 
 namespace kestrel {
 namespace {

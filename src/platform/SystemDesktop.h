@@ -6,13 +6,13 @@
 #include "platform/posix/PosixDesktop.h"
 #endif
 
-namespace kestrel::test {
+namespace kestrel {
 
-/// The desktop of the system that the tests run on, so that one table guards every one.
+/// The desktop of the system that this is built for, to derive from.
 #ifdef _WIN32
 using SystemDesktop = win32::Win32Desktop;
 #else
 using SystemDesktop = PosixDesktop;
 #endif
 
-}  // namespace kestrel::test
+}  // namespace kestrel

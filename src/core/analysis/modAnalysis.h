@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/modGlobals.h"
+#include "core/model/modGlobals.h"
 
 /// The add-in's part in one risk analysis of the host. A failing host call ends the step and
 /// travels on to the caller; nothing is rolled back.

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/controls/Colour.h"
+#include "util/Colour.h"
 
 namespace kestrel::ui {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/ImpactHistory.h"
+#include "core/model/ImpactHistory.h"
 #include "host/HostModel.h"
 #include "platform/XmlDom.h"
 

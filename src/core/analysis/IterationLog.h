@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/clsRiskFactor.h"
+#include "core/model/clsRiskFactor.h"
 
 namespace kestrel {
 

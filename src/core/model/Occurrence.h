@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/clsRiskFactor.h"
+#include "core/model/clsRiskFactor.h"
 
 namespace kestrel {
 

@@ -1,10 +1,10 @@
-#include "store/modXmlToolbox.h"
+#include "util/modXmlToolbox.h"
 
 #include <string>
 #include <utility>
 
-#include "util/Errors.h"
-#include "util/NumberText.h"
+#include "base/Errors.h"
+#include "base/NumberText.h"
 
 namespace kestrel {
 namespace {

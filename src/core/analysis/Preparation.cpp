@@ -1,8 +1,8 @@
-#include "core/modAnalysis.h"
+#include "base/Errors.h"
+#include "core/analysis/modAnalysis.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
-#include "util/Errors.h"
 
 namespace kestrel {
 namespace {

@@ -1,10 +1,10 @@
-#include "ui/controls/GridTable.h"
+#include "util/GridTable.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
-#include "util/NumberText.h"
+#include "base/NumberText.h"
 
 namespace kestrel::ui {
 

@@ -2,8 +2,8 @@
 #include <array>
 #include <span>
 
-#include "core/modAnalysis.h"
-#include "core/modPearsons.h"
+#include "core/analysis/modAnalysis.h"
+#include "core/analysis/modPearsons.h"
 
 namespace kestrel {
 namespace {

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "core/ImpactHistory.h"
+#include "core/model/ImpactHistory.h"
 
 /// Mean, sample standard deviation and Pearson's product-moment correlation. Sums run in the
 /// order of the elements; every step is checked and raises ArithmeticError in place of a result

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace kestrel {
 

@@ -1,9 +1,9 @@
-#include "core/modPearsons.h"
+#include "core/analysis/modPearsons.h"
 
 #include <cmath>
 #include <stdexcept>
 
-#include "util/Checked.h"
+#include "base/Checked.h"
 
 namespace kestrel {
 

@@ -1,4 +1,4 @@
-#include "ui/browse/frmBrowse.h"
+#include "util/frmBrowse.h"
 
 #include "util/modToolBox.h"
 

@@ -1,4 +1,4 @@
-#include "util/NumberText.h"
+#include "base/NumberText.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 #include <limits>
 #include <stdexcept>
 
-#include "util/Errors.h"
+#include "base/Errors.h"
 
 namespace kestrel {
 namespace {

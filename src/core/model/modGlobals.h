@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "core/AnalysisState.h"
-#include "core/clsRiskFactor.h"
+#include "core/model/AnalysisState.h"
+#include "core/model/clsRiskFactor.h"
 #include "host/HostModel.h"
 #include "platform/Desktop.h"
 

@@ -1,7 +1,7 @@
-#include "core/clsRiskFactor.h"
+#include "core/model/clsRiskFactor.h"
 
-#include "core/Occurrence.h"
-#include "util/Checked.h"
+#include "base/Checked.h"
+#include "core/model/Occurrence.h"
 
 namespace kestrel {
 
