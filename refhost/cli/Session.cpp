@@ -8,15 +8,20 @@
 
 namespace refhost {
 
-void TellLeftOut(const std::string& path, const std::vector<LeftOut>& leftOut) {
-    for (const LeftOut& kind : leftOut)
-        std::cerr << path << ": not carried over: " << kind.what << " (" << kind.count << ")\n";
+void TellImport(const std::string& path, const ImportReport& report) {
+    for (const LeftOut& kind : report.leftOut)
+        std::cerr << path << ": "
+                  << (kind.movesFigures ? "can move dates or money: " : "not carried over: ")
+                  << kind.what << " (" << kind.count << ")\n";
+    if (const std::string money = MoneyLine(report.money); !money.empty())
+        std::cerr << path << ": " << money << "\n";
+    std::cerr << path << ": " << DatesLine(report.dates) << "\n";
 }
 
-Session::Session(const std::string& planPath)
+Session::Session(const std::string& planPath, const ImportOptions& options)
     : planPath_(planPath), host_(settings_, InstallationFolder()) {
-    LoadedPlan loaded = ReadPlan(desktop_, planPath);
-    TellLeftOut(planPath, loaded.leftOut);
+    LoadedPlan loaded = ReadPlan(desktop_, planPath, options);
+    if (loaded.imported) TellImport(planPath, *loaded.imported);
     try {
         host_.Open(std::make_shared<HostPlan>(std::move(loaded.plan)));
     } catch (const kestrel::DataError& error) {

@@ -12,9 +12,9 @@ namespace refhost {
 /// One run of the command line on one plan: the file read, the host with the plan open.
 class Session {
  public:
-    /// Reads the plan or project file; what a project file held beyond a plan is listed on
-    /// standard error. Raises kestrel::DataError.
-    explicit Session(const std::string& planPath);
+    /// Reads the plan or project file; tells what became of a project file (TellImport). Raises
+    /// kestrel::DataError.
+    explicit Session(const std::string& planPath, const ImportOptions& options = {});
 
     ReferenceHost& Host() { return host_; }
     /// The host as an add-in holds it; valid as long as the session.
@@ -35,7 +35,8 @@ class Session {
     ReferenceHost host_;
 };
 
-/// Lists on standard error what a project file held that a plan does not.
-void TellLeftOut(const std::string& path, const std::vector<LeftOut>& leftOut);
+/// Tells on standard error what became of a project file: what a plan holds differently or not at
+/// all, how money was read, and last how the plan's dates compare with the file's.
+void TellImport(const std::string& path, const ImportReport& report);
 
 }  // namespace refhost

@@ -79,6 +79,7 @@ inline constexpr std::int16_t kSummary = 1;
 
 struct TaskData {
     std::string id;
+    std::string uid;  ///< of the same task in the project file that it came from, if any
     std::string name;
     std::int16_t type = kOrdinary;
     std::int32_t parent = -1;   ///< index of the enclosing summary in plan order; -1 for none

@@ -22,14 +22,16 @@ bool IsProject(const kestrel::XmlNode& root) {
 
 }  // namespace
 
-LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path) {
+LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path,
+                     const ImportOptions& options) {
     const kestrel::XmlDocument document = Parse(desktop, bytes, path);
-    if (IsProject(document.root)) return ReadProject(document.root, path);
-    return {ReadPlanElement(document.root, path), {}};
+    if (IsProject(document.root)) return ReadProject(document.root, path, options);
+    return {ReadPlanElement(document.root, path), std::nullopt};
 }
 
-LoadedPlan ReadPlan(kestrel::Desktop& desktop, const std::string& path) {
-    return ParsePlan(desktop, desktop.ReadFile(path), path);
+LoadedPlan ReadPlan(kestrel::Desktop& desktop, const std::string& path,
+                    const ImportOptions& options) {
+    return ParsePlan(desktop, desktop.ReadFile(path), path, options);
 }
 
 }  // namespace refhost

@@ -1,40 +1,37 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/Desktop.h"
 #include "refhost/engine/PlanData.h"
+#include "refhost/files/ImportReport.h"
 
 namespace refhost {
 
-/// What a project file held that a plan does not, each kind once with its count:
-/// {"deadlines", 3}.
-struct LeftOut {
-    std::string what;
-    int count = 0;
-};
-
-/// A plan read from a file, with what was left out of a project file (empty for a plan file).
+/// A plan read from a file; for a project file with what became of it.
 struct LoadedPlan {
     PlanData plan;
-    std::vector<LeftOut> leftOut;
+    std::optional<ImportReport> imported;
 };
 
 /// Reads a plan file or, where the root is `Project` in a namespace ending in "/project", a
-/// project file. `path` names the file in messages ("crane.kplan:12: unknown attribute 'Foo' of
-/// Task; remove it or correct its name"). Raises kestrel::DataError: one sentence that says
-/// what, where and what to do.
-LoadedPlan ReadPlan(kestrel::Desktop& desktop, const std::string& path);
+/// project file as the options say. `path` names the file in messages ("crane.kplan:12: unknown
+/// attribute 'Foo' of Task; remove it or correct its name"). Raises kestrel::DataError: one
+/// sentence that says what, where and what to do.
+LoadedPlan ReadPlan(kestrel::Desktop& desktop, const std::string& path,
+                    const ImportOptions& options = {});
 
 /// The same from bytes already read.
-LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path);
+LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path,
+                     const ImportOptions& options = {});
 
 /// The plan as a plan file, indented; reading it gives the same plan.
 std::string WritePlan(const PlanData& plan);
 
 /// The plan of a `Project` root; ParsePlan calls it.
-LoadedPlan ReadProject(const kestrel::XmlNode& root, const std::string& path);
+LoadedPlan ReadProject(const kestrel::XmlNode& root, const std::string& path,
+                       const ImportOptions& options);
 
 }  // namespace refhost

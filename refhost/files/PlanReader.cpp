@@ -116,11 +116,12 @@ AnalysisSettings ReadAnalysis(const StrictElement& element) {
 
 /// The task itself, without the tasks below it.
 TaskData ReadTaskData(const StrictElement& element) {
-    element.Allow({"ID", "Name", "Type", "Duration", "NoEarlierThan"},
+    element.Allow({"ID", "UID", "Name", "Type", "Duration", "NoEarlierThan"},
                   {"Task", "Distribution", "Link", "CostItem", "UserValue"});
     TaskData task;
     task.id = element.Required("ID");
     if (task.id.empty()) element.Fail("attribute 'ID' of Task is empty; give the task an ID.");
+    if (element.Has("UID")) task.uid = element.Required("UID");
     task.name = element.Required("Name");
     task.type = element.Value("Type", ReadTaskType, "0 for an ordinary task or 1 for a summary");
     // A summary's duration follows from its tasks, whatever stands here.

@@ -50,8 +50,10 @@ XmlNode AnalysisElement(const AnalysisSettings& settings) {
 
 /// The task itself, without the tasks below it.
 XmlNode TaskElement(const TaskData& task) {
-    XmlNode node = Element(
-        "Task", {{"ID", task.id}, {"Name", task.name}, {"Type", std::to_string(task.type)}});
+    XmlNode node = Element("Task", {{"ID", task.id}});
+    if (!task.uid.empty()) node.SetAttribute("UID", task.uid);
+    node.SetAttribute("Name", task.name);
+    node.SetAttribute("Type", std::to_string(task.type));
     if (task.type == kOrdinary) node.SetAttribute("Duration", std::to_string(task.duration));
     if (task.noEarlierThan) node.SetAttribute("NoEarlierThan", DateTimeText(*task.noEarlierThan));
     if (const auto& points = task.distribution)

@@ -1,5 +1,7 @@
 #include "refhost/gantt/PlanDocument.h"
 
+#include <utility>
+
 #include "base/Errors.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/PlanFigures.h"
@@ -31,10 +33,23 @@ bool IsPlanFile(const std::string& path) {
     return extension == ".kplan";
 }
 
-std::string LeftOutText(const std::vector<LeftOut>& leftOut) {
-    std::string text = "The project file holds more than a plan does. Not carried over:\n";
-    for (const LeftOut& kind : leftOut)
-        text += "\n" + std::to_string(kind.count) + " x " + kind.what;
+/// What the planner is told about an imported project file; empty when there is nothing to tell.
+std::string ImportText(const ImportReport& report) {
+    if (report.leftOut.empty() && report.dates.compared == 0 && report.dates.failure.empty())
+        return {};
+    std::string text = "Compared with the project file: " + DatesLine(report.dates) + ".\n";
+    if (const std::string money = MoneyLine(report.money); !money.empty())
+        text += "In the project file, " + money + ".\n";
+    for (const bool moving : {true, false}) {
+        bool first = true;
+        for (const LeftOut& kind : report.leftOut) {
+            if (kind.movesFigures != moving) continue;
+            if (std::exchange(first, false))
+                text += moving ? "\nCan move dates or money:" : "\nNot carried over:";
+            text += "\n" + std::to_string(kind.count) + " x " + kind.what;
+        }
+        if (!first) text += "\n";
+    }
     return text;
 }
 
@@ -88,7 +103,8 @@ bool PlanDocument::Load(const std::string& path) {
     path_ = IsPlanFile(path) ? path : std::string();
     state_.emplace(plan->Live());
     TellsFailures(desktop_, [&] { recent_.Add(path); });
-    if (!loaded.leftOut.empty()) Tell(LeftOutText(loaded.leftOut));
+    if (!loaded.imported) return true;
+    if (const std::string text = ImportText(*loaded.imported); !text.empty()) Tell(text);
     return true;
 }
 

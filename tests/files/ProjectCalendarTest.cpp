@@ -1,7 +1,7 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
+#include <cstring>
 
 #include "base/Errors.h"
 #include "refhost/files/ValueText.h"
@@ -10,94 +10,125 @@
 namespace refhost {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::StartsWith;
-
-std::string WeekDay(int type, const std::string& from, const std::string& to) {
-    return "<WeekDay><DayType>" + std::to_string(type) +
-           "</DayType><DayWorking>1</DayWorking><WorkingTimes><WorkingTime><FromTime>" + from +
-           "</FromTime><ToTime>" + to + "</ToTime></WorkingTime></WorkingTimes></WeekDay>";
-}
-
-std::string Exception(const std::string& from, const std::string& to, const std::string& inside) {
-    return "<Exception><TimePeriod><FromDate>" + from + "</FromDate><ToDate>" + to +
-           "</ToDate></TimePeriod>" + inside + "</Exception>";
-}
-
-TEST(ProjectFile, CarriesTheProjectCalendarWithItsBaseAndExceptions) {
-    const LoadedPlan loaded = Import(
-        "<CalendarUID>3</CalendarUID><Calendars><Calendar><UID>1</UID><BaseCalendarUID>3"
-        "</BaseCalendarUID><WeekDays>" +
-        WeekDay(2, "07:00:00", "15:30:00.000") + WeekDay(7, "00:00:00", "00:00:00") +
-        "<WeekDay><DayType>0</DayType><DayWorking>0</DayWorking><TimePeriod><FromDate>"
-        "2026-12-24T00:00:00</FromDate><ToDate>2026-12-26T23:59:59</ToDate></TimePeriod></WeekDay>"
-        "</WeekDays></Calendar><Calendar><UID>3</UID><BaseCalendarUID>1</BaseCalendarUID>"
-        "<WeekDays><WeekDay><DayType>3</DayType><DayWorking>0</DayWorking></WeekDay></WeekDays>"
-        "<Exceptions>" +
-        Exception("2026-12-24T00:00:00", "2026-12-24T23:59:00",
-                  "<Type>1</Type><DayWorking>1</DayWorking><WorkingTimes><WorkingTime><FromTime>"
-                  "08:00:00</FromTime><ToTime>11:59:59.9</ToTime></WorkingTime></WorkingTimes>") +
-        Exception("2026-05-01T00:00:00", "2036-05-01T23:59:00", "<Type>2</Type>") +
-        Exception("2026-06-01T00:00:00", "2026-06-01T23:59:00", "<Type>2</Type>") +
-        "</Exceptions></Calendar><Calendar><UID>4</UID><IsBaseCalendar>0</IsBaseCalendar>"
-        "</Calendar></Calendars>" +
-        Tasks(Task("1", "<CalendarUID>3</CalendarUID>") +
-              Task("2", "<CalendarUID>4</CalendarUID>") +
-              Task("3", "<CalendarUID>-1</CalendarUID>")));
-    ASSERT_TRUE(loaded.plan.calendar);
-    const Calendar& calendar = *loaded.plan.calendar;
-    EXPECT_EQ(calendar.week[0], (Shifts{{420, 930}}));
-    EXPECT_TRUE(calendar.week[1].empty());
-    EXPECT_EQ(calendar.week[2], Calendar::Standard().week[2]);
-    EXPECT_EQ(calendar.week[5], (Shifts{{0, 1440}}));
-    EXPECT_TRUE(calendar.week[6].empty());
-    const std::int32_t eve = *ReadDate("2026-12-24");
-    EXPECT_EQ(
-        calendar.exceptions,
-        (std::map<std::int32_t, Shifts>{
-            {*ReadDate("2026-06-01"), {}}, {eve, {{480, 720}}}, {eve + 1, {}}, {eve + 2, {}}}));
-    EXPECT_EQ(Losses(loaded),
-              (std::vector<std::string>{
-                  "calendars of resources (1)",
-                  "calendars of tasks (1)",
-                  "parts of a minute in times, durations and lags (rounded to the minute) (1)",
-                  "recurring calendar exceptions (1)",
-              }));
-}
-
-TEST(ProjectFile, NamesFileLineAndRemedyOfWhatItCannotRead) {
-    const std::string calendar = "<CalendarUID>1</CalendarUID><Calendars><Calendar><UID>1</UID>";
-    const auto week = [&calendar](const std::string& day) {
-        return calendar + "<WeekDays>\n" + day + "</WeekDays></Calendar></Calendars>";
-    };
-    const struct {
-        std::string inside;
-        const char* message;
-    } cases[] = {
-        {Tasks("\n<Task><UID>1</UID><Duration>8h</Duration></Task>"), "Duration of Task is '8h'"},
-        {Tasks("\n<Task><UID>1</UID><Duration>PT1D</Duration></Task>"), "Duration of Task"},
-        {Tasks("\n<Task><UID>1</UID><Duration>PT36000000H</Duration></Task>"), "Duration of Task"},
-        {Tasks(Task("1", "") + "\n" + Task("1", "")), "second Task with the UID '1'"},
-        {Tasks("\n<Task><Duration>PT1H</Duration></Task>"), "neither an ID of its own nor a UID"},
-        {Tasks(Task("1", "\n<FixedCost>12,5</FixedCost>")), "FixedCost of Task is '12,5'"},
-        {Tasks(Task("1", "\n<OutlineLevel>one</OutlineLevel>")), "OutlineLevel of Task is 'one'"},
-        {week(WeekDay(9, "08:00:00", "12:00:00")), "DayType of WeekDay is '9'"},
-        {week(WeekDay(2, "08:60:00", "12:00:00")), "FromTime of WorkingTime is '08:60:00'"},
-        {week(WeekDay(2, "12:00:00", "08:00:00")), "from 12:00 to 08:00 does not end after"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.inside);
-        try {
-            Import(c.inside);
-            ADD_FAILURE() << "no error";
-        } catch (const kestrel::DataError& error) {
-            EXPECT_THAT(error.what(), StartsWith("crane.xml:2: "));
-            EXPECT_THAT(error.what(), HasSubstr(c.message));
-        }
+/// Working minutes of each day from a date on: "480 480 0".
+std::string Work(const PlanData& plan, const char* from, int days) {
+    const Calendar calendar = plan.calendar.value_or(Calendar::Standard());
+    const std::int32_t first = *ReadDate(from);
+    std::string text;
+    for (int day = 0; day < days; ++day) {
+        int minutes = 0;
+        for (const Shift& shift : calendar.On(first + day)) minutes += shift.to - shift.from;
+        text += (day == 0 ? "" : " ") + std::to_string(minutes);
     }
-    kestrel::PosixDesktop desktop;
-    EXPECT_THROW(ParsePlan(desktop, "<Project xmlns='urn:example/project'/>", "crane.xml"),
-                 kestrel::DataError);
+    return text;
+}
+
+std::string Period(const char* from, const char* to) {
+    return std::string("<TimePeriod><FromDate>") + from + "T00:00:00</FromDate><ToDate>" + to +
+           "T23:59:59.9</ToDate></TimePeriod>";
+}
+
+std::string Times(const char* to) {
+    return std::string(
+               "<DayWorking>1</DayWorking><WorkingTimes><WorkingTime><FromTime>08:00:00"
+               "</FromTime><ToTime>") +
+           to + "</ToTime></WorkingTime></WorkingTimes>";
+}
+
+std::string Calendars(const std::string& inside) {
+    return "<Calendars><Calendar><UID>1</UID>" + inside + "</Calendar></Calendars>";
+}
+
+/// The only calendar, with one exception.
+std::string Exception(const std::string& inside) {
+    return Calendars("<Exceptions><Exception>" + inside + "</Exception></Exceptions>");
+}
+
+TEST(ProjectCalendar, WorksOnTheDaysOnWhichTheFilesOwnProgramDoes) {
+    const auto weekDay = [](const char* type, const std::string& inside) {
+        return std::string("<WeekDay><DayType>") + type + "</DayType>" + inside + "</WeekDay>";
+    };
+    const std::string late = Period("2026-03-01", "2029-12-31");
+    const struct {
+        std::string calendars;
+        const char* from;
+        const char* work;
+    } rows[] = {
+        // A plain exception, as a day and as an exception of each everyday type.
+        {Calendars("<WeekDays>" + weekDay("0", Period("2026-03-03", "2026-03-04")) + "</WeekDays>"),
+         "2026-03-02", "480 0 0 480"},
+        {Exception("<Type>1</Type>" + Period("2026-03-03", "2026-03-04")), "2026-03-02",
+         "480 0 0 480"},
+        {Exception("<Type>2</Type>" + Period("2026-03-03", "2026-03-03")), "2026-03-02",
+         "480 0 480 480"},
+        {Exception(Period("2001-03-07", "2001-03-07")), "2001-03-06", "480 0"},
+        // Every third day; the third Thursday in April; Mondays of every other week; the 31st.
+        {Exception("<Type>7</Type><Period>3</Period>" + late), "2026-03-02", "480 480 0 480 480"},
+        {Exception("<Type>8</Type><Period>2</Period>" + late), "2026-03-02",
+         "0 480 0 480 0 0 0 480"},
+        {Exception("<Type>3</Type><Month>3</Month><MonthItem>7</MonthItem><MonthPosition>2"
+                   "</MonthPosition>" +
+                   late),
+         "2028-04-19", "480 0 480"},
+        {Exception("<Type>6</Type><Period>2</Period><DaysOfWeek>2</DaysOfWeek>" + late),
+         "2026-03-02", "0 480 480 480 480 0 0 480"},
+        {Exception("<Type>4</Type><MonthDay>31</MonthDay>" + late), "2026-06-29", "480 0 480"},
+        {Exception("<Type>5</Type><MonthItem>1</MonthItem><MonthPosition>4</MonthPosition>" + late),
+         "2026-10-29", "480 0 0"},
+        {Exception("<Type>2</Type><Month>11</Month><MonthDay>25</MonthDay>"
+                   "<EnteredByOccurrences>1</EnteredByOccurrences><Occurrences>2</Occurrences>" +
+                   Period("2026-01-01", "2049-12-31")),
+         "2027-12-24", "480 0"},
+        {Exception("<Type>2</Type><Month>11</Month><MonthDay>25</MonthDay>"
+                   "<EnteredByOccurrences>1</EnteredByOccurrences><Occurrences>2</Occurrences>" +
+                   Period("2026-01-01", "2049-12-31")),
+         "2028-12-25", "480"},
+        // A work week goes before week days, an exception before both.
+        {Calendars("<WorkWeeks><WorkWeek>" + Period("2026-03-01", "2026-03-31") + "<WeekDays>" +
+                   weekDay("2", Times("10:00:00")) + weekDay("7", Times("11:00:00")) +
+                   "</WeekDays></WorkWeek></WorkWeeks><Exceptions><Exception>" +
+                   Period("2026-03-09", "2026-03-09") + "</Exception></Exceptions>"),
+         "2026-03-02", "120 480 480 480 480 180 0 0"},
+        // A base calendar's days where the own does not say; a circle of bases ends.
+        {"<CalendarUID>2</CalendarUID><Calendars><Calendar><UID>1</UID><BaseCalendarUID>2"
+         "</BaseCalendarUID><WeekDays>" +
+             weekDay("2", Times("10:00:00")) + weekDay("3", Times("10:00:00")) +
+             "</WeekDays></Calendar><Calendar><UID>2</UID><BaseCalendarUID>1</BaseCalendarUID>"
+             "<WeekDays>" +
+             weekDay("3", Times("00:00:00")) + "</WeekDays></Calendar></Calendars>",
+         "2026-03-02", "120 960 480"},
+        // Without a project calendar: the one called Standard.
+        {"<CalendarUID>-1</CalendarUID><Calendars><Calendar><UID>4</UID></Calendar><Calendar><UID>"
+         "5</UID><Name>Standard</Name><WeekDays>" +
+             weekDay("2", Times("10:00:00")) + "</WeekDays></Calendar></Calendars>",
+         "2026-03-02", "120 480"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.calendars);
+        const int days =
+            static_cast<int>(std::count(row.work, row.work + std::strlen(row.work), ' '));
+        EXPECT_EQ(Work(Import(row.calendars + Tasks(Task("1", ""))).plan, row.from, days + 1),
+                  row.work);
+    }
+}
+
+TEST(ProjectCalendar, BoundsChainsAndExceptionsOfDecades) {
+    std::string chain = "<CalendarUID>1</CalendarUID><Calendars>";
+    for (int uid = 1; uid <= 43683; ++uid)
+        chain += "<Calendar><UID>" + std::to_string(uid) + "</UID><BaseCalendarUID>" +
+                 std::to_string(uid + 1) + "</BaseCalendarUID></Calendar>";
+    EXPECT_THROW(Import(chain + "</Calendars>" + Tasks(Task("1", ""))), kestrel::DataError);
+
+    const auto lives = [](int count) {
+        std::string exceptions;
+        for (int i = 0; i < count; ++i)
+            exceptions += "<Exception>" + Period("1950-01-01", "2049-12-31") + "</Exception>";
+        return Calendars("<Exceptions>" + exceptions + "</Exceptions>") + Tasks(Task("1", ""));
+    };
+    const std::size_t kept = Import(lives(81)).plan.calendar->exceptions.size();
+    EXPECT_LT(kept, 8000u) << "only days that matter to the plan";
+    EXPECT_GT(kept, 7000u);
+    EXPECT_THROW(Import(lives(1000)), kestrel::DataError);
 }
 
 }  // namespace

@@ -10,11 +10,13 @@
 /// Project files made of a few elements, for tests.
 namespace refhost {
 
-/// The losses in the order of their text, as "kind (count)".
+/// The losses in the order of their text, as "kind (count)"; "!" marks those that can move dates or
+/// money.
 inline std::vector<std::string> Losses(const LoadedPlan& loaded) {
     std::vector<std::string> losses;
-    for (const LeftOut& kind : loaded.leftOut)
-        losses.push_back(kind.what + " (" + std::to_string(kind.count) + ")");
+    for (const LeftOut& kind : loaded.imported.value().leftOut)
+        losses.push_back((kind.movesFigures ? "!" : "") + kind.what + " (" +
+                         std::to_string(kind.count) + ")");
     std::sort(losses.begin(), losses.end());
     return losses;
 }
@@ -24,9 +26,9 @@ inline std::string ProjectText(const std::string& inside) {
            inside + "</Project>";
 }
 
-inline LoadedPlan Import(const std::string& inside) {
+inline LoadedPlan Import(const std::string& inside, const ImportOptions& options = {}) {
     kestrel::PosixDesktop desktop;
-    return ParsePlan(desktop, ProjectText(inside), "crane.xml");
+    return ParsePlan(desktop, ProjectText(inside), "crane.xml", options);
 }
 
 /// One task at outline level 1 whose UID and ID are `uid`.

@@ -33,7 +33,7 @@ class EmbeddedHost : public automation::HostProgram {
         auto plan = std::make_shared<HostPlan>(std::move(loaded.plan));
         host_.Open(plan);
         // A project file holds more than a plan, and is not to be overwritten by one.
-        path_ = loaded.leftOut.empty() ? path : std::string();
+        path_ = loaded.imported ? std::string() : path;
         saved_ = plan->Live().Changes();
     }
     void SavePlan(HostPlan& plan, const std::string& path) override {

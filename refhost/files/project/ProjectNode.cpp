@@ -1,8 +1,8 @@
-#include "refhost/files/ProjectNode.h"
+#include "refhost/files/project/ProjectNode.h"
 
-#include "refhost/files/ProjectText.h"
 #include "refhost/files/StrictElement.h"
 #include "refhost/files/ValueText.h"
+#include "refhost/files/project/ProjectText.h"
 
 namespace refhost {
 namespace {

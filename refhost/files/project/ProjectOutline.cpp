@@ -1,7 +1,9 @@
-#include "refhost/files/ProjectOutline.h"
+#include "refhost/files/project/ProjectOutline.h"
 
+#include <algorithm>
 #include <limits>
 #include <unordered_set>
+#include <utility>
 
 #include "refhost/files/StrictElement.h"
 
@@ -11,36 +13,53 @@ namespace {
 /// A plan file nests its tasks, and documents have a bounded depth (kXmlMaximumDepth).
 constexpr std::size_t kDeepestOutline = 150;
 
+constexpr const char* kOwnSummaryUid = "0";
+
+/// Without a level the number tells it: "2.1.3" is level 3, "0" level 0.
 std::int64_t LevelOf(const ProjectNode& row) {
-    // Level 0 is the project's own summary, which has the UID 0.
-    return row.Integer("OutlineLevel").value_or(row.Word("UID") == "0" ? 0 : 1);
+    if (const auto level = row.Integer("OutlineLevel")) return *level;
+    const std::string number = row.Word("OutlineNumber");
+    if (!number.empty())
+        return number == "0" ? 0 : 1 + std::count(number.begin(), number.end(), '.');
+    return row.Word("UID") == kOwnSummaryUid ? 0 : 1;
 }
 
-/// Why a plan does not take the row over; empty when it does.
-std::string_view ReasonToLeaveOut(const ProjectNode& row) {
+std::vector<ProjectNode> FilledRows(const ProjectNode& project) {
+    std::vector<ProjectNode> rows = project.Items("Tasks", "Task");
+    std::erase_if(rows, [](const ProjectNode& row) { return row.Flag("IsNull"); });
+    return rows;
+}
+
+/// Whether the first row stands for the project as a whole although its UID is not 0.
+bool FirstIsOwnSummary(const std::vector<ProjectNode>& rows) {
+    if (rows.size() < 2 || LevelOf(rows[0]) > 0 || LevelOf(rows[1]) <= 0) return false;
+    return std::none_of(rows.begin() + 1, rows.end(), [](const ProjectNode& row) {
+        return LevelOf(row) <= 0 || row.Word("UID") == kOwnSummaryUid;
+    });
+}
+
+bool IsInactive(const ProjectNode& row) {
     const std::string active = row.Word("Active");
-    if (active == "0" || active == "false") return "inactive tasks";
-    if (row.Flag("ExternalTask")) return "tasks of other projects";
-    return {};
+    return active == "0" || active == "false";
 }
 
-void CollectRows(const ProjectNode& project, ProjectOutline& outline, LeftOutList& leftOut) {
-    std::int64_t levelLeftOut = std::numeric_limits<std::int64_t>::max();
-    std::string_view reason;
-    for (const ProjectNode& row : project.Items("Tasks", "Task")) {
-        if (row.Flag("IsNull")) continue;
+void CollectRows(const std::vector<ProjectNode>& rows, ProjectOutline& outline,
+                 LeftOutList& leftOut) {
+    bool ownSummary = FirstIsOwnSummary(rows);
+    std::int64_t inactiveLevel = std::numeric_limits<std::int64_t>::max();
+    for (const ProjectNode& row : rows) {
         const std::int64_t level = LevelOf(row);
         const std::string uid = row.Word("UID");
-        if (level <= 0) {
-            leftOut.AddIf(row.Says("FixedCost"), "fixed costs of the project as a whole");
+        if (std::exchange(ownSummary, false) || uid == kOwnSummaryUid) {
+            leftOut.AddMovingIf(row.Says("FixedCost"), "fixed costs of the project as a whole");
+            leftOut.AddMovingIf(level > 0, "tasks with the UID 0, which is the project's own");
+            outline.leftOutUids.insert(uid);
             continue;
         }
-        if (level <= levelLeftOut) {
-            reason = ReasonToLeaveOut(row);
-            levelLeftOut = reason.empty() ? std::numeric_limits<std::int64_t>::max() : level;
-        }
-        if (!reason.empty()) {
-            leftOut.Add(reason);
+        if (level <= inactiveLevel)
+            inactiveLevel = IsInactive(row) ? level : std::numeric_limits<std::int64_t>::max();
+        if (level >= inactiveLevel) {
+            leftOut.AddMoving("inactive tasks");
             outline.leftOutUids.insert(uid);
             continue;
         }
@@ -48,7 +67,8 @@ void CollectRows(const ProjectNode& project, ProjectOutline& outline, LeftOutLis
         if (!uid.empty() && !outline.byUid.emplace(uid, index).second)
             row.Fail("second Task with the UID " + Quoted(uid) +
                      "; give each task a UID of its own.");
-        outline.rows.push_back({row, uid, row.Word("ID"), level, -1, false});
+        outline.rows.push_back(
+            {row, uid, row.Word("ID"), level, -1, false, row.Flag("ExternalTask")});
     }
 }
 
@@ -92,7 +112,9 @@ void ChooseIds(std::vector<OutlineRow>& rows) {
 
 ProjectOutline ReadOutline(const ProjectNode& project, LeftOutList& leftOut) {
     ProjectOutline outline;
-    CollectRows(project, outline, leftOut);
+    CollectRows(FilledRows(project), outline, leftOut);
+    if (outline.rows.empty())
+        project.Fail("the project has no task that a plan could take; choose a file with tasks.");
     FindParents(outline.rows);
     ChooseIds(outline.rows);
     return outline;

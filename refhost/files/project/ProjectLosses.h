@@ -1,7 +1,7 @@
 #pragma once
 
-#include "refhost/files/LeftOutList.h"
-#include "refhost/files/ProjectNode.h"
+#include "refhost/files/project/LeftOutList.h"
+#include "refhost/files/project/ProjectNode.h"
 
 /// What a project file says that a plan has no place for. The parts that are carried over count
 /// their own losses; these are the elements that nothing else looks at. Figures that follow from
@@ -10,8 +10,6 @@ namespace refhost {
 
 void CountProjectLosses(const ProjectNode& project, LeftOutList& leftOut);
 
-/// `projectCalendar` is the project's CalendarUID.
-void CountTaskLosses(const ProjectNode& task, bool summary, const std::string& projectCalendar,
-                     LeftOutList& leftOut);
+void CountTaskLosses(const ProjectNode& task, bool summary, LeftOutList& leftOut);
 
 }  // namespace refhost

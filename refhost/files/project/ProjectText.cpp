@@ -1,4 +1,4 @@
-#include "refhost/files/ProjectText.h"
+#include "refhost/files/project/ProjectText.h"
 
 #include "base/NumberText.h"
 #include "refhost/files/ValueText.h"

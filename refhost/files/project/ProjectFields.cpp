@@ -1,6 +1,7 @@
-#include "refhost/files/ProjectFields.h"
+#include "refhost/files/project/ProjectFields.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace refhost {
@@ -25,16 +26,51 @@ ProjectFields::ProjectFields(const ProjectNode& project) {
         const std::int64_t number = TextFieldNumber(field.Integer("FieldID").value_or(0));
         const std::string alias = field.Word("Alias");
         if (number != 0 && !alias.empty()) Define(number, alias);
+        for (const ProjectNode& entry : field.Items("ValueList", "Value"))
+            byField_.emplace(std::pair(number, entry.Word("ID")), entry.Text("Value"));
     }
+    ReadLists(project);
+}
+
+void ProjectFields::ReadLists(const ProjectNode& project) {
+    std::set<std::string> ambiguous;
+    for (const ProjectNode& list : project.Items("OutlineCodes", "OutlineCode")) {
+        const std::int64_t number = TextFieldNumber(list.Integer("FieldID").value_or(0));
+        for (const ProjectNode& entry : list.Items("Values", "Value")) {
+            const std::string id = entry.Word("ValueID");
+            const std::string text = entry.Text("Value");
+            if (number != 0) byField_.emplace(std::pair(number, id), text);
+            byGuid_.emplace(entry.Word("FieldGUID"), text);
+            if (!byId_.emplace(id, text).second) ambiguous.insert(id);
+        }
+    }
+    for (const std::string& id : ambiguous) byId_.erase(id);
+}
+
+std::string ProjectFields::Looked(const ProjectNode& attribute, std::int64_t number) const {
+    const std::string id = attribute.Word("ValueID");
+    const std::string guid = attribute.Word("ValueGUID");
+    if (const auto found = byGuid_.find(guid); !guid.empty() && found != byGuid_.end())
+        return found->second;
+    if (const auto found = byField_.find({number, id}); found != byField_.end())
+        return found->second;
+    const auto found = byId_.find(id);
+    return found == byId_.end() ? std::string() : found->second;
 }
 
 NamedTexts ProjectFields::ValuesOf(const ProjectNode& task, LeftOutList& leftOut) {
     NamedTexts values;
     for (const ProjectNode& attribute : task.Children("ExtendedAttribute")) {
         const std::int64_t number = TextFieldNumber(attribute.Integer("FieldID").value_or(0));
-        const std::string value = attribute.Text("Value");
-        if (number == 0) leftOut.Add("values of custom fields other than text");
-        if (number == 0 || value.empty()) continue;
+        leftOut.AddIf(number == 0, "values of custom fields other than text");
+        if (number == 0) continue;
+        std::string value = attribute.Text("Value");
+        if (value.empty()) {
+            value = Looked(attribute, number);
+            const bool names = attribute.Says("ValueID") || attribute.Says("ValueGUID");
+            leftOut.AddIf(value.empty() && names, "values from lists that the file does not hold");
+        }
+        if (value.empty()) continue;
         if (!names_.contains(number)) Define(number, "Text" + std::to_string(number));
         SetNamedText(values, names_.at(number), value);
     }
