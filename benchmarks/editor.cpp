@@ -22,7 +22,7 @@ class EditorBench {
             factor->CorrelatedTo = i % 10 == 0 ? i - 1 : 0;
             globals.RiskFactors.push_back(std::move(factor));
         }
-        SaveRegisterToPlan(globals, *host_.plan);
+        SaveRegisterToPlan(globals.RiskFactors, *host_.plan);
     }
 
     void Run(std::function<void(test::User&)> script) {

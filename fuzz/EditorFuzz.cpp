@@ -29,7 +29,7 @@ class EditorSession {
             factor->dblProb = 10 * i;
             if (i % 3 == 0) factor->CorrelatedTo = i - 1;
         }
-        SaveRegisterToPlan(globals, *host_.plan);
+        SaveRegisterToPlan(globals.RiskFactors, *host_.plan);
         task_ = host_.AddTask("1", "Dig", factors > 3 && input.Below(2) ? "(3(P));(1,2)" : "");
         desktop_.files["saved.xml"] = host_.plan->texts[kRegisterText];
     }

@@ -55,15 +55,7 @@ class Field {
         desktop_.messages.clear();
         Require(Read() == groups && desktop_.messages.empty(), "a text made reads the same");
     }
-    /// What cannot be renumbered stays as it is.
-    void Delete(std::int32_t id) {
-        const std::string before = task_.texts[kRiskFactorsField];
-        try {
-            RenumberTaskRiskFactors(globals_, {id});
-        } catch (const DataError&) {
-            Require(task_.texts[kRiskFactorsField] == before, "a refused deletion changes nothing");
-        }
-    }
+    void Delete(std::int32_t id) { RenumberTaskRiskFactors(globals_, {id}); }
 
  private:
     static void CheckEachOnce(RiskIDs ids) {

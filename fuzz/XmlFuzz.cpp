@@ -60,7 +60,7 @@ void CheckTree(MemoryDesktop& desktop, std::string_view bytes) {
 std::string StoredAgain(MemoryDesktop& desktop, test::FakePlan& plan) {
     modGlobals globals(desktop);
     LoadRegisterFromPlan(globals, plan);
-    SaveRegisterToPlan(globals, plan);
+    SaveRegisterToPlan(globals.RiskFactors, plan);
     return plan.texts[kRegisterText];
 }
 

@@ -9,23 +9,9 @@
 namespace refhost {
 namespace {
 
-/// A register that is not well formed would load as an empty one, and the analysis would store
-/// that in its place.
-void RefuseBrokenRegister(kestrel::Desktop& desktop, const std::string& text) {
-    if (text.empty()) return;
-    try {
-        desktop.ParseXml(text);
-    } catch (const kestrel::DataError& error) {
-        throw kestrel::DataError(
-            std::string("The plan's text 'RiskFactors', its register, is not well-formed XML (") +
-            error.what() + "); load the register again from a risk factors file.");
-    }
-}
-
 void LoadRegister(kestrel::modGlobals& globals, ReferenceHost& application) {
-    RefuseBrokenRegister(globals.desktop, application.OpenPlan()->GetText(kestrel::kRegisterText));
     globals.application = std::shared_ptr<host::Application>(&application, [](auto*) {});
-    kestrel::LoadRegisterFromPlan(globals, *application.OpenPlan());
+    kestrel::OpenRegister(globals, *application.OpenPlan());
 }
 
 }  // namespace

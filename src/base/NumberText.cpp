@@ -14,9 +14,12 @@ namespace {
 
 constexpr int kSignificantDigits = 15;
 
-void RequireFinite(double value) {
+/// The value itself, or the nearest one whose digits still make a double.
+double Writable(double value) {
     if (!std::isfinite(value))
         throw ArithmeticError("A calculated number is not finite and cannot be shown.");
+    constexpr double kLargest = 1.79769313486231e308;  // the next 15 digits are beyond the range
+    return std::clamp(value, -kLargest, kLargest);
 }
 
 /// A number as its 15 significant decimal digits: 0.d1d2...d15 x 10^pointPosition.
@@ -139,7 +142,7 @@ std::optional<Integer> ToInteger(double value) {
 }  // namespace
 
 std::string GeneralText(double value) {
-    RequireFinite(value);
+    value = Writable(value);
     if (value == 0) return "0";
     std::array<char, 40> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
@@ -150,13 +153,11 @@ std::string GeneralText(double value) {
 }
 
 std::string FixedText(double value, int decimals) {
-    RequireFinite(value);
-    return Fixed(ToDecimal(value), decimals);
+    return Fixed(ToDecimal(Writable(value)), decimals);
 }
 
 std::string PercentText(double value) {
-    RequireFinite(value);
-    DecimalText decimal = ToDecimal(value);
+    DecimalText decimal = ToDecimal(Writable(value));
     decimal.pointPosition += 2;
     return Fixed(std::move(decimal), 1) + "%";
 }
@@ -172,7 +173,13 @@ double ParseNumber(std::string_view text) {
     return reading.value;
 }
 
-double LeadingNumber(std::string_view text) { return ReadNumber(SkipBlanks(text)).value; }
+double LeadingNumber(std::string_view text) { return FindLeadingNumber(text).value_or(0); }
+
+std::optional<double> FindLeadingNumber(std::string_view text) {
+    const Reading reading = ReadNumber(SkipBlanks(text));
+    if (reading.length == 0 || !reading.inRange) return std::nullopt;
+    return reading.value;
+}
 
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 

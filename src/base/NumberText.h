@@ -10,7 +10,8 @@
 namespace kestrel {
 
 /// Shortest text of up to 15 significant digits: 100 -> "100", 12.5 -> "12.5", 1e-7 -> "1E-07".
-/// Never "-0". Raises ArithmeticError for a value that is not finite.
+/// Never "-0". What 15 digits would round beyond the range of double ends in the largest text that
+/// can be read back. Raises ArithmeticError for a value that is not finite.
 std::string GeneralText(double value);
 
 /// Exactly `decimals` digits after the point (pattern "0.00" for 2), rounded half away from zero
@@ -28,6 +29,8 @@ double ParseNumber(std::string_view text);
 /// The number at the start of the text, blanks skipped, the rest ignored: "12abc" -> 12,
 /// "abc" and "" -> 0. Never raises; a number beyond the range of double reads as 0.
 double LeadingNumber(std::string_view text);
+/// The same number; nothing where there is none within the range of double.
+std::optional<double> FindLeadingNumber(std::string_view text);
 
 /// The nearest whole number, halves to the even neighbour.
 double RoundHalfEven(double value);

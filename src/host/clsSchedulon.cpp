@@ -34,7 +34,7 @@ void ClearIterationLogs(host::Plan& plan) {
 clsSchedulon::~clsSchedulon() {
     try {
         StopSchedulon();
-    } catch (const HostError&) {
+    } catch (...) {
         // The host is gone or going; there is nobody left to unsubscribe from.
     }
 }
@@ -52,30 +52,32 @@ void clsSchedulon::StopSchedulon() {
 }
 
 void clsSchedulon::m_SchedyApp_PlanBeforeRiskAnalysis(const host::PlanPtr& plan) {
-    AnalysisState& state = globals_.analysis;
-    state.active = false;
-    state.broken = false;
-    if (plan && !plan->GetText(kRegisterText).empty()) state.active = true;
-    RunStep(state, [&] {
-        state.logIterations = GetShowIterations(*globals_.application);
-        if (state.active) PrepareAnalysis(globals_, plan);
+    const auto state = globals_.analysis = std::make_shared<AnalysisState>();
+    state->plan = plan;
+    if (plan) state->registerText = plan->GetText(kRegisterText);
+    state->active = !state->registerText.empty();
+    RunStep(*state, [&] {
+        state->logIterations = GetShowIterations(*globals_.application);
+        if (state->active) PrepareAnalysis(globals_, *state);
     });
 }
 
 void clsSchedulon::m_SchedyApp_PlanAfterRiskIteration(const host::PlanPtr&) {
-    AnalysisState& state = globals_.analysis;
-    if (state.active && !state.broken) RunStep(state, [&] { ApplyIteration(globals_); });
+    const auto state = globals_.analysis;
+    if (state && state->active && !state->broken) RunStep(*state, [&] { ApplyIteration(*state); });
 }
 
 void clsSchedulon::m_SchedyApp_PlanAfterRiskAnalysis(const host::PlanPtr&) {
-    AnalysisState& state = globals_.analysis;
-    if (!state.active) return;
-    const host::PlanPtr plan = OpenPlan(globals_);
-    if (!state.broken && !state.ProjectFinishSamples.empty()) {
-        CalculateSensitivities(globals_);
-        SaveRegisterToPlan(globals_, *plan);
+    const auto state = globals_.analysis;
+    if (!state || !state->active) return;
+    const host::PlanPtr activePlan = OpenPlan(globals_);
+    if (!state->broken && !state->ProjectFinishSamples.empty()) {
+        const host::ApplicationPtr application = globals_.application;
+        CalculateSensitivities(*application, *state);
+        StoreSensitivities(globals_.desktop, *state->plan, state->factors, state->registerText);
     }
-    ClearIterationLogs(*plan);
+    ClearIterationLogs(*activePlan);
+    if (state->plan != activePlan) ClearIterationLogs(*state->plan);
 }
 
 }  // namespace kestrel

@@ -66,8 +66,7 @@ void ShowDrivingRisks(const Command& command) {
                                     "Do you wish to continue anyway?",
                                     MessageButtons::YesNo, "") != MessageAnswer::Yes)
         return;
-    globals.RiskFactors.clear();
-    LoadRegisterFromPlan(globals, *plan);
+    OpenRegister(globals, *plan);
     command.Show(command.windows.drivingRisks);
 }
 

@@ -29,7 +29,7 @@ struct FileDialog {
 /// A value of the registry as the query call hands it over.
 struct RegistryValue {
     std::uint32_t type = 0;  ///< REG_SZ 1, REG_BINARY 3, REG_DWORD 4, ...
-    std::string bytes;       ///< the data, terminating NUL of a string included
+    std::string bytes;       ///< the data as it stands, terminating NUL of a string included
 };
 
 /// Items of the user's locale, by the system's code.
@@ -69,6 +69,8 @@ class Desktop {
     /// A value below HKEY_CURRENT_USER; nothing when key or value is absent.
     virtual std::optional<RegistryValue> UserRegistryValue(const std::string& key,
                                                            const std::string& name) = 0;
+    /// Bytes in the encoding in which the system hands over texts of such values.
+    virtual std::string DecodeSystemText(std::string_view bytes) = 0;
 
     /// Raises DataError when the clipboard cannot be had.
     virtual void SetClipboardText(const std::string& text) = 0;

@@ -14,9 +14,10 @@ void AppendText(const XmlNode& node, std::string& text) {
     for (const XmlNode& child : node.children) AppendText(child, text);
 }
 
-void Select(const XmlNode& node, std::string_view name, std::vector<const XmlNode*>& selected) {
+template <typename Node>
+void Select(Node& node, std::string_view name, std::vector<Node*>& selected) {
     if (node.name == name && node.uri.empty()) selected.push_back(&node);
-    for (const XmlNode& child : node.children)
+    for (Node& child : node.children)
         if (child.IsElement()) Select(child, name, selected);
 }
 
@@ -68,6 +69,12 @@ XmlNode& XmlNode::Append(XmlNode child) {
 
 std::vector<const XmlNode*> SelectElements(const XmlDocument& document, std::string_view name) {
     std::vector<const XmlNode*> selected;
+    if (!document.IsEmpty()) Select(document.root, name, selected);
+    return selected;
+}
+
+std::vector<XmlNode*> SelectElements(XmlDocument& document, std::string_view name) {
+    std::vector<XmlNode*> selected;
     if (!document.IsEmpty()) Select(document.root, name, selected);
     return selected;
 }

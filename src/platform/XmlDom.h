@@ -51,6 +51,7 @@ inline constexpr int kXmlMaximumDepth = 200;
 /// Elements that an XPath of the form "//Name" selects, in document order. Un-prefixed names
 /// select elements of no namespace only.
 std::vector<const XmlNode*> SelectElements(const XmlDocument& document, std::string_view name);
+std::vector<XmlNode*> SelectElements(XmlDocument& document, std::string_view name);
 
 /// The element as text: no declaration, no added white space. Characters that XML cannot hold
 /// raise DataError.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "base/Errors.h"
 #include "base/NumberText.h"
 
 namespace kestrel {
@@ -55,19 +54,6 @@ std::size_t FindToken(std::string_view list, std::string_view token, std::size_t
         found = list.find(token, found + step);
     }
     return found;
-}
-
-std::int16_t ToShortID(std::string_view item, std::string_view list) {
-    std::optional<std::int16_t> id;
-    try {
-        id = ToInt16(ParseNumber(item));
-    } catch (const DataError&) {
-        // Told below, together with a number that does not fit.
-    }
-    if (!id)
-        throw DataError("\"" + std::string(Trim(item)) + "\" in \"" + std::string(list) +
-                        "\" is not the number of a risk factor; correct the text.");
-    return *id;
 }
 
 }  // namespace
@@ -128,9 +114,12 @@ std::string RenumberRiskList(std::string_view list, std::int32_t deleted) {
     std::string renumbered;
     for (const std::string_view piece : Pieces(list)) {
         if (piece.data() != list.data()) renumbered += ',';
-        if (Trim(piece).empty()) continue;
-        const std::int32_t id = ToShortID(piece, list);
-        renumbered += std::to_string(id > deleted ? id - 1 : id);
+        const std::optional<double> number = FindLeadingNumber(piece);
+        const auto id = number ? ToInt32(*number) : std::nullopt;
+        if (id)
+            renumbered += std::to_string(*id > deleted ? *id - 1 : *id);
+        else if (!Trim(piece).empty())
+            renumbered += piece;
     }
     return renumbered;
 }

@@ -38,8 +38,8 @@ bool RiskListContains(std::string_view list, std::int32_t id);
 /// removed wherever it stands: 1,2,23 without 2 is 13); empty when there is none.
 std::string RemoveRiskFromList(std::string_view list, std::int32_t id);
 
-/// Every ID above `deleted` lowered by one; blank items stay. Raises DataError for an item that
-/// is no number of 16 bits.
+/// Every ID above `deleted` lowered by one. An item's leading number is its ID and the rest goes;
+/// an item without one is foreign text and stays as it stands.
 std::string RenumberRiskList(std::string_view list, std::int32_t deleted);
 
 }  // namespace kestrel

@@ -1,12 +1,15 @@
 #include "store/SaveLoadCommands.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
+#include "util/HostLookup.h"
 #include "util/Trapped.h"
 #include "util/frmBrowse.h"
 #include "util/modXmlToolbox.h"
@@ -20,10 +23,6 @@ ui::frmBrowse Browse(modGlobals& globals, const char* title) {
     browse.DefaultExt = "XML";
     browse.Filter = "RiskFactors (*.xml)|*.xml";
     return browse;
-}
-
-bool HasRegisterRoot(const XmlDocument& document) {
-    return document.root.name == "RiskFactors" && document.root.uri.empty();
 }
 
 /// Files laid out by hand hold line breaks around their texts.
@@ -68,11 +67,27 @@ std::string FieldText(const XmlNode& element) {
     return MakeRiskFieldText(parallel, series);
 }
 
-void RestoreAssignments(const XmlDocument& document, host::TaskCollection& tasks) {
-    for (const XmlNode* element : SelectElements(document, "Task")) {
-        const host::TaskPtr task = tasks.Item(Trimmed(GetChildText("ID", *element)));
-        if (task) task->UserValues()->PutItem(kRiskFactorsField, FieldText(*element));
-    }
+/// The ID as it stands before the ID without blanks: IDs may begin or end with one.
+host::TaskPtr FindTask(host::TaskCollection& tasks, const std::string& id) {
+    const auto find = [&](const std::string& text) {
+        return FoundOrNothing([&] { return tasks.Item(text); });
+    };
+    if (host::TaskPtr task = find(id)) return task;
+    const std::string trimmed = Trimmed(id);
+    return trimmed == id ? nullptr : find(trimmed);
+}
+
+/// What a file says of one task.
+struct Assignment {
+    std::string taskId;
+    std::string fieldText;
+};
+
+std::vector<Assignment> AssignmentsOf(const XmlDocument& document) {
+    std::vector<Assignment> assignments;
+    for (const XmlNode* element : SelectElements(document, "Task"))
+        assignments.push_back({GetChildText("ID", *element), FieldText(*element)});
+    return assignments;
 }
 
 }  // namespace
@@ -83,11 +98,10 @@ void SaveRiskFactorsToFile(modGlobals& globals) {
     if (browse.FileName.empty()) return;
 
     const host::PlanPtr plan = OpenPlan(globals);
-    globals.RiskFactors.clear();
-    LoadRegisterFromPlan(globals, *plan);
+    OpenRegister(globals, *plan);
     XmlDocument document;
     LoadXmlFromString(globals.desktop, document, plan->GetText(kRegisterText));
-    if (!HasRegisterRoot(document))
+    if (!IsRegisterRoot(document.root))
         throw DataError("The plan holds no risk factors, so there is nothing to save.");
 
     // An earlier load leaves its tasks in the stored text.
@@ -107,7 +121,7 @@ void LoadRiskFactorsFromFile(modGlobals& globals) {
     // Every Version loads, and so does a file without one.
     XmlDocument document;
     LoadXmlFromFile(globals.desktop, document, browse.FileName);
-    if (!HasRegisterRoot(document)) {
+    if (!IsRegisterRoot(document.root)) {
         globals.desktop.ShowMessage("The file " + browse.FileName +
                                         " is not a valid Risk Factors file or may be "
                                         "corrupted and cannot be loaded. ",
@@ -122,11 +136,16 @@ void LoadRiskFactorsFromFile(modGlobals& globals) {
 
     const host::PlanPtr plan = OpenPlan(globals);
     Trapped([&] { EnsureTextField(*plan, kRiskFactorsField); });
+    // All that can be refused is worked out before the first change.
+    const std::string registerText = SerialiseXml(document.root);
+    const std::vector<Assignment> assignments = AssignmentsOf(document);
     const auto tasks = plan->Tasks();
     for (const host::TaskPtr& task : tasks->Enumerate())
         task->UserValues()->PutItem(kRiskFactorsField, "");
-    plan->SetText(kRegisterText, SerialiseXml(document.root));
-    RestoreAssignments(document, *tasks);
+    plan->SetText(kRegisterText, registerText);
+    for (const Assignment& assignment : assignments)
+        if (const host::TaskPtr task = FindTask(*tasks, assignment.taskId))
+            task->UserValues()->PutItem(kRiskFactorsField, assignment.fieldText);
 }
 
 }  // namespace kestrel

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "base/Errors.h"
 #include "store/RiskList.h"
+#include "util/HostLookup.h"
 
 namespace kestrel {
 namespace {
@@ -53,16 +53,9 @@ std::string WithoutFactor(const std::string& fieldText, std::int32_t deleted) {
     return MakeRiskFieldText(lists[0], lists[1]);
 }
 
-std::string WithoutFactors(host::Task& task, const std::string& fieldText,
-                           const std::vector<std::int32_t>& deleted) {
-    try {
-        std::string text = fieldText;
-        for (const std::int32_t id : deleted) text = WithoutFactor(text, id);
-        return text;
-    } catch (const DataError& error) {
-        throw DataError("Task " + TaskLabel(task) + ", field " + kRiskFactorsField + ": " +
-                        error.what());
-    }
+std::string WithoutFactors(std::string text, const std::vector<std::int32_t>& deleted) {
+    for (const std::int32_t id : deleted) text = WithoutFactor(text, id);
+    return text;
 }
 
 }  // namespace
@@ -82,14 +75,17 @@ void GetTaskRiskFactors(modGlobals& globals, host::Task& task, RiskIDs& ids, boo
 }
 
 void GetAllTaskRiskFactors(modGlobals& globals, host::Task& task, RiskIDs& ids) {
-    const std::string fieldText = FieldText(task);
+    ids = AllListedIDs(globals.desktop, task, FieldText(task));
+}
+
+RiskIDs AllListedIDs(Desktop& desktop, host::Task& task, std::string_view fieldText) {
     std::string list = GetRiskList(fieldText, true);
     const std::string parallel = GetRiskList(fieldText, false);
     if (!list.empty() && !parallel.empty()) list += ',';
     list += parallel;
-    ids.clear();
-    for (const RiskListItem& item : RiskListItems(list))
-        AddOnce(globals.desktop, task, ids, item.id);
+    RiskIDs ids;
+    for (const RiskListItem& item : RiskListItems(list)) AddOnce(desktop, task, ids, item.id);
+    return ids;
 }
 
 void RenumberTaskRiskFactors(modGlobals& globals, const std::vector<std::int32_t>& deleted) {
@@ -97,30 +93,16 @@ void RenumberTaskRiskFactors(modGlobals& globals, const std::vector<std::int32_t
     if (!plan) return;
     EnsureTextField(*plan, kRiskFactorsField);
 
-    // Every text is worked out before one is written: a text that cannot be renumbered must not
-    // leave some tasks with the old numbers and some with the new.
-    struct Change {
-        host::TaskPtr task;
-        std::string text;
-    };
-    std::vector<Change> changes;
     for (const host::TaskPtr& task : plan->Tasks()->Enumerate()) {
         const std::string before = FieldText(*task);
-        std::string after = WithoutFactors(*task, before, deleted);
-        if (after != before) changes.push_back({task, std::move(after)});
+        const std::string after = WithoutFactors(before, deleted);
+        if (after != before) task->UserValues()->PutItem(kRiskFactorsField, after);
     }
-    for (const Change& change : changes)
-        change.task->UserValues()->PutItem(kRiskFactorsField, change.text);
 }
 
 void EnsureTextField(host::Plan& plan, const std::string& name) {
     const auto fields = plan.UserFieldDefinitions();
-    try {
-        if (fields->Item(name)) return;
-    } catch (const HostError&) {
-        // Some hosts raise an error for a field that is absent instead of answering nothing.
-    }
-    fields->Add(name, host::kTextField);
+    if (!FoundOrNothing([&] { return fields->Item(name); })) fields->Add(name, host::kTextField);
 }
 
 }  // namespace kestrel

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/model/modGlobals.h"
@@ -24,9 +25,10 @@ void GetTaskRiskFactors(modGlobals& globals, host::Task& task, RiskIDs& ids, boo
 
 /// All IDs of the task, series first, without range check; duplicates are told and left out.
 void GetAllTaskRiskFactors(modGlobals& globals, host::Task& task, RiskIDs& ids);
+/// The same of a field text that has been read.
+RiskIDs AllListedIDs(Desktop& desktop, host::Task& task, std::string_view fieldText);
 
-/// Applies the deletion of factors to every task of the active plan, in the order given. Raises
-/// DataError, and changes no task, when a task's text holds anything but numbers.
+/// Applies the deletion of factors to every task of the active plan, in the order given.
 void RenumberTaskRiskFactors(modGlobals& globals, const std::vector<std::int32_t>& deleted);
 
 /// Makes sure that the plan defines the text field.

@@ -36,8 +36,9 @@ std::string GetRegValue(Desktop& desktop, const std::string& key, const std::str
     if (!value || value->bytes.size() > kBufferSize) return fallback;
     if (value->type == kBinary) return HexText(value->bytes);
     if (value->bytes.empty()) return {};
-    const std::string text = value->type == kNumber ? NumberText(value->bytes) : value->bytes;
-    return text.substr(0, value->bytes.size() - 1);
+    const std::size_t kept = value->bytes.size() - 1;
+    if (value->type == kNumber) return NumberText(value->bytes).substr(0, kept);
+    return desktop.DecodeSystemText(value->bytes.substr(0, kept));
 }
 
 }  // namespace kestrel

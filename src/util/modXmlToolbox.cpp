@@ -21,28 +21,51 @@ const XmlNode* FindChild(std::string_view name, const XmlNode& element) {
     return nullptr;
 }
 
+XmlDocument ParsedWithoutBlanks(Desktop& desktop, std::string_view bytes) {
+    XmlDocument document = desktop.ParseXml(bytes);
+    DropBlankText(document.root);
+    return document;
+}
+
+/// The text with blanks in place of the encoding that its declaration names.
+std::string WithoutEncoding(std::string_view text) {
+    std::string plain(text);
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    const std::size_t start = text.starts_with(kMark) ? kMark.size() : 0;
+    if (!text.substr(start).starts_with("<?xml")) return plain;
+    const std::string_view declaration = text.substr(0, text.find("?>"));
+    const std::size_t name = declaration.find("encoding");
+    const std::size_t quote = declaration.find_first_of("'\"", name);
+    if (name == text.npos || quote == text.npos) return plain;
+    const std::size_t end = declaration.find(declaration[quote], quote + 1);
+    if (end != text.npos) plain.replace(name, end + 1 - name, end + 1 - name, ' ');
+    return plain;
+}
+
 }  // namespace
+
+XmlDocument ParseXmlString(Desktop& desktop, std::string_view text) {
+    return ParsedWithoutBlanks(desktop, WithoutEncoding(text));
+}
 
 bool LoadXmlFromString(Desktop& desktop, XmlDocument& document, std::string_view text) {
     document = XmlDocument();
     try {
-        document = desktop.ParseXml(text);
+        document = ParseXmlString(desktop, text);
+        return true;
     } catch (const DataError&) {
         return false;
     }
-    DropBlankText(document.root);
-    return true;
 }
 
 bool LoadXmlFromFile(Desktop& desktop, XmlDocument& document, const std::string& path) {
     document = XmlDocument();
-    std::string bytes;
     try {
-        bytes = desktop.ReadFile(path);
+        document = ParsedWithoutBlanks(desktop, desktop.ReadFile(path));
+        return true;
     } catch (const DataError&) {
         return false;
     }
-    return LoadXmlFromString(desktop, document, bytes);
 }
 
 XmlNode CreateXmlElement(const std::string& name, const std::string& text,

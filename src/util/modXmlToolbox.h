@@ -9,11 +9,16 @@
 /// Stateless helpers through which all documents are loaded, queried and built.
 namespace kestrel {
 
-/// Replaces `document` by the parsed text, blank text dropped. Answers false, and leaves the
-/// document empty, when the text is not well formed.
+/// The parsed text, blank text dropped. The text is decoded already: an encoding that it declares
+/// means nothing. Raises DataError with the line when it is not well formed.
+XmlDocument ParseXmlString(Desktop& desktop, std::string_view text);
+
+/// Replaces `document` by ParseXmlString. Answers false, and leaves the document empty, when the
+/// text is not well formed.
 bool LoadXmlFromString(Desktop& desktop, XmlDocument& document, std::string_view text);
 
-/// The same for a file; a file that cannot be read counts as not well formed.
+/// The same for a file, bytes of the encoding that it declares; a file that cannot be read counts
+/// as not well formed.
 bool LoadXmlFromFile(Desktop& desktop, XmlDocument& document, const std::string& path);
 
 /// A new element with an optional text and an optional attribute (made only when both its name

@@ -58,7 +58,7 @@ class Experiment {
         application_.Open(std::make_shared<HostPlan>(plan_));
         globals.application = host::ApplicationPtr(&application_, [](auto*) {});
         globals.RiskFactors = std::move(factors);
-        SaveRegisterToPlan(globals, *application_.OpenPlan());
+        SaveRegisterToPlan(globals.RiskFactors, *application_.OpenPlan());
         kestrel::clsSchedulon listener(globals);
         listener.StartSchedulon();
         AnalysisSettings settings;
@@ -141,8 +141,8 @@ TEST(PublishedFigures, OfTwoTasksInARowWithAFactorEach) {
     const auto finish = experiment.Run({Factor(50, 100, 120, 160), Factor(30, 100, 150, 200)});
     EXPECT_NEAR(Summarise(finish).mean, 34.333333 * kUnit, OfMean(finish));
     EXPECT_NEAR(Summarise(finish).sd, 5.343740 * kUnit, 4 * kErrorOfRowDeviation * kUnit);
-    EXPECT_NEAR(experiment.globals.RiskFactors[0]->dblDurSens, 0.299156, 4 * kErrorOfA);
-    EXPECT_NEAR(experiment.globals.RiskFactors[1]->dblDurSens, 0.954204, 4 * kErrorOfB);
+    EXPECT_NEAR(experiment.globals.analysis->factors[0]->dblDurSens, 0.299156, 4 * kErrorOfA);
+    EXPECT_NEAR(experiment.globals.analysis->factors[1]->dblDurSens, 0.954204, 4 * kErrorOfB);
 }
 
 class Interrupting : public AnalysisWatcher {

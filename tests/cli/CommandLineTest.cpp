@@ -78,7 +78,7 @@ TEST(CommandLine, RefusesBadInputInOneSentenceAndLeavesNoFile) {
          "Task A - Dig carries risk factor 4, but the register holds 1.",
          Replaced(kSmall, "<CostItem",
                   "<UserValue Name=\"RiskFactors\">(1,4)</UserValue><CostItem")},
-        {1, "analyse plan.kplan --save out", "register|not well-formed",
+        {1, "analyse plan.kplan --save out", "its text \"RiskFactors\"|cannot be read",
          Replaced(kSmall, "&lt;/RiskFactors&gt;", "")},
         {1, "analyse plan.kplan --json out", "Risk factor 1|Maximum",
          Replaced(kSmall, "&lt;Maximum&gt;150", "&lt;Maximum&gt;wide")},

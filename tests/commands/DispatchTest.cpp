@@ -147,6 +147,51 @@ TEST_F(CommandTest, ShowAsksOnlyWhenTheAnalysisIsOutOfDate) {
     EXPECT_EQ(opened, "driving driving driving ");
 }
 
+TEST_F(CommandTest, RunsBetweenTwoIterationsOfAnAnalysisThatGoesOnWithItsOwnRegister) {
+    const struct {
+        const char* what;
+        std::function<void()> between;
+        bool firstKeeps = true, secondKeeps = true;  // the coefficients of the analysis
+    } rows[] = {
+        {"nothing", [] {}},
+        {"show", [this] { addin.LaunchShow(); }},
+        {"save", [this] { addin.LaunchSave(); }},
+        {"assign", [this] { addin.LaunchAssign(); }},
+        {"edit", [this] { addin.LaunchEdit(); }},
+        {"another first factor",
+         [this] { StoreFactors(2, [](int i, auto& f) { f.dblMax = i == 1 ? 120 : 100; }); }, false},
+        {"one factor less", [this] { StoreFactors(1); }, true, false},
+        {"no factor", [this] { StoreFactors(0); }, false, false},
+        {"no document", [this] { host.plan->texts["RiskFactors"] = "mine"; }, false, false},
+    };
+    runner.script = [](User& user) { user.Press(Key::Enter); };  // OK, where there is one
+    host.AddTask("1", "Dig", "(1,2)");
+    addin.LaunchStartSchedulon();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        StoreFactors(2);
+        desktop.chosenFiles = {folder / "saved.xml"};
+        host::AnalysisEvents& listener = *host.application->sinks.at(0);
+        listener.PlanBeforeRiskAnalysis(host.plan);
+        for (const double percent : {110.0, 120.0, 140.0}) {
+            host.plan->randoms = {0.5, 0.5};
+            host.plan->finish = percent;
+            for (const auto& member : host.plan->Find("RISKFACTORTASKS")->members)
+                member->sampled = percent * 100;
+            listener.PlanAfterRiskIteration(host.plan);
+            if (percent == 110) row.between();
+        }
+        listener.PlanAfterRiskAnalysis(host.plan);
+        const std::string& text = host.plan->texts["RiskFactors"];
+        const std::size_t first = text.find("<DurSens>1<"), second = text.find("\"2\"");
+        EXPECT_EQ(first < second && first != text.npos, row.firstKeeps) << text;
+        EXPECT_EQ(second != text.npos && text.find("<DurSens>1<", second) != text.npos,
+                  row.secondKeeps)
+            << text;
+    }
+    EXPECT_EQ(desktop.MessageText(), "");
+}
+
 TEST_F(CommandTest, TheListenerIsStartedOnceAndStoppedOnce) {
     addin.LaunchStopSchedulon();
     addin.LaunchStartSchedulon();

@@ -20,7 +20,7 @@ class SaveLoadTest : public testing::Test {
     void StoreFactors(int count) {
         for (int i = 0; i < count; ++i)
             globals.RiskFactors.push_back(std::make_shared<clsRiskFactor>());
-        SaveRegisterToPlan(globals, *host.plan);
+        SaveRegisterToPlan(globals.RiskFactors, *host.plan);
     }
     void Save() {
         desktop.chosenFiles = {path};
@@ -127,11 +127,12 @@ TEST_F(SaveLoadTest, AFileThatIsNoRegisterIsRefusedBeforeAnythingChanges) {
 
 TEST_F(SaveLoadTest, WhatWasSavedLoadsIntoAnotherPlan) {
     StoreFactors(3);
-    host.AddTask("10", "Dig", "(2(P));(1,3)");
+    host.AddTask(" 10", "Dig", "(2(P));(1,3)");
     host.AddTask("20", "Wait", "(3)");
     Save();
     FakeHost other;
-    auto dig = other.AddTask("10", "Dig", "(9)");
+    other.AddTask("10", "Dug");
+    auto dig = other.AddTask(" 10", "Dig", "(9)");
     auto wait = other.AddTask("20", "Wait");
     globals.application = other.application;
     Load(Written());

@@ -33,7 +33,7 @@ struct AnalysisFixture {
 
     void StoreRegister(const std::vector<std::shared_ptr<clsRiskFactor>>& factors) {
         globals.RiskFactors = factors;
-        SaveRegisterToPlan(globals, *host.plan);
+        SaveRegisterToPlan(globals.RiskFactors, *host.plan);
         globals.RiskFactors.clear();
     }
 

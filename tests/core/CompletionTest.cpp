@@ -76,7 +76,7 @@ TEST(Completion, CorrelatesHistoriesAsTheyStandOneElementPerVisit) {
     for (const char* id : {"1", "2"}) fixture.host.AddTask(id, "Dig", "1");
     fixture.Before();
     RunThree(fixture);
-    const ImpactHistory& history = fixture.globals.RiskFactors[0]->m_colValues;
+    const ImpactHistory& history = fixture.globals.analysis->factors[0]->m_colValues;
     ASSERT_EQ(history.Count(), 6u);
     EXPECT_EQ(history.At(1), 1.1);
     EXPECT_EQ(history.At(2), 1.2);
@@ -84,15 +84,32 @@ TEST(Completion, CorrelatesHistoriesAsTheyStandOneElementPerVisit) {
 
     double mean = 0, deviation = 0;
     const double expected = ArrayPearson({10, 20, 40}, {1.1, 1.1, 1.2}, 3, false, mean, deviation);
-    EXPECT_EQ(fixture.globals.RiskFactors[0]->dblDurSens, expected);
-    EXPECT_EQ(fixture.globals.RiskFactors[0]->m_dCostSens, 0) << "the cost never varies";
-    EXPECT_EQ(fixture.globals.RiskFactors[1]->dblDurSens, 0) << "no task carries it";
+    EXPECT_EQ(fixture.globals.analysis->factors[0]->dblDurSens, expected);
+    EXPECT_EQ(fixture.globals.analysis->factors[0]->m_dCostSens, 0) << "the cost never varies";
+    EXPECT_EQ(fixture.globals.analysis->factors[1]->dblDurSens, 0) << "no task carries it";
     EXPECT_EQ(fixture.host.application->busy, (std::vector<bool>{true, false}));
     EXPECT_EQ(fixture.host.application->statusTexts, (std::vector<std::string>{"A", "Unused"}));
 
     fixture.globals.RiskFactors.clear();
     LoadRegisterFromPlan(fixture.globals, *fixture.host.plan);
     EXPECT_NEAR(fixture.globals.RiskFactors[0]->dblDurSens, expected, 1e-14);
+}
+
+TEST(Completion, GoesIntoThePlanThatWasAnalysed) {
+    AnalysisFixture fixture;
+    fixture.StoreRegister({Factor("A", 100)});
+    const auto task = fixture.host.AddTask("1", "Dig", "1");
+    const auto other = fixture.host.application->plan =
+        std::make_shared<FakePlan>(fixture.host.log);
+    other->randoms = {0.5, 0.5, 0.5};
+    fixture.Before();
+    for (int i = 0; i < 3; ++i)
+        fixture.listener.m_SchedyApp_PlanAfterRiskIteration(fixture.host.plan);
+    task->texts["Risk Factors Iterations"] = "100";
+    fixture.After();
+    EXPECT_TRUE(other->texts.empty());
+    EXPECT_NE(fixture.host.plan->texts["RiskFactors"].find("<DurSens>0<"), std::string::npos);
+    EXPECT_EQ(task->texts["Risk Factors Iterations"], "");
 }
 
 TEST(Completion, ClearsTheLogsAndKeepsTheRegisterWhenNoIterationRan) {
@@ -113,9 +130,9 @@ TEST(Listener, IsToldOfThePlanAnalysed) {
     fixture.listener.StartSchedulon();
     fixture.StoreRegister({Factor("A", 100)});
     fixture.host.application->sinks.at(0)->PlanBeforeRiskAnalysis(fixture.host.plan);
-    EXPECT_TRUE(fixture.globals.analysis.active);
+    EXPECT_TRUE(fixture.globals.analysis->active);
     fixture.host.application->sinks.at(0)->PlanBeforeRiskAnalysis(nullptr);
-    EXPECT_FALSE(fixture.globals.analysis.active);
+    EXPECT_FALSE(fixture.globals.analysis->active);
 }
 
 TEST(Listener, TellsTheHostWhenNoPlanIsOpenAnyMore) {

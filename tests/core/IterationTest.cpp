@@ -9,7 +9,8 @@ using testing::ElementsAre;
 
 std::vector<bool> Applied(const AnalysisFixture& fixture) {
     std::vector<bool> applied;
-    for (const auto& factor : fixture.globals.RiskFactors) applied.push_back(factor->GetApplied());
+    for (const auto& factor : fixture.globals.analysis->factors)
+        applied.push_back(factor->GetApplied());
     return applied;
 }
 
@@ -140,7 +141,7 @@ TEST(Iteration, KeepsASummarysDurationAndRewritesItsCosts) {
     fixture.Iterate({0.5}, {150}, {200});
     EXPECT_EQ(summary->duration, 100);
     EXPECT_EQ(cost.cost, 40);
-    EXPECT_TRUE(fixture.globals.RiskFactors[0]->GetApplied());
+    EXPECT_TRUE(fixture.globals.analysis->factors[0]->GetApplied());
 }
 
 TEST(Iteration, RefusesFiguresThatDoNotFit) {
@@ -176,7 +177,8 @@ TEST(Iteration, MakesNoHostCallThatCanBeAvoided) {
         {"Member.SampledValue", 4},   {"Task.Duration", 3},
         {"Task.PutDuration", 3},      {"CostItem.PutCost", 3},
         {"Plan.Recalculate", 1},      {"AnalysisOptions.RecalculateAll", 1},
-        {"SummaryTask.Finish", 1},    {"SummaryTask.Cost", 1}};
+        {"Plan.SummaryTask", 1},      {"SummaryTask.Finish", 1},
+        {"SummaryTask.Cost", 1}};
     std::size_t sum = 0;
     for (const auto& [member, count] : expected) {
         EXPECT_EQ(fixture.host.log.Count(member), count) << member;

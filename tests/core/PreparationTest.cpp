@@ -38,24 +38,54 @@ TEST(Preparation, GivesTheHostOneVariablePerFactorAndImpactHowOftenEverItRuns) {
     EXPECT_EQ(duration.maximum, 13250);
     EXPECT_EQ(plan.Find("RISKFACTORCOST")->members[0]->distribution->maximum, 12000);
     EXPECT_TRUE(plan.autoCalculate);
-    EXPECT_EQ(fixture.globals.RiskFactors[2]->strID, "3");
+    EXPECT_EQ(fixture.globals.analysis->factors[2]->strID, "3");
 }
 
-TEST(Preparation, ListsASummarysDescendantsForTheFactorButOnlyTheSummaryForIterations) {
+TEST(Preparation, ReadsEachTaskOnceAndNothingBelowASummary) {
+    AnalysisFixture fixture;
+    fixture.StoreRegister({Factor("Weather", 30), Factor("Permits", 30)});
+    const auto summary = fixture.host.AddTask("1", "Works", "(1,2)");
+    fixture.host.AddTask("2", "Dig", "note", summary.get())->texts["RiskFactors"] = "(1)";
+    fixture.host.AddTask("3", "Odd", "(P)")->AddCost(7);
+    fixture.host.log.calls.clear();
+    fixture.Before();
+    EXPECT_EQ(fixture.host.log.Count("UserValues.Item"), 3u);
+    EXPECT_EQ(fixture.host.log.Count("Task.CostItems"), 3u);
+    EXPECT_EQ(fixture.host.log.Count("Task.ChildTasks"), 0u);
+    EXPECT_EQ(fixture.globals.analysis->factorTasks.size(), 2u);
+    EXPECT_EQ(fixture.globals.analysis->factors[0]->m_colTasks.size(), 2u);
+}
+
+TEST(Preparation, TakesALookUpThatRaisesForNothingThere) {
     AnalysisFixture fixture;
     fixture.StoreRegister({Factor("Weather", 30)});
-    const auto summary = fixture.host.AddTask("1", "Works", "(1)");
-    const auto phase = fixture.host.AddTask("2", "Phase", "", summary.get());
-    fixture.host.AddTask("3", "Dig", "", phase.get());
-    fixture.host.AddTask("4", "Pour", "", summary.get());
+    fixture.host.log.failing = {"GroupCollection.Item", "MemberCollection.Item"};
     fixture.Before();
+    EXPECT_EQ(fixture.host.plan->groups.size(), 3u);
+}
 
-    std::vector<std::string> listed;
-    for (const auto& task : fixture.globals.RiskFactors[0]->m_colTasks)
-        listed.push_back(task->ID());
-    EXPECT_THAT(listed, ElementsAre("1", "2", "3", "4"));
-    ASSERT_EQ(fixture.globals.analysis.factorTasks.size(), 1u);
-    EXPECT_EQ(fixture.globals.analysis.factorTasks[0].task->ID(), "1");
+TEST(Preparation, RefusesBeforeAnythingChangesWhatItCannotReadOrHandOver) {
+    auto vast = Factor("Vast", 30);
+    vast->dblCostMax = 1e307;
+    for (const auto& [text, reason] : {std::pair{"<RiskFactors>", "cannot be read: line 1"},
+                                       {"<Notes>mine</Notes>", "its root element is \"Notes\""},
+                                       {"<r><RiskFactor/></r>", "Risk factor 1: Name is missing"},
+                                       {"", "Risk factor 1 - Vast: A calculation overflowed"}}) {
+        AnalysisFixture fixture;
+        fixture.StoreRegister({vast});
+        if (*text) fixture.host.plan->texts["RiskFactors"] = text;
+        const std::string before = fixture.host.plan->texts["RiskFactors"];
+        try {
+            fixture.Before();
+            ADD_FAILURE() << "accepted " << text;
+        } catch (const DataError& error) {
+            EXPECT_NE(std::string(error.what()).find(reason), std::string::npos) << error.what();
+        }
+        EXPECT_EQ(fixture.host.plan->groups.empty(), *text != 0);
+        fixture.listener.m_SchedyApp_PlanAfterRiskIteration(fixture.host.plan);
+        fixture.After();
+        EXPECT_EQ(fixture.host.plan->texts["RiskFactors"], before);
+    }
 }
 
 TEST(Preparation, TellsOfADuplicateOnceAndKeepsAnIDOfBothGroupsInBoth) {
@@ -68,7 +98,7 @@ TEST(Preparation, TellsOfADuplicateOnceAndKeepsAnIDOfBothGroupsInBoth) {
         "There is a duplicate RiskFactor assigned to task 20 - Drawings and will be ignored.");
     fixture.Iterate({0.1, 0.1}, {110, 120}, {100, 100});
     EXPECT_EQ(fixture.desktop.messages.size(), 1u);
-    EXPECT_THAT(fixture.globals.analysis.visits, ElementsAre(2, 1));
+    EXPECT_THAT(fixture.globals.analysis->visits, ElementsAre(2, 1));
 }
 
 TEST(Preparation, NamesTaskAndFactorWhereTheRegisterLacksIt) {

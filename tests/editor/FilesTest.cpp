@@ -47,6 +47,25 @@ TEST_F(EditorTest, APlanWithoutFactorsStartsAsTheOptionSays) {
     EXPECT_EQ(runner.shown, 7);
 }
 
+TEST_F(EditorTest, ReplacesARegisterThatCannotBeReadOnlyWhenTheUserAgrees) {
+    Option("OptionSetting", "3");
+    for (const std::string unreadable : {"<RiskFactors>", "<Notes/>", "<r><RiskFactor/></r>"}) {
+        SCOPED_TRACE(unreadable);
+        host.plan->texts["RiskFactors"] = unreadable;
+        desktop.messages.clear();
+        runner.shown = 0;
+        Edit([](User& user) { user.Click("cmdOKRisk"); });
+        EXPECT_EQ(runner.shown, 0);
+        ASSERT_EQ(desktop.messages.size(), 1u);
+        EXPECT_NE(desktop.messages[0].text.find("(its text \"RiskFactors\") cannot be read: "),
+                  std::string::npos);
+        EXPECT_EQ(host.plan->texts["RiskFactors"], unreadable);
+        desktop.answers = {MessageAnswer::Yes};
+        Edit([](User& user) { user.Click("cmdOKRisk"); });
+        EXPECT_EQ(host.plan->texts["RiskFactors"], "<RiskFactors Version=\"RiskFactors1.00\"/>");
+    }
+}
+
 TEST_F(EditorTest, OpenDialogsStartWhereThePlansAre) {
     Option("OptionSetting", "2");
     Edit([](User& user) { user.Click("cmdLoadFile"); });

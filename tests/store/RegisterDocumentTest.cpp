@@ -31,7 +31,7 @@ std::string Factor(const std::string& name, const std::string& probability) {
 }
 
 TEST_F(RegisterDocument, IsWrittenElementByElement) {
-    SaveRegisterToPlan(globals_, *host_.plan);
+    SaveRegisterToPlan(globals_.RiskFactors, *host_.plan);
     EXPECT_EQ(host_.plan->texts["RiskFactors"], "<RiskFactors Version=\"RiskFactors1.00\"/>");
 
     auto factor = std::make_shared<clsRiskFactor>();
@@ -49,7 +49,7 @@ TEST_F(RegisterDocument, IsWrittenElementByElement) {
     factor->CorrelatedTo = 2;
     globals_.RiskFactors = {factor, std::make_shared<clsRiskFactor>()};
     globals_.RiskFactors[1]->strDescription = "";
-    SaveRegisterToPlan(globals_, *host_.plan);
+    SaveRegisterToPlan(globals_.RiskFactors, *host_.plan);
     EXPECT_EQ(host_.plan->texts["RiskFactors"],
               "<RiskFactors Version=\"RiskFactors1.00\"><RiskFactor ID=\"1\">"
               "<Name>Steel &amp; iron</Name><Minimum>90</Minimum><MostLikely>100.5</MostLikely>"
@@ -66,7 +66,7 @@ TEST_F(RegisterDocument, IsWrittenElementByElement) {
     const std::string written = host_.plan->texts["RiskFactors"];
     globals_.RiskFactors.clear();
     Load(written);
-    SaveRegisterToPlan(globals_, *host_.plan);
+    SaveRegisterToPlan(globals_.RiskFactors, *host_.plan);
     EXPECT_EQ(host_.plan->texts["RiskFactors"], written);
 }
 
@@ -93,6 +93,16 @@ TEST_F(RegisterDocument, WhatIsNotADocumentAddsNothingAndSaysNothing) {
         EXPECT_TRUE(globals_.RiskFactors.empty()) << text;
     }
     EXPECT_TRUE(desktop_.messages.empty());
+}
+
+TEST_F(RegisterDocument, AStringIsDecodedWhateverItDeclares) {
+    for (const char* declared : {"encoding=\"utf-16\"", "encoding='iso-8859-1'", ""}) {
+        globals_.RiskFactors.clear();
+        Load(std::string("<?xml version='1.0' ") + declared + "?>\n<r>" + Factor("Größe", "1") +
+             "</r>");
+        ASSERT_EQ(globals_.RiskFactors.size(), 1u) << declared;
+        EXPECT_EQ(globals_.RiskFactors[0]->strDescription, "Größe");
+    }
 }
 
 TEST_F(RegisterDocument, AFactorThatCannotBeReadIsNamedAndNothingIsAdded) {
@@ -136,7 +146,7 @@ TEST_F(RegisterDocument, NumbersThatMayBeMissingFallBackOneByOne) {
 TEST_F(RegisterDocument, AFigureThatIsNotFiniteIsNeverStored) {
     globals_.RiskFactors = {std::make_shared<clsRiskFactor>()};
     globals_.RiskFactors[0]->dblDurSens = std::numeric_limits<double>::infinity();
-    EXPECT_THROW(SaveRegisterToPlan(globals_, *host_.plan), ArithmeticError);
+    EXPECT_THROW(SaveRegisterToPlan(globals_.RiskFactors, *host_.plan), ArithmeticError);
     EXPECT_FALSE(host_.plan->texts.contains("RiskFactors"));
 }
 

@@ -62,6 +62,8 @@ TEST(Settings, IterationsShowOnlyForExactlyTrue) {
 
 TEST(Registry, ValuesBecomeTextByTheirType) {
     const std::string longest(2048, 'x');
+    std::string sharp;
+    for (int i = 0; i < 2047; ++i) sharp += "ß";
     const struct {
         const char* name;
         std::uint32_t type;
@@ -77,6 +79,7 @@ TEST(Registry, ValuesBecomeTextByTheirType) {
         {"binary", 3, "\0\x0A\xFF"s, "000AFF"},
         {"fits the buffer", 1, longest, longest.substr(1)},
         {"beyond the buffer", 1, longest + 'x', "default"},
+        {"fits before it is decoded", 1, std::string(2047, '\xDF') + '\0', sharp},
     };
     test::FakeDesktop desktop;
     EXPECT_EQ(GetRegValue(desktop, "key", "absent", "default"), "default");

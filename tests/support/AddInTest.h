@@ -39,7 +39,7 @@ class AddInTest : public testing::Test {
             factor->strDescription = "F" + std::to_string(i);
             if (change) change(i, *factor);
         }
-        SaveRegisterToPlan(globals, *host.plan);
+        SaveRegisterToPlan(globals.RiskFactors, *host.plan);
     }
 
     FakeHost host;

@@ -9,6 +9,7 @@
 
 #include "base/Errors.h"
 #include "platform/SystemDesktop.h"
+#include "platform/XmlCharacters.h"
 
 namespace kestrel::test {
 
@@ -93,6 +94,13 @@ class FakeDesktop : public SystemDesktop {
                                                    const std::string& name) override {
         const auto found = registry.find({key, name});
         return found == registry.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    /// As on a system whose texts are Latin-1.
+    std::string DecodeSystemText(std::string_view bytes) override {
+        std::string text;
+        for (const char c : bytes) AppendUtf8(text, static_cast<unsigned char>(c));
+        return text;
     }
 
     void SetClipboardText(const std::string& text) override { clipboard = text; }

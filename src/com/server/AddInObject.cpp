@@ -237,7 +237,7 @@ void AddInObject::StopListening() noexcept {
 void AddInObject::LetHostGo() noexcept {
     modGlobals& globals = addIn_.Globals();
     globals.RiskFactors.clear();
-    globals.analysis = AnalysisState();
+    globals.analysis.reset();
     globals.application.reset();
 }
 

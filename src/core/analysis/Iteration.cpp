@@ -11,13 +11,12 @@
 namespace kestrel {
 namespace {
 
-void DecideOccurrences(modGlobals& globals) {
-    AnalysisState& state = globals.analysis;
-    for (const auto& factor : globals.RiskFactors) factor->ResetRisk();
+void DecideOccurrences(AnalysisState& state) {
+    for (const auto& factor : state.factors) factor->ResetRisk();
     for (double& number : state.randomNumbers) number = state.riskAnalysis->NextRandom();
-    ShareRandomNumbers(globals.RiskFactors, state.randomNumbers);
-    for (std::size_t i = 0; i < globals.RiskFactors.size(); ++i) {
-        clsRiskFactor& factor = *globals.RiskFactors[i];
+    ShareRandomNumbers(state.factors, state.randomNumbers);
+    for (std::size_t i = 0; i < state.factors.size(); ++i) {
+        clsRiskFactor& factor = *state.factors[i];
         if (state.visits[i] > 0) factor.ApplyRiskData(state.visits[i]);
         factor.GetRiskImpact(state.impacts[i].duration, state.impacts[i].cost);
     }
@@ -93,17 +92,16 @@ void PutScaledDuration(host::Task& task, std::int32_t duration, double multiplie
     task.PutDuration(result);
 }
 
-void WriteLog(modGlobals& globals, const FactorTask& entry, std::span<const std::uint32_t> series,
-              std::span<const std::uint32_t> parallel, std::int32_t duration, double costMultiplier,
-              bool hasCosts) {
-    IterationLog log(globals.RiskFactors);
+void WriteLog(const AnalysisState& state, const FactorTask& entry,
+              std::span<const std::uint32_t> series, std::span<const std::uint32_t> parallel,
+              std::int32_t duration, double costMultiplier, bool hasCosts) {
+    IterationLog log(state.factors);
     if (entry.ordinary) log.Read(series, parallel);
     const bool tellCosts = hasCosts && costMultiplier != 1.0 && costMultiplier != 0;
     entry.task->UserValues()->PutItem(kIterationsField, log.Text(duration, tellCosts));
 }
 
-void ApplyToTasks(modGlobals& globals) {
-    AnalysisState& state = globals.analysis;
+void ApplyToTasks(AnalysisState& state) {
     CombineImpacts(state);
     const Impact* combined = state.combined.data();
     const std::uint32_t* const factors = state.groupFactors.data();
@@ -116,7 +114,7 @@ void ApplyToTasks(modGlobals& globals) {
         const std::int32_t duration = entry.task->Duration();
         PutScaledDuration(*entry.task, duration, combined->duration);
         if (log)
-            WriteLog(globals, entry, {factors + group, factors + entry.seriesEnd},
+            WriteLog(state, entry, {factors + group, factors + entry.seriesEnd},
                      {factors + entry.seriesEnd, factors + entry.parallelEnd}, duration,
                      combined->cost, cost < entry.costEnd);
         for (; cost < entry.costEnd; ++cost)
@@ -128,18 +126,19 @@ void ApplyToTasks(modGlobals& globals) {
 
 }  // namespace
 
-void ApplyIteration(modGlobals& globals) {
-    AnalysisState& state = globals.analysis;
+void ApplyIteration(AnalysisState& state) {
     state.plan->PutAutoCalculate(false);
-    DecideOccurrences(globals);
-    ApplyToTasks(globals);
+    DecideOccurrences(state);
+    ApplyToTasks(state);
     state.plan->PutAutoCalculate(true);
     if (state.options->RecalculateAll())
         state.plan->RecalculateAll();
     else
         state.plan->Recalculate();
-    state.ProjectFinishSamples.push_back(state.summary->Finish());
-    state.ProjectCostSamples.push_back(state.summary->Cost());
+    // Asked for each time: a host may hand out what the plan comes to at that moment.
+    const auto summary = state.plan->SummaryTask();
+    state.ProjectFinishSamples.push_back(summary->Finish());
+    state.ProjectCostSamples.push_back(summary->Cost());
 }
 
 }  // namespace kestrel

@@ -1,8 +1,10 @@
+#include "base/Checked.h"
 #include "base/Errors.h"
 #include "core/analysis/modAnalysis.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
+#include "util/HostLookup.h"
 
 namespace kestrel {
 namespace {
@@ -36,7 +38,7 @@ void RemoveOldGroups(host::Plan& plan) {
 
 host::GroupPtr FetchGroup(host::GroupCollection& groups, const std::string& name,
                           const std::string& description) {
-    host::GroupPtr group = groups.Item(name);
+    host::GroupPtr group = FoundOrNothing([&] { return groups.Item(name); });
     if (!group) group = groups.Add(name);
     group->PutDescription(description);
     group->PutFlagged(false);
@@ -50,57 +52,56 @@ struct Percentages {
 void SetDistribution(host::Member& member, const Percentages& percent) {
     const auto distribution = member.Distribution(true);
     distribution->PutShape(0);
-    distribution->PutMinimum(percent.minimum * 100);
-    distribution->PutMostLikely(percent.mostLikely * 100);
-    distribution->PutMaximum(percent.maximum * 100);
+    distribution->PutMinimum(Checked(percent.minimum * 100));
+    distribution->PutMostLikely(Checked(percent.mostLikely * 100));
+    distribution->PutMaximum(Checked(percent.maximum * 100));
     member.PutValue(distribution->Value());
 }
 
 host::MemberPtr FetchMember(host::MemberCollection& members, const std::string& name,
                             const Percentages& percent) {
-    host::MemberPtr member = members.Item(name);
+    host::MemberPtr member = FoundOrNothing([&] { return members.Item(name); });
     if (!member) member = members.Add(name);
     member->PutValue(1.0);
     SetDistribution(*member, percent);
     return member;
 }
 
-void BuildSampledVariables(modGlobals& globals, host::Plan& plan) {
+/// Gives the factor its two variables, which stand for its own group.
+void BuildVariablesOf(clsRiskFactor& factor, const std::string& groupName,
+                      host::MemberCollection& durations, host::MemberCollection& costs) {
+    try {
+        factor.durationMember =
+            FetchMember(durations, groupName, {factor.dblMin, factor.dblML, factor.dblMax});
+        factor.costMember =
+            FetchMember(costs, groupName, {factor.dblCostMin, factor.dblCostML, factor.dblCostMax});
+    } catch (const ArithmeticError& error) {
+        throw ArithmeticError("Risk factor " + factor.strID + " - " + factor.strDescription + ": " +
+                              error.what());
+    }
+    factor.PrepObjForAnalysis();
+}
+
+void BuildSampledVariables(const RiskRegister& factors, host::Plan& plan) {
     const auto groups = plan.Groups();
     const auto durations = FetchGroup(*groups, kDurationGroup, "Risk Factors")->Members();
     const auto costs = FetchGroup(*groups, kCostGroup, "Risk Factor Costs")->Members();
-    std::size_t n = 0;
-    for (const auto& factor : globals.RiskFactors) {
-        const std::string name =
-            FetchGroup(*groups, kFactorGroupPrefix + std::to_string(++n), factor->strDescription)
-                ->Name();
-        factor->durationMember =
-            FetchMember(*durations, name, {factor->dblMin, factor->dblML, factor->dblMax});
-        factor->costMember =
-            FetchMember(*costs, name, {factor->dblCostMin, factor->dblCostML, factor->dblCostMax});
-        factor->PrepObjForAnalysis();
-    }
-}
-
-void AppendDescendants(host::Task& task, std::vector<host::TaskPtr>& list) {
-    for (const auto& child : task.ChildTasks()) {
-        list.push_back(child);
-        AppendDescendants(*child, list);
+    for (const auto& factor : factors) {
+        const auto group =
+            FetchGroup(*groups, kFactorGroupPrefix + factor->strID, factor->strDescription);
+        BuildVariablesOf(*factor, group->Name(), *durations, *costs);
     }
 }
 
 /// Lists the task with every factor that it carries.
-void ListTask(modGlobals& globals, const host::TaskPtr& task, const RiskIDs& ids,
-              std::int16_t type) {
-    const auto held = static_cast<std::int32_t>(globals.RiskFactors.size());
+void ListTask(AnalysisState& state, const host::TaskPtr& task, const RiskIDs& ids) {
+    const auto held = static_cast<std::int32_t>(state.factors.size());
     for (const std::int32_t id : ids) {
         if (id < 1 || id > held)
             throw DataError("Task " + TaskLabel(*task) + " carries risk factor " +
                             std::to_string(id) + ", but the register holds " +
                             std::to_string(held) + ".");
-        auto& list = globals.RiskFactors[static_cast<std::size_t>(id) - 1]->m_colTasks;
-        list.push_back(task);
-        if (type == host::kSummaryTask) AppendDescendants(*task, list);
+        state.factors[static_cast<std::size_t>(id) - 1]->m_colTasks.push_back(task);
     }
 }
 
@@ -112,70 +113,61 @@ void AppendGroup(AnalysisState& state, std::string_view fieldText, bool inSeries
     }
 }
 
-/// Keeps what every iteration needs of the task, so that no field is read or parsed again.
-void KeepForIterations(AnalysisState& state, const host::TaskPtr& task, std::int16_t type) {
-    const std::string fieldText = task->UserValues()->Item(kRiskFactorsField);
+using CostItems = std::vector<std::shared_ptr<host::CostItem>>;
+
+/// Keeps what every iteration needs of the task.
+void KeepForIterations(AnalysisState& state, const host::TaskPtr& task, std::string_view fieldText,
+                       const CostItems& costs) {
     FactorTask entry;
     entry.task = task;
-    entry.ordinary = type == host::kOrdinaryTask;
+    entry.ordinary = task->TaskType() == host::kOrdinaryTask;
     AppendGroup(state, fieldText, true);
     entry.seriesEnd = static_cast<std::uint32_t>(state.groupFactors.size());
     AppendGroup(state, fieldText, false);
     entry.parallelEnd = static_cast<std::uint32_t>(state.groupFactors.size());
-    for (auto& item : task->CostItems()) state.costItems.push_back(std::move(item));
+    state.costItems.insert(state.costItems.end(), costs.begin(), costs.end());
     entry.costEnd = static_cast<std::uint32_t>(state.costItems.size());
     state.factorTasks.push_back(std::move(entry));
 }
 
-void BuildTaskLists(modGlobals& globals, const std::vector<host::TaskPtr>& tasks) {
-    AnalysisState& state = globals.analysis;
-    state.visits.assign(globals.RiskFactors.size(), 0);
-    RiskIDs ids;
-    for (const auto& task : tasks) {
-        GetAllTaskRiskFactors(globals, *task, ids);
+/// Reads every task's field, once. Answers the cost items of the tasks with any text in it.
+CostItems BuildTaskLists(Desktop& desktop, AnalysisState& state, host::Plan& plan) {
+    state.visits.assign(state.factors.size(), 0);
+    CostItems all;
+    for (const auto& task : plan.Tasks()->Enumerate()) {
+        const std::string fieldText = task->UserValues()->Item(kRiskFactorsField);
+        if (fieldText.empty()) continue;
+        const CostItems costs = task->CostItems();
+        all.insert(all.end(), costs.begin(), costs.end());
+        const RiskIDs ids = AllListedIDs(desktop, *task, fieldText);
         if (ids.empty()) continue;
-        const std::int16_t type = task->TaskType();
-        ListTask(globals, task, ids, type);
-        KeepForIterations(state, task, type);
+        ListTask(state, task, ids);
+        KeepForIterations(state, task, fieldText, costs);
     }
-}
-
-void SnapshotBaseCosts(AnalysisState& state, const std::vector<host::TaskPtr>& tasks) {
-    for (const auto& task : tasks) {
-        if (task->UserValues()->Item(kRiskFactorsField).empty()) continue;
-        for (const auto& item : task->CostItems()) state.baseCosts.push_back(item->Cost());
-    }
+    return all;
 }
 
 }  // namespace
 
-void PrepareAnalysis(modGlobals& globals, const host::PlanPtr& plan) {
-    AnalysisState fresh;
-    fresh.active = globals.analysis.active;
-    fresh.logIterations = globals.analysis.logIterations;
-    fresh.plan = plan;
-    globals.analysis = std::move(fresh);
-    AnalysisState& state = globals.analysis;
+void PrepareAnalysis(modGlobals& globals, AnalysisState& state) {
+    state.factors = ReadRegister(globals.desktop, state.registerText);
 
+    host::Plan& plan = *state.plan;
     const host::PlanPtr activePlan = OpenPlan(globals);
     activePlan->PutAutoCalculate(false);
-    RemoveOldGroups(*plan);
+    RemoveOldGroups(plan);
+    EnsureTaskFields(plan);
 
-    globals.RiskFactors.clear();
-    LoadRegisterFromPlan(globals, *plan);
-
-    plan->PutAutoCalculate(false);
-    BuildSampledVariables(globals, *plan);
-    const std::vector<host::TaskPtr> tasks = plan->Tasks()->Enumerate();
-    BuildTaskLists(globals, tasks);
-    plan->PutAutoCalculate(true);
-    SnapshotBaseCosts(state, tasks);
+    plan.PutAutoCalculate(false);
+    BuildSampledVariables(state.factors, plan);
+    const CostItems costs = BuildTaskLists(globals.desktop, state, plan);
+    plan.PutAutoCalculate(true);
+    for (const auto& item : costs) state.baseCosts.push_back(item->Cost());
 
     state.riskAnalysis = activePlan->RiskAnalysis();
-    state.options = plan->RiskAnalysis()->Options();
-    state.summary = plan->SummaryTask();
-    state.randomNumbers.resize(globals.RiskFactors.size());
-    state.impacts.resize(globals.RiskFactors.size());
+    state.options = plan.RiskAnalysis()->Options();
+    state.randomNumbers.resize(state.factors.size());
+    state.impacts.resize(state.factors.size());
     state.combined.resize(state.factorTasks.size());
     activePlan->PutAutoCalculate(true);
 }

@@ -32,11 +32,11 @@ struct ProjectSeries {
 
 }  // namespace
 
-void CalculateSensitivities(modGlobals& globals) {
-    globals.application->PutBusy(true);
-    ProjectSeries finish(globals.analysis.ProjectFinishSamples);
-    ProjectSeries cost(globals.analysis.ProjectCostSamples);
-    const std::span factors(globals.RiskFactors);
+void CalculateSensitivities(host::Application& application, AnalysisState& state) {
+    application.PutBusy(true);
+    ProjectSeries finish(state.ProjectFinishSamples);
+    ProjectSeries cost(state.ProjectCostSamples);
+    const std::span factors(state.factors);
     for (std::size_t first = 0; first < factors.size(); first += kSideBySide) {
         const auto block = factors.subspan(first, std::min(kSideBySide, factors.size() - first));
         std::vector<const ImpactHistory*> durations, costs;
@@ -48,12 +48,12 @@ void CalculateSensitivities(modGlobals& globals) {
         const auto costSums = cost.SumsWith(costs);
         for (std::size_t k = 0; k < block.size(); ++k) {
             clsRiskFactor& factor = *block[k];
-            globals.application->PutStatusText(factor.strDescription);
+            application.PutStatusText(factor.strDescription);
             factor.dblDurSens = finish.CorrelationWith(factor.m_colValues, finishSums[k]);
             factor.m_dCostSens = cost.CorrelationWith(factor.m_colValuesC, costSums[k]);
         }
     }
-    globals.application->PutBusy(false);
+    application.PutBusy(false);
 }
 
 }  // namespace kestrel

@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
+#include "core/model/clsRiskFactor.h"
 #include "host/HostModel.h"
 
 namespace kestrel {
@@ -24,17 +26,20 @@ struct Impact {
     double cost = 1.0;
 };
 
-/// The state of one analysis, rebuilt by every preparation. What an iteration needs of the host
-/// is fetched once and kept flat: a host call costs far more than the arithmetic.
+/// The state of one analysis, made anew by every preparation. What an iteration needs of the host
+/// is fetched once and kept flat: a host call costs far more than the arithmetic, and a host that
+/// answers otherwise the second time is not heard. The register is the analysis's own: commands
+/// that run between two iterations work on the plan's.
 struct AnalysisState {
     bool active = false;         ///< an analysis of a plan that holds factors is under way
     bool broken = false;         ///< a handler failed: no further figures of this analysis count
     bool logIterations = false;  ///< write each task's factors into "Risk Factors Iterations"
 
-    host::PlanPtr plan;  ///< the plan that the event delivered
+    host::PlanPtr plan;        ///< the plan that the event delivered
+    std::string registerText;  ///< the plan's register as it was read
+    RiskRegister factors;      ///< what it held
     std::shared_ptr<host::RiskAnalysis> riskAnalysis;
     std::shared_ptr<host::AnalysisOptions> options;
-    std::shared_ptr<host::SummaryTask> summary;
 
     std::vector<FactorTask> factorTasks;      ///< tasks with at least one factor, in plan order
     std::vector<std::uint32_t> groupFactors;  ///< register indices, series then parallel group
@@ -42,7 +47,8 @@ struct AnalysisState {
     std::vector<std::int32_t> visits;  ///< per factor: visits by tasks in one iteration
 
     /// Costs before the analysis of every task whose field text is not empty. A text without any
-    /// ID makes this list longer than costItems; they are paired by running position all the same.
+    /// ID makes this list longer than costItems, never shorter; they are paired by running
+    /// position all the same.
     std::vector<double> baseCosts;
 
     std::vector<double> randomNumbers;  ///< per factor: the number drawn in this iteration

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
@@ -14,6 +16,7 @@ struct NumberElement {
     const char* name;
     double clsRiskFactor::*field;
     Presence presence;
+    bool isSensitivity = false;
 };
 
 /// The numbers of a factor in the order in which documents hold them, between Name and
@@ -26,8 +29,8 @@ constexpr NumberElement kNumbers[] = {
     {"CostMostLikely", &clsRiskFactor::dblCostML, Presence::Optional},
     {"CostMaximum", &clsRiskFactor::dblCostMax, Presence::Optional},
     {"Probability", &clsRiskFactor::dblProb, Presence::Required},
-    {"DurSens", &clsRiskFactor::dblDurSens, Presence::Optional},
-    {"CostSens", &clsRiskFactor::m_dCostSens, Presence::Optional},
+    {"DurSens", &clsRiskFactor::dblDurSens, Presence::Optional, true},
+    {"CostSens", &clsRiskFactor::m_dCostSens, Presence::Optional, true},
 };
 
 std::optional<double> OptionalNumber(const char* name, const XmlNode& element) {
@@ -69,6 +72,26 @@ void clsRiskFactor::SaveRiskToXML(XmlNode& element) const {
     for (const NumberElement& number : kNumbers)
         element.Append(CreateXmlElement(number.name, GeneralText(this->*number.field)));
     element.Append(CreateXmlElement("CorrelatedTo", std::to_string(CorrelatedTo)));
+}
+
+void clsRiskFactor::SaveSensitivitiesToXML(XmlNode& element) const {
+    for (const NumberElement& number : kNumbers) {
+        if (!number.isSensitivity) continue;
+        XmlNode stored = CreateXmlElement(number.name, GeneralText(this->*number.field));
+        const auto found = std::find_if(element.children.begin(), element.children.end(),
+                                        [&](const XmlNode& n) { return n.name == number.name; });
+        if (found == element.children.end())
+            element.Append(std::move(stored));
+        else
+            *found = std::move(stored);
+    }
+}
+
+bool clsRiskFactor::IsDefinedAs(const clsRiskFactor& other) const {
+    return strDescription == other.strDescription && CorrelatedTo == other.CorrelatedTo &&
+           std::all_of(std::begin(kNumbers), std::end(kNumbers), [&](const NumberElement& number) {
+               return number.isSensitivity || this->*number.field == other.*number.field;
+           });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,7 +40,8 @@ class clsRiskFactor {
 
     /// @name Working state of an analysis, never stored
     ///@{
-    /// Every task that the factor affects, the descendants of summary tasks included.
+    /// Every task that carries the factor, each once. The tasks below a summary are not listed:
+    /// all that is asked is whether there is a task.
     std::vector<host::TaskPtr> m_colTasks;
     ImpactHistory m_colValues;   ///< duration multipliers drawn; 1 where it did not occur
     ImpactHistory m_colValuesC;  ///< cost multipliers drawn; 1 where it did not occur
@@ -75,10 +77,19 @@ class clsRiskFactor {
     /// Appends the eleven children that the register document holds.
     void SaveRiskToXML(XmlNode& element) const;
 
+    /// Replaces the two sensitivities in an element that SaveRiskToXML or a user has written.
+    void SaveSensitivitiesToXML(XmlNode& element) const;
+
+    /// Whether the other factor is the same but for its sensitivities and its place.
+    bool IsDefinedAs(const clsRiskFactor& other) const;
+
  private:
     bool applied_ = false;
     double durationMultiplier_ = 1.0;  ///< 1 unless applied, as the cost's
     double costMultiplier_ = 1.0;
 };
+
+/// Factors in their order: the one with ID n stands at index n - 1.
+using RiskRegister = std::vector<std::shared_ptr<clsRiskFactor>>;
 
 }  // namespace kestrel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "core/model/AnalysisState.h"
 #include "core/model/clsRiskFactor.h"
@@ -18,11 +17,12 @@ struct modGlobals {
     Desktop& desktop;
     host::ApplicationPtr application;  ///< set before any command or event runs
 
-    /// The register in its order: the factor with ID n stands at index n - 1. Replaced, never
-    /// merged, on each load.
-    std::vector<std::shared_ptr<clsRiskFactor>> RiskFactors;
+    /// The register that commands and windows work on. Replaced, never merged, on each load.
+    RiskRegister RiskFactors;
 
-    AnalysisState analysis;
+    /// The latest analysis; nothing before the first. Whoever works on it holds it: while the host
+    /// is called, the user may run a command or let the host go.
+    std::shared_ptr<AnalysisState> analysis;
 
     /// Whether the editor was opened by the "edit" command, as against "assign".
     bool openedFromHost = true;

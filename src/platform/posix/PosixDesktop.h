@@ -38,6 +38,7 @@ class PosixDesktop : public Desktop {
     /// There is no registry: always nothing.
     std::optional<RegistryValue> UserRegistryValue(const std::string& key,
                                                    const std::string& name) override;
+    std::string DecodeSystemText(std::string_view bytes) override { return std::string(bytes); }
 
     /// The clipboard is this object's own as well.
     void SetClipboardText(const std::string& text) override { clipboard_ = text; }

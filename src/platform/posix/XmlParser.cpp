@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <exception>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,6 +51,7 @@ class TreeBuilder {
     void NoteError(const xmlError& error) noexcept {
         if (failure_) return;
         try {
+            if (error.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
             std::string message = error.message ? error.message : "the document is malformed";
             message.erase(message.find_last_not_of(" \t\r\n") + 1);
             throw XmlErrorAtLine(error.line > 0 ? error.line : CurrentLine(), message);
@@ -85,6 +87,8 @@ class TreeBuilder {
 
     XmlDocument Finish() {
         if (failure_) std::rethrow_exception(failure_);
+        // Some allocations of the parser fail without an error event.
+        if (parser_.errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
         if (document_.IsEmpty()) throw XmlEmpty();
         return std::move(document_);
     }
@@ -179,7 +183,7 @@ XmlDocument ParseXmlBytes(std::string_view bytes) {
     if (bytes.empty()) throw XmlEmpty();
     const std::unique_ptr<xmlParserCtxt, FreeParser> parser(
         xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
-    if (!parser) throw DataError("The document cannot be read: there is not enough memory.");
+    if (!parser) throw std::bad_alloc();
 
     // Without NOENT the parser hands over "&" in attributes as "&#38;"; only the five built-in
     // entities can occur, as there is no DTD. HUGE lifts the limit on the length of a text; depth

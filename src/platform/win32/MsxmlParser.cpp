@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstring>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -54,7 +55,7 @@ void Configure(IXMLDOMDocument2& document) {
 void Load(IXMLDOMDocument2& document, std::string_view bytes) {
     Variant array;
     array.parray = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()));
-    if (!array.parray) throw DataError("The document cannot be read: there is not enough memory.");
+    if (!array.parray) throw std::bad_alloc();
     array.vt = VT_ARRAY | VT_UI1;
     void* data = nullptr;
     CheckDom(SafeArrayAccessData(array.parray, &data));

@@ -1,5 +1,6 @@
 #include "platform/win32/MsxmlTree.h"
 
+#include <new>
 #include <string>
 #include <utility>
 
@@ -92,6 +93,7 @@ class TreeReader {
 }  // namespace
 
 void CheckDom(HRESULT result) {
+    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(result))
         throw DataError("The document cannot be read: " + SystemMessage(result) + ".");
 }

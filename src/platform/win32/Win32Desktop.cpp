@@ -125,10 +125,10 @@ std::optional<RegistryValue> Win32Desktop::UserRegistryValue(const std::string& 
     if (RegQueryValueExA(open.Get(), Ansi(name).c_str(), nullptr, &type,
                          reinterpret_cast<BYTE*>(buffer.data()), &size) != ERROR_SUCCESS)
         return std::nullopt;
-    const std::string bytes(buffer.data(), size);
-    const bool isText = type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
-    return RegistryValue{type, isText ? FromAnsi(bytes) : bytes};
+    return RegistryValue{type, std::string(buffer.data(), size)};
 }
+
+std::string Win32Desktop::DecodeSystemText(std::string_view bytes) { return FromAnsi(bytes); }
 
 void Win32Desktop::SetClipboardText(const std::string& text) { Clipboard().PutText(text); }
 

@@ -38,6 +38,7 @@ class Win32Desktop : public Desktop {
     /// Values of more than 2048 bytes count as absent. Text comes as UTF-8.
     std::optional<RegistryValue> UserRegistryValue(const std::string& key,
                                                    const std::string& name) override;
+    std::string DecodeSystemText(std::string_view bytes) override;
 
     /// Raises DataError when another program keeps the clipboard open.
     void SetClipboardText(const std::string& text) override;

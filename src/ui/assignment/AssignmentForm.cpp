@@ -36,19 +36,19 @@ std::string LiteralCaption(const std::string& text) {
     return caption;
 }
 
-/// Automatic recalculation is off for as long as it lives.
-class AutoCalculatePause {
- public:
-    explicit AutoCalculatePause(host::Plan& plan) : plan_(plan) { plan_.PutAutoCalculate(false); }
-    ~AutoCalculatePause() {
-        Trapped([this] { plan_.PutAutoCalculate(true); });
+/// Runs the work with automatic recalculation off, and on again however it ends.
+template <typename Work>
+void WithoutRecalculation(host::Plan& plan, Work work) {
+    const auto resume = [&] { Trapped([&] { plan.PutAutoCalculate(true); }); };
+    plan.PutAutoCalculate(false);
+    try {
+        work();
+    } catch (...) {
+        resume();
+        throw;
     }
-    AutoCalculatePause(const AutoCalculatePause&) = delete;
-    AutoCalculatePause& operator=(const AutoCalculatePause&) = delete;
-
- private:
-    host::Plan& plan_;
-};
+    resume();
+}
 
 }  // namespace
 
@@ -78,8 +78,7 @@ void AssignmentForm::AddButtons(std::initializer_list<Button*> buttons) {
 void AssignmentForm::Form_Load() {
     const bool loaded = TrappedAndTold(globals_.desktop, kNotShown, [this] {
         RestorePosition();
-        globals_.RiskFactors.clear();
-        LoadRegisterFromPlan(globals_, *OpenPlan(globals_));
+        OpenRegister(globals_, *OpenPlan(globals_));
         ShowRegister();
         LoadTask();
     });
@@ -114,9 +113,10 @@ void AssignmentForm::SaveTask() {
 void AssignmentForm::MoveBy(std::int32_t rows) {
     TrappedAndTold(globals_.desktop, kNotSaved, [&] {
         const host::PlanPtr plan = OpenPlan(globals_);
-        const AutoCalculatePause pause(*plan);
-        SaveTask();
-        TrappedAndTold(globals_.desktop, kNotShown, [&] { ShowNeighbour(*plan, rows); });
+        WithoutRecalculation(*plan, [&] {
+            SaveTask();
+            TrappedAndTold(globals_.desktop, kNotShown, [&] { ShowNeighbour(*plan, rows); });
+        });
     });
 }
 

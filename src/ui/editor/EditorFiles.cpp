@@ -27,11 +27,20 @@ bool frmEditRiskFactors::LoadData() {
 }
 
 std::optional<Factors> frmEditRiskFactors::FactorsToStartWith() {
+    const std::string text = OpenPlan(globals_)->GetText(kRegisterText);
+    const std::string fault = RegisterFault(globals_.desktop, text);
+    if (!fault.empty() && !UserReplaces(fault)) return std::nullopt;
     XmlDocument stored;
-    LoadXmlFromString(globals_.desktop, stored, OpenPlan(globals_)->GetText(kRegisterText));
+    if (fault.empty()) LoadXmlFromString(globals_.desktop, stored, text);
     if (Factors factors = ReadFactors(stored); !factors.empty()) return factors;
     const std::string path = ExistingFile(DefaultFile());
     return path.empty() ? Factors() : ReadFactorsFile(globals_.desktop, path);
+}
+
+bool frmEditRiskFactors::UserReplaces(const std::string& fault) {
+    return globals_.desktop.ShowMessage("The risk factors could not be edited.\r\n\r\n" + fault +
+                                            "\r\n\r\nDo you wish to replace them by new ones?",
+                                        MessageButtons::YesNo, "") == MessageAnswer::Yes;
 }
 
 std::optional<Factors> frmEditRiskFactors::FactorsOfFile(const std::string& path) {

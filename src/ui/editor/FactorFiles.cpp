@@ -22,8 +22,7 @@ const std::string* Version(const XmlDocument& document) {
 
 Factors ReadFactors(const XmlDocument& document) {
     Factors factors;
-    for (const XmlNode* element : SelectElements(document, "RiskFactor"))
-        factors.emplace_back().LoadRiskFromXML(*element);
+    for (const auto& factor : FactorsOf(document)) factors.push_back(*factor);
     return factors;
 }
 

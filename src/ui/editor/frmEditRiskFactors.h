@@ -62,6 +62,8 @@ class frmEditRiskFactors : public Form {
     /// @name Filling
     ///@{
     std::optional<Factors> FactorsToStartWith();
+    /// Whether new factors may take the place of a register that cannot be read.
+    bool UserReplaces(const std::string& fault);
     std::optional<Factors> FactorsOfFile(const std::string& path);
     std::string DefaultFile();
     std::string ExistingFile(const std::string& path);

@@ -25,7 +25,7 @@ Session::Session() {
             option == std::string("ShowIterations") ? "TRUE" : "1";
     modGlobals globals{desktop};
     globals.RiskFactors = {Factor("Rain", 100), Factor("Größe", 60, 1)};
-    SaveRegisterToPlan(globals, *host.plan);
+    SaveRegisterToPlan(globals.RiskFactors, *host.plan);
     const auto summary = host.AddTask("1", "Works", "2");
     host.AddTask("2", "Dig", "(1(P));(2)", summary.get())->AddCost(100);
     host.AddTask("3", "Fill", "1", summary.get())->AddCost(50);

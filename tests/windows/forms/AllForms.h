@@ -21,7 +21,7 @@ class Stage {
             addin.Globals().RiskFactors.push_back(std::make_shared<clsRiskFactor>());
             addin.Globals().RiskFactors.back()->strDescription = "F" + std::to_string(i);
         }
-        SaveRegisterToPlan(addin.Globals(), *host.plan);
+        SaveRegisterToPlan(addin.Globals().RiskFactors, *host.plan);
         for (const char* id : {"10", "11", "12"}) host.AddTask(id, std::string("T") + id);
         host.plan->currentRow = 1;
     }

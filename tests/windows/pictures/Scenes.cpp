@@ -37,7 +37,7 @@ void WithRegister(FerryStage& stage, int count, const std::function<void()>& com
         factor->m_dCostSens = 1.0 / (count - i + 1);
         globals.RiskFactors.push_back(std::move(factor));
     }
-    SaveRegisterToPlan(globals, plan);
+    SaveRegisterToPlan(globals.RiskFactors, plan);
     command();
     plan.SetText("RiskFactors", usual);
 }
