@@ -1,15 +1,13 @@
-#include <iostream>
-#include <limits>
-#include <memory>
+#include <optional>
 
 #include "base/Errors.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/charts/FinishDistribution.h"
 #include "refhost/cli/AddIn.h"
+#include "refhost/cli/AnalysisArguments.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/FilePath.h"
-#include "refhost/cli/Output.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
@@ -39,16 +37,6 @@ class CommandWatcher : public AnalysisWatcher {
     Progress progress_;
 };
 
-AnalysisSettings SettingsOf(const Arguments& arguments, const PlanData& plan) {
-    AnalysisSettings settings = plan.analysis;
-    if (const auto iterations =
-            arguments.Number("--iterations", 1, std::numeric_limits<std::int32_t>::max()))
-        settings.iterations = static_cast<std::int32_t>(*iterations);
-    if (const auto seed = arguments.Number("--seed", 0, std::numeric_limits<std::uint64_t>::max()))
-        settings.seed = *seed;
-    return settings;
-}
-
 AnalysisResults RunWithAddIn(Session& session, const AnalysisSettings& settings,
                              AnalysisWatcher& watcher) {
     const auto addIn = MakeAddIn(session);
@@ -71,36 +59,43 @@ Report MakeReport(Session& session, const AnalysisSettings& settings,
 }
 
 /// The tornado chart, and beside it the distribution of the finish (NAME-finish.svg).
-void WriteCharts(const std::string& path, Session& session, const AnalysisResults& results) {
-    WriteOutput(path, TornadoSvg(session, kestrel::ui::Measure::Duration, kDefaultTopRisks));
-    if (path == "-") return;
-    std::filesystem::path finish = FilePath(path);
-    finish.replace_filename(FilePath(Utf8Path(finish.stem()) + "-finish.svg"));
-    WriteOutput(Utf8Path(finish),
-                FinishDistributionSvg(results.finish, session.Plan().Name(), [](double serial) {
-                    return SerialText(serial).substr(0, 10);
-                }));
-}
+class Charts {
+ public:
+    Charts(const Arguments& arguments, Outputs& outputs) : tornado_(outputs.Find("--chart")) {
+        if (!tornado_ || tornado_->IsStraight()) return;
+        std::filesystem::path path = FilePath(arguments.Word("--chart"));
+        path.replace_filename(FilePath(Utf8Path(path.stem()) + "-finish.svg"));
+        finish_ = &outputs.AddBeside("--chart", Utf8Path(path));
+    }
 
-bool TakesStandardOutput(const Arguments& arguments) {
-    for (const char* option : {"--json", "--trace", "--chart", "--save"})
-        if (arguments.Option(option) == "-") return true;
-    return false;
-}
+    void Write(Session& session, const AnalysisResults& results) {
+        if (tornado_)
+            tornado_->Write(TornadoSvg(session, kestrel::ui::Measure::Duration, kDefaultTopRisks));
+        if (finish_)
+            finish_->Write(FinishDistributionSvg(
+                results.finish, session.Plan().Name(),
+                [](double serial) { return SerialText(serial).substr(0, 10); }));
+    }
+
+ private:
+    Outputs::File* tornado_;
+    Outputs::File* finish_ = nullptr;
+};
 
 }  // namespace
 
-void Analyse(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
-    const AnalysisSettings settings = SettingsOf(arguments, session.Plan().Live().Data());
+void Analyse(const Arguments& arguments, Outputs& outputs) {
+    Charts charts(arguments, outputs);
+    Session session(arguments.Word("PLAN"), outputs);
     FactorTracker factors(session.Host(), session.Desktop());
-    std::unique_ptr<TraceWriter> trace;
-    if (const auto path = arguments.Option("--trace"))
-        trace = std::make_unique<TraceWriter>(session.Host(), factors, *path);
+    const AnalysisSettings settings =
+        SettingsOf(arguments, session.Plan().Live().Data(), factors.Register().size());
+    std::optional<TraceWriter> trace;
+    if (auto* file = outputs.Find("--trace")) trace.emplace(session.Host(), factors, *file);
 
     AnalysisResults results;
     {
-        CommandWatcher watcher(factors, trace.get(), settings.iterations);
+        CommandWatcher watcher(factors, trace ? &*trace : nullptr, settings.iterations);
         results = RunWithAddIn(session, settings, watcher);
     }
     if (results.cancelled)
@@ -109,11 +104,10 @@ void Analyse(const Arguments& arguments) {
                                  " iterations; nothing is written.");
     const Report report = MakeReport(session, settings, results, factors);
 
-    if (trace) trace->Commit();
-    if (const auto path = arguments.Option("--json")) WriteOutput(*path, ReportJson(report));
-    if (const auto path = arguments.Option("--chart")) WriteCharts(*path, session, results);
-    if (const auto path = arguments.Option("--save")) session.SavePlan(*path);
-    (TakesStandardOutput(arguments) ? std::cerr : std::cout) << ReportText(report) << std::flush;
+    if (auto* file = outputs.Find("--json")) file->Write(ReportJson(report));
+    charts.Write(session, results);
+    if (auto* file = outputs.Find("--save")) session.SavePlan(*file);
+    outputs.Tell(ReportText(report));
 }
 
 }  // namespace refhost

@@ -6,24 +6,31 @@
 namespace refhost {
 namespace {
 
-bool Contains(const std::vector<std::string>& list, const std::string& word) {
-    return std::find(list.begin(), list.end(), word) != list.end();
+const OptionRule& RuleOf(const std::string& name, const ArgumentRules& rules) {
+    const auto found = std::find_if(rules.options.begin(), rules.options.end(),
+                                    [&](const OptionRule& rule) { return name == rule.name; });
+    if (found == rules.options.end()) throw UsageError("there is no option '" + name + "'");
+    return *found;
 }
 
 }  // namespace
 
 Arguments::Arguments(const std::vector<std::string>& words, const ArgumentRules& rules) {
+    std::vector<std::string> positional;
+    bool mayBeOption = true;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
-        if (word.size() < 2 || word[0] != '-') {  // "-" alone is a file name
-            positional_.push_back(word);
+        if (mayBeOption && word == "--") {
+            mayBeOption = false;
+            continue;
+        }
+        if (!mayBeOption || word.size() < 2 || word[0] != '-') {  // "-" alone is a file name
+            positional.push_back(word);
             continue;
         }
         const std::size_t equals = word.find('=');
         const std::string name = word.substr(0, equals);
-        const bool isSwitch = Contains(rules.switches, name);
-        if (!isSwitch && !Contains(rules.options, name))
-            throw UsageError("there is no option '" + name + "'");
+        const bool isSwitch = RuleOf(name, rules).use == Use::Switch;
         std::string value;
         if (equals != std::string::npos) {
             if (isSwitch) throw UsageError("option '" + name + "' takes no value");
@@ -32,18 +39,23 @@ Arguments::Arguments(const std::vector<std::string>& words, const ArgumentRules&
             if (i + 1 == words.size()) throw UsageError("option '" + name + "' needs a value");
             value = words[++i];
         }
-        if (!options_.emplace(name, value).second)
+        if (!values_.emplace(name, value).second)
             throw UsageError("option '" + name + "' is given twice");
     }
-    if (positional_.size() < rules.positional.size())
-        throw UsageError(rules.positional[positional_.size()] + " is missing");
-    if (positional_.size() > rules.positional.size())
-        throw UsageError("'" + positional_[rules.positional.size()] + "' is one word too many");
+    if (positional.size() > rules.words.size())
+        throw UsageError("'" + positional[rules.words.size()] + "' is one word too many");
+    if (positional.size() < rules.words.size())
+        throw UsageError(std::string(rules.words[positional.size()].name) + " is missing");
+    for (std::size_t i = 0; i < positional.size(); ++i)
+        values_.emplace(rules.words[i].name, positional[i]);
+    for (const OptionRule& rule : rules.options)
+        if (rule.required && !Has(rule.name))
+            throw UsageError(std::string(rule.name) + " " + rule.value + " is missing");
 }
 
-std::optional<std::string> Arguments::Option(const std::string& option) const {
-    const auto found = options_.find(option);
-    if (found == options_.end()) return std::nullopt;
+std::optional<std::string> Arguments::Option(const std::string& name) const {
+    const auto found = values_.find(name);
+    if (found == values_.end()) return std::nullopt;
     return found->second;
 }
 

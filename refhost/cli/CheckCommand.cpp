@@ -1,21 +1,18 @@
-#include <iostream>
-#include <set>
-
+#include "base/OneLine.h"
 #include "refhost/cli/CliDesktop.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/PlanCheck.h"
 #include "refhost/cli/Session.h"
-#include "refhost/files/PlanFile.h"
 
 namespace refhost {
 
-void Check(const Arguments& arguments) {
+void Check(const Arguments& arguments, Outputs& outputs) {
     CliDesktop desktop;
-    const LoadedPlan loaded = ReadPlan(desktop, arguments.Positional(0));
-    if (loaded.imported) TellImport(arguments.Positional(0), *loaded.imported);
+    const LoadedPlan loaded = LoadPlan(desktop, arguments.Word("PLAN"));
     const std::vector<std::string> complaints = CheckPlan(desktop, loaded.plan);
-    for (const std::string& complaint : complaints) std::cout << complaint << "\n";
-    if (complaints.empty()) std::cerr << "No complaints.\n";
+    for (const std::string& complaint : complaints)
+        outputs.Tell(kestrel::OneLine(complaint) + "\n");
+    if (complaints.empty()) TellError("No complaints.");
 }
 
 }  // namespace refhost

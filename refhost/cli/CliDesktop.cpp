@@ -3,7 +3,10 @@
 #include <iostream>
 #include <utility>
 
-#include "refhost/cli/Output.h"
+#include "base/Errors.h"
+#include "base/OneLine.h"
+#include "platform/Files.h"
+#include "refhost/cli/FilePath.h"
 #include "refhost/cli/System.h"
 
 namespace refhost {
@@ -16,7 +19,7 @@ namespace {
 /// Asks on the terminal; where there is none the answer is no.
 bool UserAgrees(const std::string& question) {
     if (!IsTerminal(Stream::Input) || !IsTerminal(Stream::Error)) return false;
-    std::cerr << question << " [y/N] " << std::flush;
+    std::cerr << kestrel::OneLine(question) << " [y/N] " << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
@@ -32,8 +35,7 @@ MessageAnswer CliDesktop::ShowMessage(const std::string& text, MessageButtons bu
         messages_.push_back(text);
         if (buttons == MessageButtons::YesNo) ++questionsRefused_;
     } else {
-        std::cerr << (title.empty() ? kestrel::kApplicationTitle : title) << ": " << text
-                  << std::endl;
+        TellError((title.empty() ? kestrel::kApplicationTitle : title) + ": " + text);
     }
     return buttons == MessageButtons::Ok      ? MessageAnswer::Ok
            : buttons == MessageButtons::YesNo ? MessageAnswer::No
@@ -46,8 +48,23 @@ std::string CliDesktop::OpenFile(const kestrel::FileDialog&) {
 
 std::string CliDesktop::SaveFile(const kestrel::FileDialog&) { return fileToSave; }
 
+std::string CliDesktop::ReadFile(const std::string& path) {
+    if (const auto found = readOnce_.find(path); found != readOnce_.end()) return found->second;
+    std::error_code failure;
+    const bool isFile = path != "-" && std::filesystem::is_regular_file(FilePath(path), failure);
+    if (isFile) return kestrel::SystemDesktop::ReadFile(path);
+    std::string bytes =
+        path == "-" ? kestrel::ReadStandardInput() : kestrel::SystemDesktop::ReadFile(path);
+    return readOnce_.emplace(path, std::move(bytes)).first->second;
+}
+
+bool CliDesktop::FileIsThere(const std::string& path) {
+    return path == "-" || kestrel::SystemDesktop::FileIsThere(path);
+}
+
 void CliDesktop::WriteFile(const std::string& path, std::string_view bytes) {
-    WriteOutput(path, bytes);
+    if (!output) throw kestrel::DataError("No file is to be written, '" + path + "' neither.");
+    output->Write(bytes);
     ++filesWritten_;
 }
 

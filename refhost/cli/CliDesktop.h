@@ -1,10 +1,11 @@
 #pragma once
 
-#include <optional>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "platform/SystemDesktop.h"
+#include "refhost/cli/Outputs.h"
 
 namespace refhost {
 
@@ -13,10 +14,11 @@ namespace refhost {
 /// the user's other programs is touched.
 class CliDesktop : public kestrel::SystemDesktop {
  public:
-    std::string fileToOpen;  ///< what the next open dialog answers; empty cancels it
-    std::string fileToSave;  ///< what the save dialog answers
-    bool answerYes = false;  ///< answers questions with Yes; otherwise the user is asked
-    bool collects = false;   ///< messages are kept instead of shown
+    std::string fileToOpen;           ///< what the next open dialog answers; empty cancels it
+    std::string fileToSave;           ///< what the save dialog answers
+    Outputs::File* output = nullptr;  ///< where a file that is saved goes
+    bool answerYes = false;           ///< answers questions with Yes; otherwise the user is asked
+    bool collects = false;            ///< messages are kept instead of shown
 
     /// Messages kept, questions that were answered Yes left out.
     const std::vector<std::string>& Messages() const { return messages_; }
@@ -29,7 +31,10 @@ class CliDesktop : public kestrel::SystemDesktop {
                                        const std::string& title) override;
     std::string OpenFile(const kestrel::FileDialog& dialog) override;
     std::string SaveFile(const kestrel::FileDialog& dialog) override;
-    /// "-" is standard output.
+    /// "-" is standard input. It and a pipe give their bytes once; they are kept for more readers.
+    std::string ReadFile(const std::string& path) override;
+    bool FileIsThere(const std::string& path) override;
+    /// Raises kestrel::DataError when there is no output.
     void WriteFile(const std::string& path, std::string_view bytes) override;
     /// The user's locale stays as it is.
     std::string LocaleString(kestrel::LocaleItem) override { return "."; }
@@ -39,6 +44,7 @@ class CliDesktop : public kestrel::SystemDesktop {
     std::vector<std::string> messages_;
     int questionsRefused_ = 0;
     int filesWritten_ = 0;
+    std::map<std::string, std::string> readOnce_;  ///< by path
 };
 
 }  // namespace refhost

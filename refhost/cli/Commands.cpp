@@ -1,38 +1,33 @@
 #include "refhost/cli/Commands.h"
 
-#include <exception>
-#include <iostream>
+#include <cstdio>
+#include <new>
 
-#include "base/Errors.h"
+#include "refhost/cli/CommandHelp.h"
 
 namespace refhost {
 namespace {
 
-std::string UsageLine(const Command& command) {
-    return std::string("usage: kestrel ") + command.name + " " + command.usage + "\n";
+int Fail(const std::string& message) {
+    TellError("kestrel: " + message);
+    return 1;
 }
 
-std::string CommandHelp(const Command& command) {
-    return UsageLine(command) + "\n" + command.summary + "\n\n" + command.details;
-}
-
-std::string ProgramHelp() {
-    std::string text =
-        "usage: kestrel COMMAND PLAN ...\n\n"
-        "Risk factors for project plans: analyses a plan file (*.kplan) or a project file in the\n"
-        "common XML format, and keeps its risk factors and their assignments.\n\n";
-    for (const Command& command : Commands()) {
-        std::string name = command.name;
-        name.resize(10, ' ');
-        text += "  " + name + command.summary + "\n";
+/// Runs `work`, which answers the exit code, and tells what it raises.
+template <class Work>
+int Guarded(Work&& work) {
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        std::fputs(
+            "kestrel: There is not enough memory for this; close other programs, or take a "
+            "smaller plan or fewer iterations.\n",
+            stderr);
+        return 1;
+    } catch (const std::exception& error) {
+        return Fail(error.what());
     }
-    return text +
-           "\n'kestrel COMMAND --help' tells more. Where a file is written, - is standard output.\n"
-           "A plan is only changed where -o or --save says so.\n"
-           "Exit code: 0 done, 1 could not (one sentence on standard error), 2 wrong usage.\n";
 }
-
-bool AsksForHelp(const std::string& word) { return word == "--help" || word == "-h"; }
 
 const Command* FindCommand(const std::string& name) {
     for (const Command& command : Commands())
@@ -42,122 +37,49 @@ const Command* FindCommand(const std::string& name) {
 
 int RunCommand(const Command& command, const std::vector<std::string>& words) {
     try {
-        command.run(Arguments(words, command.rules));
+        const Arguments arguments(words, command.rules);
+        Outputs outputs(arguments, command.rules);
+        command.run(arguments, outputs);
+        outputs.Commit();
         return 0;
     } catch (const UsageError& error) {
-        std::cerr << "kestrel " << command.name << ": " << error.what() << "\n"
-                  << UsageLine(command);
+        TellError(std::string("kestrel ") + command.name + ": " + error.what());
+        std::fputs(UsageLine(command).c_str(), stderr);
         return 2;
-    } catch (const std::exception& error) {
-        std::cerr << "kestrel: " << error.what() << "\n";
-        return 1;
     }
+}
+
+int Print(const std::string& text) {
+    WriteStandardOutput(text);
+    return 0;
+}
+
+bool AsksForHelp(const std::string& word) { return word == "--help" || word == "-h"; }
+
+int Run(const std::vector<std::string>& words) {
+    if (words.empty()) {
+        std::fputs(ProgramHelp().c_str(), stderr);
+        return 2;
+    }
+    if (AsksForHelp(words[0]) || words[0] == "help") return Print(ProgramHelp());
+    if (words[0] == "--version") return Print("kestrel " KESTREL_VERSION "\n");
+    const Command* command = FindCommand(words[0]);
+    if (!command) {
+        TellError("kestrel: there is no command '" + words[0] + "'; 'kestrel --help' lists them");
+        return 2;
+    }
+    const std::vector<std::string> rest(words.begin() + 1, words.end());
+    for (const std::string& word : rest) {
+        if (word == "--") break;
+        if (AsksForHelp(word)) return Print(CommandHelp(*command));
+    }
+    return RunCommand(*command, rest);
 }
 
 }  // namespace
 
-const std::vector<Command>& Commands() {
-    static const std::vector<Command> commands = {
-        {"analyse",
-         "PLAN [--iterations N] [--seed S] [--json FILE] [--trace FILE] [--chart FILE.svg] "
-         "[--save FILE]",
-         "Monte Carlo analysis: finish, cost, and the factors that drive them",
-         "Prints the deterministic, mean, P10, P50, P80 and P90 finish and cost and the ranked "
-         "risk\n"
-         "factors. The same plan, seed and number of iterations give the same figures "
-         "everywhere.\n\n"
-         "  --iterations N  how many; by default what the plan says\n"
-         "  --seed S        of the random stream; by default what the plan says\n"
-         "  --json FILE     the figures as one JSON object\n"
-         "  --trace FILE    every iteration as one JSON object a line\n"
-         "  --chart FILE    the tornado chart (SVG), and beside it FILE-finish.svg, the "
-         "distribution\n"
-         "                  of the finish\n"
-         "  --save FILE     the plan with the factors' new sensitivities\n\n"
-         "When - takes the JSON, the trace or the plan, the report goes to standard error.\n",
-         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--chart", "--save"}, {}},
-         Analyse},
-        {"import",
-         "PROJECT -o PLAN",
-         "project file in the common XML format to plan file",
-         "What a plan file cannot hold is listed on standard error, once per kind, with a count.\n",
-         {{"PROJECT"}, {"-o"}, {}},
-         Import},
-        {"show",
-         "PLAN [--cost] [--top N] [--chart FILE.svg]",
-         "the driving risks of the last analysis: ranked table and tornado chart",
-         "Ranks by the square of the correlation, so that a factor that helps counts like one "
-         "that\n"
-         "harms. Reads what 'kestrel analyse --save' stored in the plan.\n\n"
-         "  --cost        what drives the cost instead of the finish\n"
-         "  --top N       how many factors; by default 10\n"
-         "  --chart FILE  writes the tornado chart (SVG)\n",
-         {{"PLAN"}, {"--top", "--chart"}, {"--cost"}},
-         Show},
-        {"factors",
-         "PLAN [--load FILE] [--save FILE] [-o PLAN]",
-         "lists the register of risk factors, or exchanges it with a template file",
-         "Impacts are percentages of the unchanged value; 100% leaves it as it is.\n\n"
-         "  --load FILE  replaces the register by the factors of a file, unless tasks carry some\n"
-         "  --save FILE  writes the register as a template for other plans\n"
-         "  -o PLAN      where the changed plan is written; may be the plan itself\n",
-         {{"PLAN"}, {"--load", "--save", "-o"}, {}},
-         Factors},
-        {"assign",
-         "PLAN TASK [--series 1,3] [--parallel 2] [-o PLAN]",
-         "shows or sets the risk factors of a task",
-         "TASK is the task's ID. With --series or --parallel the task carries exactly the factors\n"
-         "named, a group not named being emptied; an empty list (--series '') clears it. Series\n"
-         "factors multiply, of parallel ones the largest counts.\n\n"
-         "  -o PLAN  where the changed plan is written; may be the plan itself\n",
-         {{"PLAN", "TASK"}, {"--series", "--parallel", "-o"}, {}},
-         Assign},
-        {"save",
-         "PLAN FILE",
-         "saves the register and all assignments to a file",
-         "Another plan takes them over with 'kestrel load'.\n",
-         {{"PLAN", "FILE"}, {}, {}},
-         Save},
-        {"load",
-         "PLAN FILE [--yes] [-o PLAN]",
-         "replaces the register and all assignments by those of a file",
-         "Tasks are found by their ID; those that the plan lacks are skipped.\n\n"
-         "  --yes    does not ask before overwriting\n"
-         "  -o PLAN  where the changed plan is written; may be the plan itself\n",
-         {{"PLAN", "FILE"}, {"-o"}, {"--yes"}},
-         Load},
-        {"check",
-         "PLAN",
-         "lists every complaint about register, assignments and network",
-         "One complaint a line on standard output; none when all is well.\n",
-         {{"PLAN"}, {}, {}},
-         Check},
-    };
-    return commands;
-}
-
 int RunCommandLine(const std::vector<std::string>& words) {
-    if (words.empty()) {
-        std::cerr << ProgramHelp();
-        return 2;
-    }
-    if (AsksForHelp(words[0]) || words[0] == "help") {
-        std::cout << ProgramHelp();
-        return 0;
-    }
-    const Command* command = FindCommand(words[0]);
-    if (!command) {
-        std::cerr << "kestrel: there is no command '" << words[0]
-                  << "'; 'kestrel --help' lists them\n";
-        return 2;
-    }
-    const std::vector<std::string> rest(words.begin() + 1, words.end());
-    for (const std::string& word : rest)
-        if (AsksForHelp(word)) {
-            std::cout << CommandHelp(*command);
-            return 0;
-        }
-    return RunCommand(*command, rest);
+    return Guarded([&] { return Run(words); });
 }
 
 }  // namespace refhost

@@ -4,17 +4,18 @@
 #include <vector>
 
 #include "refhost/cli/Arguments.h"
+#include "refhost/cli/Outputs.h"
 
 namespace refhost {
 
 /// One command of the program.
 struct Command {
     const char* name;
-    const char* usage;    ///< the words after the name
     const char* summary;  ///< one line
-    const char* details;  ///< what --help adds
+    const char* details;  ///< what --help tells beside the options
     ArgumentRules rules;
-    void (*run)(const Arguments& arguments);
+    /// Writes only through the outputs, which are committed afterwards.
+    void (*run)(const Arguments& arguments, Outputs& outputs);
 };
 
 /// All commands, in the order in which --help lists them.
@@ -24,13 +25,13 @@ const std::vector<Command>& Commands();
 /// not (one sentence on standard error, nothing changed), 2 wrong usage.
 int RunCommandLine(const std::vector<std::string>& words);
 
-void Analyse(const Arguments& arguments);
-void Import(const Arguments& arguments);
-void Show(const Arguments& arguments);
-void Factors(const Arguments& arguments);
-void Assign(const Arguments& arguments);
-void Save(const Arguments& arguments);
-void Load(const Arguments& arguments);
-void Check(const Arguments& arguments);
+void Analyse(const Arguments& arguments, Outputs& outputs);
+void Import(const Arguments& arguments, Outputs& outputs);
+void Show(const Arguments& arguments, Outputs& outputs);
+void Factors(const Arguments& arguments, Outputs& outputs);
+void Assign(const Arguments& arguments, Outputs& outputs);
+void Save(const Arguments& arguments, Outputs& outputs);
+void Load(const Arguments& arguments, Outputs& outputs);
+void Check(const Arguments& arguments, Outputs& outputs);
 
 }  // namespace refhost

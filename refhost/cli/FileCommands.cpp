@@ -1,4 +1,3 @@
-#include <iostream>
 #include <utility>
 
 #include "base/Errors.h"
@@ -18,17 +17,17 @@ using kestrel::ui::frmEditRiskFactors;
 
 /// Commands trap a file that cannot be read and end quietly; here its reason is wanted.
 void RefuseUnreadable(CliDesktop& desktop, const std::string& path) {
-    const std::string bytes = desktop.ReadFile(path);
+    const std::string bytes = desktop.ReadFile(path);  // a failure names the path itself
     try {
         kestrel::ui::ReadFactors(desktop.ParseXml(bytes));
     } catch (const DataError& error) {
-        throw DataError(path + ": " + error.what());
+        throw DataError(InputName(path) + ": " + error.what());
     }
 }
 
 void RefuseEmptyRegister(Session& session) {
     if (session.Plan().GetText(kestrel::kRegisterText).empty())
-        throw DataError(session.PlanPath() + " holds no risk factors; there is nothing to save.");
+        throw DataError(session.PlanName() + " holds no risk factors; there is nothing to save.");
 }
 
 void FailWithMessages(const CliDesktop& desktop) {
@@ -39,10 +38,13 @@ void FailWithMessages(const CliDesktop& desktop) {
 void RunEditor(Session& session, kestrel::ui::Button frmEditRiskFactors::*button, bool confirm) {
     CliDesktop& desktop = session.Desktop();
     desktop.collects = true;
-    // The editor asks for a file by itself when the plan has no factors: not here.
+    // The editor looks for a file by itself when the plan has no factors: not here.
+    session.Settings().ignoresDefaultFile = true;
     const std::string fileToOpen = std::exchange(desktop.fileToOpen, {});
+    bool opened = false;
     LinkedAddIn addIn(session, [&](kestrel::ui::Form& form) {
         auto& editor = dynamic_cast<frmEditRiskFactors&>(form);
+        opened = true;
         desktop.fileToOpen = fileToOpen;
         (editor.*button).Press();
         if (!desktop.Messages().empty() || !confirm) return;
@@ -50,6 +52,9 @@ void RunEditor(Session& session, kestrel::ui::Button frmEditRiskFactors::*button
     });
     addIn.Dll().LaunchEdit();
     FailWithMessages(desktop);
+    if (!opened)
+        throw DataError(session.PlanName() +
+                        ": its register cannot be read; 'kestrel check' tells why.");
 }
 
 void LoadTemplate(Session& session, const std::string& path) {
@@ -58,64 +63,64 @@ void LoadTemplate(Session& session, const std::string& path) {
     RunEditor(session, &frmEditRiskFactors::cmdLoadFile, true);
 }
 
-void SaveTemplate(Session& session, const std::string& path) {
+void SaveTemplate(Session& session, const std::string& path, Outputs::File* output) {
     RefuseEmptyRegister(session);
     session.Desktop().fileToSave = path;
+    session.Desktop().output = output;
     RunEditor(session, &frmEditRiskFactors::cmdSave, false);
     if (session.Desktop().FilesWritten() == 0)
-        throw DataError("'" + path +
-                        "' could not be written; check the folder and its permissions.");
+        throw DataError(session.PlanName() +
+                        ": its register cannot be written as a template; "
+                        "'kestrel check' tells why.");
 }
 
-void ListRegister(Session& session) {
+std::string RegisterText(Session& session) {
     const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
-    std::cout << (factors.empty() ? "The plan holds no risk factors.\n" : RegisterTable(factors));
+    return factors.empty() ? "The plan holds no risk factors.\n" : RegisterTable(factors);
 }
 
-void TellNotWritten() {
-    std::cerr << "The plan is not written; name a file with -o to keep this.\n";
-}
+void TellNotWritten() { TellError("The plan is not written; name a file with -o to keep this."); }
 
 }  // namespace
 
-void Factors(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
-    if (!arguments.Has("--load") && !arguments.Has("--save")) {
-        if (arguments.Has("-o")) throw UsageError("-o needs --load, or there is nothing to write");
-        ListRegister(session);
-        return;
-    }
-    if (const auto path = arguments.Option("--load")) LoadTemplate(session, *path);
-    if (const auto path = arguments.Option("--save")) SaveTemplate(session, *path);
-    if (const auto target = arguments.Option("-o"))
-        session.SavePlan(*target);
-    else if (arguments.Has("--load") && !arguments.Has("--save"))
+void Factors(const Arguments& arguments, Outputs& outputs) {
+    const bool loads = arguments.Has("--load"), saves = arguments.Has("--save");
+    if (arguments.Has("-o") && !loads && !saves)
+        throw UsageError("-o needs --load, or there is nothing to write");
+    Session session(arguments.Word("PLAN"), outputs);
+    if (!loads && !saves) return outputs.Tell(RegisterText(session));
+    if (loads) LoadTemplate(session, arguments.Word("--load"));
+    if (saves) SaveTemplate(session, arguments.Word("--save"), outputs.Find("--save"));
+    if (auto* plan = outputs.Find("-o"))
+        session.SavePlan(*plan);
+    else if (loads && !saves)
         TellNotWritten();
 }
 
-void Save(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
+void Save(const Arguments& arguments, Outputs& outputs) {
+    Session session(arguments.Word("PLAN"), outputs);
     RefuseEmptyRegister(session);
-    session.Desktop().fileToSave = arguments.Positional(1);
+    session.Desktop().fileToSave = arguments.Word("FILE");
+    session.Desktop().output = outputs.Find("FILE");
     MakeAddIn(session)->Save();
     if (session.Desktop().FilesWritten() == 0)
-        throw DataError(session.PlanPath() +
+        throw DataError(session.PlanName() +
                         ": its register is no risk factors document; nothing was saved.");
 }
 
-void Load(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
+void Load(const Arguments& arguments, Outputs& outputs) {
+    Session session(arguments.Word("PLAN"), outputs);
     CliDesktop& desktop = session.Desktop();
-    RefuseUnreadable(desktop, arguments.Positional(1));
-    desktop.fileToOpen = arguments.Positional(1);
+    RefuseUnreadable(desktop, arguments.Word("FILE"));
+    desktop.fileToOpen = arguments.Word("FILE");
     desktop.answerYes = arguments.Has("--yes");
     desktop.collects = true;
     MakeAddIn(session)->Load();
     if (!desktop.Messages().empty())
         throw DataError(desktop.Messages().back() +
                         (desktop.QuestionsRefused() > 0 ? ": not confirmed; add --yes." : ""));
-    if (const auto target = arguments.Option("-o"))
-        session.SavePlan(*target);
+    if (auto* plan = outputs.Find("-o"))
+        session.SavePlan(*plan);
     else
         TellNotWritten();
 }

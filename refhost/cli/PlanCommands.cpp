@@ -1,13 +1,13 @@
 #include <algorithm>
-#include <iostream>
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
-#include "refhost/cli/Output.h"
 #include "refhost/cli/Session.h"
 #include "store/TaskField.h"
+#include "base/OneLine.h"
+#include "ui/assignment/TaskAssignments.h"
 #include "util/modToolBox.h"
 
 namespace refhost {
@@ -47,15 +47,28 @@ std::string Joined(const kestrel::RiskIDs& ids) {
     return list;
 }
 
-void ShowAssignments(const std::string& field, const FactorTracker::Factors& factors) {
+/// A task's factors, one a line.
+void TellFactors(Outputs& outputs, const std::string& field,
+                 const FactorTracker::Factors& factors) {
     for (const bool inSeries : {true, false})
         for (const std::int32_t id : kestrel::ListedIDs(kestrel::GetRiskList(field, inSeries))) {
             const bool held = id >= 1 && static_cast<std::size_t>(id) <= factors.size();
-            std::cout << (inSeries ? "  series    " : "  parallel  ") << id << "  "
-                      << (held ? factors[static_cast<std::size_t>(id) - 1]->strDescription
-                               : "(not in the register)")
-                      << "\n";
+            outputs.Tell((inSeries ? "  series    " : "  parallel  ") + std::to_string(id) + "  " +
+                         (held ? kestrel::Printable(
+                                     factors[static_cast<std::size_t>(id) - 1]->strDescription)
+                               : "(not in the register)") +
+                         "\n");
         }
+}
+
+std::string FieldOrNone(const std::string& field) {
+    return field.empty() ? "no risk factors" : kestrel::Printable(field);
+}
+
+/// The ordinary tasks that a change holds for: the task itself, or all below a summary.
+void CollectOrdinary(const kestrel::TaskFields& fields, std::vector<host::TaskPtr>& tasks) {
+    if (!fields.isSummary) tasks.push_back(fields.task);
+    for (const kestrel::TaskFields& child : fields.children) CollectOrdinary(child, tasks);
 }
 
 std::string AssignedField(const Arguments& arguments, std::size_t held) {
@@ -70,40 +83,58 @@ std::string AssignedField(const Arguments& arguments, std::size_t held) {
     return kestrel::MakeRiskFieldText(parallelList, seriesList);
 }
 
-}  // namespace
-
-void Import(const Arguments& arguments) {
-    const auto target = arguments.Option("-o");
-    if (!target) throw UsageError("-o PLAN is missing");
-    Session session(arguments.Positional(0));
-    session.SavePlan(*target);
+void TellAssignments(Outputs& outputs, const std::vector<host::TaskPtr>& tasks,
+                     const FactorTracker::Factors& factors) {
+    for (const host::TaskPtr& task : tasks) {
+        const std::string field = task->UserValues()->Item(kestrel::kRiskFactorsField);
+        outputs.Tell(kestrel::Printable(kestrel::TaskLabel(*task)) + ": " + FieldOrNone(field) +
+                     "\n");
+        TellFactors(outputs, field, factors);
+    }
 }
 
-void Assign(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
-    const std::string& id = arguments.Positional(1);
-    const auto position = session.Plan().Find(id);
-    if (!position)
-        throw DataError(session.PlanPath() + ": the plan has no task '" + id +
-                        "'; name a task by its ID.");
-    const host::TaskPtr task = session.Plan().TaskAt(*position);
-    const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
+void SetAssignments(Session& session, const host::TaskPtr& task,
+                    const std::vector<host::TaskPtr>& tasks, const std::string& field,
+                    Outputs& outputs, const FactorTracker::Factors& factors) {
+    kestrel::EnsureTextField(session.Plan(), kestrel::kRiskFactorsField);
+    for (const host::TaskPtr& ordinary : tasks)
+        ordinary->UserValues()->PutItem(kestrel::kRiskFactorsField, field);
+    if (task->TaskType() != host::kSummaryTask) return TellAssignments(outputs, tasks, factors);
+    outputs.Tell(kestrel::Printable(kestrel::TaskLabel(*task)) +
+                 " is a summary; every task below it (" + std::to_string(tasks.size()) +
+                 ") now carries: " + FieldOrNone(field) + "\n");
+    TellFactors(outputs, field, factors);
+}
+
+host::TaskPtr FindTask(Session& session, const std::string& id) {
+    if (const auto position = session.Plan().Find(id)) return session.Plan().TaskAt(*position);
+    throw DataError(session.PlanName() + ": the plan has no task '" + id +
+                    "'; name a task by its ID.");
+}
+
+}  // namespace
+
+void Import(const Arguments& arguments, Outputs& outputs) {
+    Session session(arguments.Word("PROJECT"), outputs);
+    session.SavePlan(*outputs.Find("-o"));
+}
+
+void Assign(const Arguments& arguments, Outputs& outputs) {
     const bool sets = arguments.Has("--series") || arguments.Has("--parallel");
-    if (sets) {
-        kestrel::EnsureTextField(session.Plan(), kestrel::kRiskFactorsField);
-        task->UserValues()->PutItem(kestrel::kRiskFactorsField,
-                                    AssignedField(arguments, factors.size()));
-    } else if (arguments.Has("-o")) {
+    if (arguments.Has("-o") && !sets)
         throw UsageError("-o needs --series or --parallel, or there is nothing to write");
-    }
-    const std::string field = task->UserValues()->Item(kestrel::kRiskFactorsField);
-    const auto target = arguments.Option("-o");
-    if (target) session.SavePlan(*target);
-    if (target == "-") return;
-    std::cout << kestrel::TaskLabel(*task) << ": " << (field.empty() ? "no risk factors" : field)
-              << "\n";
-    ShowAssignments(field, factors);
-    if (sets && !target) std::cerr << "Nothing is written; name a file with -o to keep this.\n";
+    Session session(arguments.Word("PLAN"), outputs);
+    const host::TaskPtr task = FindTask(session, arguments.Word("TASK"));
+    const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
+    std::vector<host::TaskPtr> tasks;
+    CollectOrdinary(kestrel::ReadTaskFields(task), tasks);
+    if (!sets) return TellAssignments(outputs, tasks, factors);
+    SetAssignments(session, task, tasks, AssignedField(arguments, factors.size()), outputs,
+                   factors);
+    if (auto* plan = outputs.Find("-o"))
+        session.SavePlan(*plan);
+    else
+        TellError("Nothing is written; name a file with -o to keep this.");
 }
 
 }  // namespace refhost

@@ -24,11 +24,12 @@ Progress::Progress(std::int32_t total)
     form_.Open();
     form_.SetProgressRange(total, "Analysing");
     interrupted = 0;
-    std::signal(SIGINT, OnInterrupt);
+    before_ = std::signal(SIGINT, OnInterrupt);
+    if (before_ == SIG_IGN) std::signal(SIGINT, SIG_IGN);  // as a program in the background
 }
 
 Progress::~Progress() {
-    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGINT, before_);
     if (shown_) std::fputs("\r\033[K", stderr);
 }
 

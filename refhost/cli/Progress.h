@@ -25,6 +25,7 @@ class Progress {
     kestrel::ui::frmProgress form_;
     bool onTerminal_;
     bool shown_ = false;
+    void (*before_)(int);  ///< what an interrupt did
     std::chrono::steady_clock::time_point started_;
     std::chrono::steady_clock::time_point nextUpdate_;
 };

@@ -1,36 +1,53 @@
 #include "refhost/cli/Session.h"
 
-#include <iostream>
-
 #include "base/Errors.h"
-#include "refhost/cli/Output.h"
 #include "refhost/cli/System.h"
 
 namespace refhost {
 
-void TellImport(const std::string& path, const ImportReport& report) {
+namespace {
+
+/// Tells on standard error what became of a project file: what a plan holds differently or not at
+/// all, how money was read, and last how the plan's dates compare with the file's.
+void TellImport(const std::string& name, const ImportReport& report) {
     for (const LeftOut& kind : report.leftOut)
-        std::cerr << path << ": "
-                  << (kind.movesFigures ? "can move dates or money: " : "not carried over: ")
-                  << kind.what << " (" << kind.count << ")\n";
+        TellError(name + ": " +
+                  (kind.movesFigures ? "can move dates or money: " : "not carried over: ") +
+                  kind.what + " (" + std::to_string(kind.count) + ")");
     if (const std::string money = MoneyLine(report.money); !money.empty())
-        std::cerr << path << ": " << money << "\n";
-    std::cerr << path << ": " << DatesLine(report.dates) << "\n";
+        TellError(name + ": " + money);
+    TellError(name + ": " + DatesLine(report.dates));
 }
 
-Session::Session(const std::string& planPath, const ImportOptions& options)
-    : planPath_(planPath), host_(settings_, InstallationFolder()) {
-    LoadedPlan loaded = ReadPlan(desktop_, planPath, options);
-    if (loaded.imported) TellImport(planPath, *loaded.imported);
+}  // namespace
+
+std::string CommandSettings::Get(const std::string& application, const std::string& section,
+                                 const std::string& key, const std::string& fallback) {
+    constexpr const char* kNoDefaultFile = "3";
+    if (ignoresDefaultFile && key == "OptionSetting") return kNoDefaultFile;
+    return SettingsFile::Get(application, section, key, fallback);
+}
+
+std::string InputName(const std::string& path) { return path == "-" ? "standard input" : path; }
+
+LoadedPlan LoadPlan(CliDesktop& desktop, const std::string& path, const ImportOptions& options) {
+    LoadedPlan loaded = ParsePlan(desktop, desktop.ReadFile(path), InputName(path), options);
+    if (loaded.imported) TellImport(InputName(path), *loaded.imported);
+    return loaded;
+}
+
+Session::Session(const std::string& planPath, const Outputs& outputs, const ImportOptions& options)
+    : planName_(InputName(planPath)), host_(settings_, InstallationFolder()) {
+    LoadedPlan loaded = LoadPlan(desktop_, planPath, options);
+    if (outputs.ReplacesPlan() && loaded.imported)
+        throw UsageError(planName_ +
+                         " is a project file, which holds more than a plan; name another file to "
+                         "write");
     try {
         host_.Open(std::make_shared<HostPlan>(std::move(loaded.plan)));
     } catch (const kestrel::DataError& error) {
-        throw kestrel::DataError(planPath + ": " + error.what());
+        throw kestrel::DataError(planName_ + ": " + error.what());
     }
-}
-
-void Session::SavePlan(const std::string& path) {
-    WriteOutput(path, WritePlan(Plan().Live().Snapshot()));
 }
 
 }  // namespace refhost

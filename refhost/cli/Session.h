@@ -3,18 +3,29 @@
 #include <string>
 
 #include "refhost/cli/CliDesktop.h"
+#include "refhost/cli/Outputs.h"
 #include "refhost/cli/SettingsFile.h"
 #include "refhost/engine/ReferenceHost.h"
 #include "refhost/files/PlanFile.h"
 
 namespace refhost {
 
+/// The user's settings, but that a command may do without the file of default factors: it loads
+/// the files that the command line names and no other.
+class CommandSettings : public SettingsFile {
+ public:
+    bool ignoresDefaultFile = false;
+
+    std::string Get(const std::string& application, const std::string& section,
+                    const std::string& key, const std::string& fallback) override;
+};
+
 /// One run of the command line on one plan: the file read, the host with the plan open.
 class Session {
  public:
-    /// Reads the plan or project file; tells what became of a project file (TellImport). Raises
-    /// kestrel::DataError.
-    explicit Session(const std::string& planPath, const ImportOptions& options = {});
+    /// Reads the plan or project file, "-" being standard input; tells what became of a project
+    /// file. Raises kestrel::DataError, and UsageError when a plan would replace a project file.
+    Session(const std::string& planPath, const Outputs& outputs, const ImportOptions& options = {});
 
     ReferenceHost& Host() { return host_; }
     /// The host as an add-in holds it; valid as long as the session.
@@ -23,20 +34,25 @@ class Session {
     }
     HostPlan& Plan() { return *host_.OpenPlan(); }
     CliDesktop& Desktop() { return desktop_; }
-    const std::string& PlanPath() const { return planPath_; }
+    CommandSettings& Settings() { return settings_; }
+    /// For messages.
+    const std::string& PlanName() const { return planName_; }
 
-    /// Writes the plan as it is now, atomically; "-" is standard output.
-    void SavePlan(const std::string& path);
+    /// The plan as it is now.
+    void SavePlan(Outputs::File& file) { file.Write(WritePlan(Plan().Live().Snapshot())); }
 
  private:
-    std::string planPath_;
+    std::string planName_;
     CliDesktop desktop_;
-    SettingsFile settings_;
+    CommandSettings settings_;
     ReferenceHost host_;
 };
 
-/// Tells on standard error what became of a project file: what a plan holds differently or not at
-/// all, how money was read, and last how the plan's dates compare with the file's.
-void TellImport(const std::string& path, const ImportReport& report);
+/// Reads a plan or project file as a session does.
+LoadedPlan LoadPlan(CliDesktop& desktop, const std::string& path,
+                    const ImportOptions& options = {});
+
+/// The path as messages call it.
+std::string InputName(const std::string& path);
 
 }  // namespace refhost

@@ -1,9 +1,10 @@
 #include "refhost/cli/SettingsFile.h"
 
 #include <filesystem>
-#include <utility>
+#include <map>
 
 #include "base/Errors.h"
+#include "platform/FileLock.h"
 #include "platform/Files.h"
 #include "refhost/cli/FilePath.h"
 #include "refhost/cli/System.h"
@@ -45,45 +46,54 @@ std::string Unescaped(std::string_view text) {
     return value;
 }
 
+using Values = std::map<std::string, std::string>;
+
+bool Exists(const std::string& path) {
+    std::error_code failure;
+    return std::filesystem::is_regular_file(FilePath(path), failure);
+}
+
+/// Raises kestrel::DataError when there is a file that cannot be read.
+Values ReadValues(const std::string& path) {
+    Values values;
+    if (!Exists(path)) return values;
+    const std::string text = kestrel::ReadWholeFile(path);
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        const std::string_view line(text.data() + start, end - start);
+        if (const std::size_t equals = line.find('='); equals != std::string_view::npos)
+            values[std::string(line.substr(0, equals))] = Unescaped(line.substr(equals + 1));
+        start = end + 1;
+    }
+    return values;
+}
+
 }  // namespace
 
 std::string SettingsFile::DefaultPath() { return SettingsPath(); }
 
 std::string SettingsFile::Get(const std::string& application, const std::string& section,
                               const std::string& key, const std::string& fallback) {
-    Load();
-    const auto found = values_.find(FullKey(application, section, key));
-    return found == values_.end() ? fallback : found->second;
+    Values values;
+    try {
+        values = ReadValues(path_);
+    } catch (const kestrel::DataError&) {
+        return fallback;
+    }
+    const auto found = values.find(FullKey(application, section, key));
+    return found == values.end() ? fallback : found->second;
 }
 
 void SettingsFile::Save(const std::string& application, const std::string& section,
                         const std::string& key, const std::string& value) {
-    Load();
-    values_[FullKey(application, section, key)] = value;
-    std::string text;
-    for (const auto& [name, stored] : values_) text += name + "=" + Escaped(stored) + "\n";
-    std::error_code ignored;  // a folder that cannot be made shows in the write itself
+    std::error_code ignored;  // a folder that cannot be made shows in the lock
     std::filesystem::create_directories(FilePath(path_).parent_path(), ignored);
-    kestrel::ReplaceWholeFile(path_, text);
-}
-
-void SettingsFile::Load() {
-    if (std::exchange(loaded_, true)) return;
-    std::error_code failure;
-    if (!std::filesystem::is_regular_file(FilePath(path_), failure)) return;
+    const kestrel::FileLock lock(path_);
+    Values values = ReadValues(path_);
+    values[FullKey(application, section, key)] = value;
     std::string text;
-    try {
-        text = kestrel::ReadWholeFile(path_);
-    } catch (const kestrel::DataError&) {
-        return;
-    }
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        const std::string_view line(text.data() + start, end - start);
-        if (const std::size_t equals = line.find('='); equals != std::string_view::npos)
-            values_[std::string(line.substr(0, equals))] = Unescaped(line.substr(equals + 1));
-        start = end + 1;
-    }
+    for (const auto& [name, stored] : values) text += name + "=" + Escaped(stored) + "\n";
+    kestrel::ReplaceWholeFile(path_, text);
 }
 
 }  // namespace refhost

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <map>
 #include <string>
 
 #include "refhost/engine/Settings.h"
 
 namespace refhost {
 
-/// Per-user settings in a text file, one a line: application/section/key=value. It is read when
-/// first needed and replaced whole on every save. A file that cannot be read counts as empty.
+/// Per-user settings in a text file, one a line: application/section/key=value. Several programs
+/// share it: it is read for every value, and a save changes that value alone. For a reader a file
+/// that cannot be read counts as empty.
 class SettingsFile : public Settings {
  public:
     /// SettingsPath of this system.
@@ -22,11 +22,7 @@ class SettingsFile : public Settings {
               const std::string& value) override;
 
  private:
-    void Load();
-
     std::string path_;
-    bool loaded_ = false;
-    std::map<std::string, std::string> values_;
 };
 
 }  // namespace refhost

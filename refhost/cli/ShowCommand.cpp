@@ -1,12 +1,10 @@
 #include "refhost/cli/ShowCommand.h"
 
-#include <iostream>
 #include <limits>
 
 #include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
-#include "refhost/cli/Output.h"
 #include "refhost/cli/Table.h"
 #include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartSvg.h"
@@ -39,23 +37,20 @@ std::string TornadoSvg(Session& session, Measure measure, int count) {
     return kestrel::ui::ChartSvgText(chart, size.width, size.height);
 }
 
-void Show(const Arguments& arguments) {
+void Show(const Arguments& arguments, Outputs& outputs) {
     const auto top = arguments.Number("--top", 0, std::numeric_limits<std::int32_t>::max());
-    Session session(arguments.Positional(0));
+    Session session(arguments.Word("PLAN"), outputs);
     const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
     const int held = static_cast<int>(factors.size());
     const int count =
         top ? std::min(static_cast<int>(*top), held) : std::min(kDefaultTopRisks, held);
     const Measure measure = arguments.Has("--cost") ? Measure::Cost : Measure::Duration;
     if (!session.Plan().Live().ResultsUpToDate())
-        std::cerr
-            << "The risk analysis is out of date; run 'kestrel analyse' with --save to update "
-               "it.\n";
-    const auto path = arguments.Option("--chart");
-    if (path) WriteOutput(*path, TornadoSvg(session, measure, count));
-    (path == "-" ? std::cerr : std::cout)
-        << (factors.empty() ? "The plan holds no risk factors.\n"
-                            : RankedTable(factors, measure, count));
+        TellError(
+            "The risk analysis is out of date; run 'kestrel analyse' with --save to update it.");
+    if (auto* chart = outputs.Find("--chart")) chart->Write(TornadoSvg(session, measure, count));
+    outputs.Tell(factors.empty() ? "The plan holds no risk factors.\n"
+                                 : RankedTable(factors, measure, count));
 }
 
 }  // namespace refhost

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 /// What the command line needs of the operating system; each system has a System.cpp.
@@ -8,6 +9,9 @@ namespace refhost {
 enum class Stream { Input, Output, Error };
 /// Whether a person sits at that end.
 bool IsTerminal(Stream stream);
+
+/// Bytes that this program may use on this machine.
+std::uint64_t MemoryOfProgram();
 
 /// The folder that the program stands in.
 std::string InstallationFolder();

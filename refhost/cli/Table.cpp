@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "base/OneLine.h"
+
 namespace refhost {
 namespace {
 
@@ -33,6 +35,11 @@ std::size_t DisplayWidth(const std::string& text) {
     for (std::size_t position = 0; position < text.size();)
         width += CharacterWidth(NextCharacter(text, position));
     return width;
+}
+
+void Table::Add(std::vector<std::string> cells) {
+    for (std::string& cell : cells) cell = kestrel::Printable(cell);
+    rows_.push_back(std::move(cells));
 }
 
 std::string Table::Text() const {

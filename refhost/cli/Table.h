@@ -16,7 +16,8 @@ class Table {
     };
 
     explicit Table(std::vector<Column> columns) : columns_(std::move(columns)) {}
-    void Add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+    /// Cells may come from files: control characters are written as escapes.
+    void Add(std::vector<std::string> cells);
     std::string Text() const;
 
  private:

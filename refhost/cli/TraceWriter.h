@@ -7,7 +7,7 @@
 
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Json.h"
-#include "refhost/cli/Output.h"
+#include "refhost/cli/Outputs.h"
 
 namespace refhost {
 
@@ -16,12 +16,11 @@ namespace refhost {
 /// sampled and as applied; the plan's finish (day serial) and cost.
 class TraceWriter {
  public:
-    TraceWriter(ReferenceHost& application, const FactorTracker& factors, const std::string& path)
-        : application_(application), factors_(factors), output_(path) {}
+    TraceWriter(ReferenceHost& application, const FactorTracker& factors, Outputs::File& output)
+        : application_(application), factors_(factors), output_(output) {}
 
     void Write(std::int32_t iteration, std::span<const std::int32_t> drawn, double finish,
                double cost);
-    void Commit() { output_.Commit(); }
 
  private:
     void WriteFactors();
@@ -29,7 +28,7 @@ class TraceWriter {
 
     ReferenceHost& application_;
     const FactorTracker& factors_;
-    Output output_;
+    Outputs::File& output_;
     JsonWriter json_;
 };
 

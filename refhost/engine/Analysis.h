@@ -8,6 +8,9 @@
 
 namespace refhost {
 
+/// The limit of every window and command.
+inline constexpr std::int32_t kMostIterations = 10'000'000;
+
 /// What an analysis found: one element per iteration.
 struct AnalysisResults {
     Minute deterministicFinish = 0;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Errors.h"
+#include "base/OneLine.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/PlanFigures.h"
 #include "refhost/gantt/frmSaveChanges.h"
@@ -20,7 +21,7 @@ bool TellsFailures(kestrel::Desktop& desktop, const std::function<void()>& work)
         work();
         return true;
     } catch (const kestrel::DataError& error) {
-        desktop.ShowMessage(error.what(), kestrel::MessageButtons::Ok, kProgram);
+        desktop.ShowMessage(kestrel::OneLine(error.what()), kestrel::MessageButtons::Ok, kProgram);
         return false;
     }
 }
@@ -32,6 +33,8 @@ bool IsPlanFile(const std::string& path) {
     for (char& c : extension) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
     return extension == ".kplan";
 }
+
+std::size_t Hash(std::string_view bytes) { return std::hash<std::string_view>()(bytes); }
 
 /// What the planner is told about an imported project file; empty when there is nothing to tell.
 std::string ImportText(const ImportReport& report) {
@@ -84,8 +87,11 @@ bool PlanDocument::Open(const std::string& path) { return MayClose() && Load(pat
 bool PlanDocument::Load(const std::string& path) {
     LoadedPlan loaded;
     std::shared_ptr<HostPlan> plan;
+    std::size_t hash = 0;
     const bool read = TellsFailures(desktop_, [&] {
-        loaded = ReadPlan(desktop_, path);
+        const std::string bytes = desktop_.ReadFile(path);
+        hash = Hash(bytes);
+        loaded = ParsePlan(desktop_, bytes, path);
         try {
             plan = std::make_shared<HostPlan>(std::move(loaded.plan));
             const PlanFigures datable(plan->Live());
@@ -100,6 +106,7 @@ bool PlanDocument::Load(const std::string& path) {
     }
     host_.Open(plan);
     source_ = path;
+    fileHash_ = hash;
     path_ = IsPlanFile(path) ? path : std::string();
     state_.emplace(plan->Live());
     TellsFailures(desktop_, [&] { recent_.Add(path); });
@@ -129,12 +136,27 @@ std::string PlanDocument::ProposedPath() const {
            ".kplan";
 }
 
+bool PlanDocument::MayReplace(const std::string& path) {
+    if (path != path_ || !desktop_.FileIsThere(path)) return true;
+    try {
+        if (Hash(desktop_.ReadFile(path)) == fileHash_) return true;
+    } catch (const kestrel::DataError&) {
+        // What cannot be read is not what was opened.
+    }
+    return desktop_.ShowMessage("The file '" + path +
+                                    "' has been changed by another window or program since this "
+                                    "plan was opened or saved. Replace it with this plan?",
+                                kestrel::MessageButtons::YesNo,
+                                kProgram) == kestrel::MessageAnswer::Yes;
+}
+
 bool PlanDocument::Write(const std::string& path) {
-    if (!IsOpen()) return false;
+    if (!IsOpen() || !MayReplace(path)) return false;
     const LivePlan& plan = host_.OpenPlan()->Live();
-    if (!TellsFailures(desktop_, [&] { desktop_.WriteFile(path, WritePlan(plan.Snapshot())); }))
-        return false;
+    const std::string bytes = WritePlan(plan.Snapshot());
+    if (!TellsFailures(desktop_, [&] { desktop_.WriteFile(path, bytes); })) return false;
     path_ = source_ = path;
+    fileHash_ = Hash(bytes);
     state_->Saved(plan);
     TellsFailures(desktop_, [&] { recent_.Add(path); });
     return true;

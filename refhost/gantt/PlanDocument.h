@@ -41,6 +41,8 @@ class PlanDocument {
 
  private:
     bool Load(const std::string& path);
+    /// Another window or program may have written the file meanwhile: then the user decides.
+    bool MayReplace(const std::string& path);
     bool Write(const std::string& path);
     std::string ProposedPath() const;
     void Tell(const std::string& text);
@@ -50,7 +52,8 @@ class PlanDocument {
     kestrel::ui::FormRunner& runner_;
     RecentFiles recent_;
     std::string path_;
-    std::string source_;  ///< that the plan was read from, project files included
+    std::string source_;        ///< that the plan was read from, project files included
+    std::size_t fileHash_ = 0;  ///< of the file's bytes when it was last read or written
     std::optional<DocumentState> state_;
 };
 

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <string>
 
+#include "refhost/engine/Analysis.h"
+
 namespace refhost {
 namespace {
 

@@ -14,8 +14,6 @@ namespace refhost {
 /// Asks for the number of iterations and the seed of an analysis.
 class frmRunAnalysis : public kestrel::ui::Form {
  public:
-    static constexpr std::int32_t kMostIterations = 1'000'000;
-
     /// Starts from the settings that the plan holds.
     frmRunAnalysis(kestrel::Desktop& desktop, const AnalysisSettings& settings);
 

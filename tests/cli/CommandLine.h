@@ -30,10 +30,10 @@ class Workplace {
     std::string Read(const std::string& name) const { return kestrel::ReadWholeFile(Path(name)); }
 
     /// Runs `kestrel` in the folder, words as a shell takes them, settings of its own.
-    RunResult Run(const std::string& words) const {
-        const std::string command = "cd '" + Path("") + "' && XDG_CONFIG_HOME='" + Path("") +
-                                    "' '" KESTREL_BINARY_DIR "/kestrel' " + words +
-                                    " </dev/null >.out 2>.err";
+    RunResult Run(const std::string& words, const std::string& input = "/dev/null") const {
+        const std::string command = "cd '" + Path("") + "'; XDG_CONFIG_HOME='" + Path("") +
+                                    "' '" KESTREL_BINARY_DIR "/kestrel' " + words + " <" + input +
+                                    " >.out 2>.err";
         const int status = std::system(command.c_str());
         RunResult result;
         result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -49,5 +49,17 @@ class Workplace {
 };
 
 inline const std::string kExample = KESTREL_SOURCE_DIR "/examples/ferry-terminal.kplan";
+
+inline const std::string kSmall =
+    "<Plan Version=\"1\" Name=\"Small\" Start=\"2026-01-05T08:00:00\">"
+    "<Texts><Text Name=\"RiskFactors\">&lt;RiskFactors Version=\"RiskFactors1.00\"&gt;"
+    "&lt;RiskFactor ID=\"1\"&gt;&lt;Name&gt;Frost&lt;/Name&gt;&lt;Minimum&gt;100&lt;/Minimum&gt;"
+    "&lt;MostLikely&gt;110&lt;/MostLikely&gt;&lt;Maximum&gt;150&lt;/Maximum&gt;"
+    "&lt;Probability&gt;50&lt;/Probability&gt;&lt;/RiskFactor&gt;&lt;/RiskFactors&gt;</Text></"
+    "Texts>"
+    "<Tasks><Task ID=\"A\" Name=\"Dig\" Type=\"0\" Duration=\"4800\"><CostItem Name=\"x\" "
+    "Cost=\"10\"/></Task>"
+    "<Task ID=\"B\" Name=\"Pour\" Type=\"0\" Duration=\"960\"><Link From=\"A\" Type=\"FS\" "
+    "Lag=\"0\"/></Task></Tasks></Plan>";
 
 }  // namespace refhost::test

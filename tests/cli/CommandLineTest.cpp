@@ -11,18 +11,6 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-const std::string kSmall =
-    "<Plan Version=\"1\" Name=\"Small\" Start=\"2026-01-05T08:00:00\">"
-    "<Texts><Text Name=\"RiskFactors\">&lt;RiskFactors Version=\"RiskFactors1.00\"&gt;"
-    "&lt;RiskFactor ID=\"1\"&gt;&lt;Name&gt;Frost&lt;/Name&gt;&lt;Minimum&gt;100&lt;/Minimum&gt;"
-    "&lt;MostLikely&gt;110&lt;/MostLikely&gt;&lt;Maximum&gt;150&lt;/Maximum&gt;"
-    "&lt;Probability&gt;50&lt;/Probability&gt;&lt;/RiskFactor&gt;&lt;/RiskFactors&gt;</Text></"
-    "Texts>"
-    "<Tasks><Task ID=\"A\" Name=\"Dig\" Type=\"0\" Duration=\"4800\"><CostItem Name=\"x\" "
-    "Cost=\"10\"/></Task>"
-    "<Task ID=\"B\" Name=\"Pour\" Type=\"0\" Duration=\"960\"><Link From=\"A\" Type=\"FS\" "
-    "Lag=\"0\"/></Task></Tasks></Plan>";
-
 std::string Replaced(std::string text, const std::string& from, const std::string& to) {
     return text.replace(text.find(from), from.size(), to);
 }
@@ -89,6 +77,18 @@ TEST(CommandLine, RefusesBadInputInOneSentenceAndLeavesNoFile) {
         {1, "load plan.kplan plan.kplan -o out", "not a valid"},
         {1, "analyse plan.kplan --iterations 5 --json no/such/folder", "no/such/folder"},
         {2, "analyze plan.kplan", "analyze|--help"},
+        {2, "analyse plan.kplan --json plan.kplan", "--json|PLAN|usage"},
+        {2, "save plan.kplan ./plan.kplan", "FILE|PLAN"},
+        {2, "import plan.kplan -o plan.kplan", "-o|PROJECT"},
+        {2, "load plan.kplan a -o a", "-o|FILE"},
+        {2, "analyse plan.kplan --json x --save ./x", "--json|--save|one file"},
+        {2, "analyse plan.kplan --chart x.svg --json x-finish.svg", "--chart|--json|one file"},
+        {2, "load - - --yes", "only once"},
+        {2, "check -- plan.kplan --yes", "'--yes' is one word too many"},
+        {1, "analyse plan.kplan --iterations 1000000000 --json out", "GB of memory"},
+        {1, "analyse plan.kplan --iterations 3 --json out --trace /dev/full", "/dev/full"},
+        {1, "analyse plan.kplan", "\\nkestrel: forged|[...]|plan.kplan",
+         Replaced(kSmall, "\"4800\"", "\"&#10;kestrel: forged" + std::string(100'000, 'x') + "\"")},
         {2, "assign plan.kplan", "TASK is missing|usage"},
         {2, "analyse plan.kplan --fast", "--fast|usage"},
         {2, "analyse plan.kplan --iterations 0", "--iterations|from 1"},
@@ -104,6 +104,7 @@ TEST(CommandLine, RefusesBadInputInOneSentenceAndLeavesNoFile) {
             EXPECT_THAT(result.errors, HasSubstr(kestrel::GetListItem(row.told, i, "|")));
         if (row.exitCode == 1) {
             EXPECT_EQ(Lines(result.errors), 1) << result.errors;
+            EXPECT_LT(result.errors.size(), 1000u);
         }
         EXPECT_EQ(place.FileCount(), 1u) << "nothing but the plan";
         EXPECT_EQ(place.Read("plan.kplan"), row.plan);
@@ -180,6 +181,61 @@ TEST(CommandLine, ImportsAProjectFileAndAnalysesIt) {
     const RunResult result = place.Run("analyse plan.kplan --iterations 100");
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_THAT(result.output, HasSubstr("Frost"));
+}
+
+TEST(CommandLine, ReadsAndWritesStreamsAndMindsSignals) {
+    const std::string longRun =
+        "analyse plan.kplan --iterations 9000000 --trace t & p=$!; sleep 1; ";
+    const struct {
+        const char* name;
+        std::string words;
+        bool writesTrace;
+    } rows[] = {
+        {"a lost standard error is no other file",
+         "analyse plan.kplan --iterations 9 --trace t 2>&- ;:", true},
+        {"a lost standard output", "analyse plan.kplan --iterations 9 --trace t >&- ;:", false},
+        {"a full standard output",
+         "analyse plan.kplan --iterations 9 --trace t >/dev/full;:", false},
+        {"an interrupt that was ignored",
+         longRun + "kill -INT $p; sleep 1; kill -0 $p && echo on >t;"
+                   "kill $p; wait $p;:",
+         true},
+        {"an end from outside", longRun + "kill $p; wait $p;:", false},
+        {"a device",
+         "analyse plan.kplan --iterations 9 --trace t --json /dev/null --chart /dev/null", true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const Workplace place;
+        place.Write("plan.kplan", kSmall);
+        place.Run(row.words);
+        EXPECT_EQ(place.Exists("t"), row.writesTrace);
+        EXPECT_EQ(place.FileCount(), row.writesTrace ? 2u : 1u);
+    }
+    const Workplace place;
+    place.Write("plan.kplan", kSmall);
+    EXPECT_THAT(place.Run("save - -", "plan.kplan").output, HasSubstr("Frost"));
+    EXPECT_THAT(place.Run("--version").output, HasSubstr("kestrel "));
+}
+
+TEST(CommandLine, SetsEveryTaskBelowASummaryAndHeedsNoDefaultFile) {
+    const Workplace place;
+    std::string plan =
+        Replaced(kSmall, "<Tasks>", "<Tasks><Task ID=\"S\" Name=\"All\" Type=\"1\">");
+    place.Write("plan.kplan", Replaced(plan, "</Tasks>", "</Task></Tasks>"));
+    const RunResult result = place.Run("assign plan.kplan S --series 1 -o plan.kplan");
+    EXPECT_THAT(result.output, HasSubstr("every task below it (2) now carries: (1)"));
+    EXPECT_THAT(place.Run("assign plan.kplan B").output, HasSubstr("series    1  Frost"));
+
+    place.Run("factors plan.kplan --save t.xml");
+    plan = Replaced(kSmall, "<Texts>", "<Texts><!--");
+    place.Write("empty.kplan", Replaced(plan, "</Texts>", "--></Texts>"));
+    std::filesystem::create_directory(place.Path("kestrel"));
+    place.Write(
+        "kestrel/settings",
+        "RiskFactors/RiskFactors/OptionSetting=1\nRiskFactors/RiskFactors/FileLocation=no\n");
+    EXPECT_EQ(place.Run("factors empty.kplan --load t.xml -o out").exitCode, 0);
+    EXPECT_THAT(place.Run("factors out").output, HasSubstr("Frost"));
 }
 
 TEST(CommandLine, KeepsTheReportApartFromAFileOnStandardOutput) {

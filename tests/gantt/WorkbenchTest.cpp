@@ -7,7 +7,7 @@
 #include "TestPaths.h"
 #include "base/Errors.h"
 #include "host/clsKestrelDll.h"
-#include "refhost/cli/Output.h"
+#include "platform/Files.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/frmResults.h"
 #include "refhost/gantt/frmRunAnalysis.h"
@@ -208,7 +208,7 @@ TEST_F(WorkbenchTest, WhatCannotBeReadOrWrittenIsToldAndChangesNothing) {
     const std::string path = Example();
     bench.Open(path);
     const std::string broken = folder + "/broken.kplan";
-    WriteOutput(broken, "<Plan Version=\"1\" Name=\"Crane\"");
+    kestrel::ReplaceWholeFile(broken, "<Plan Version=\"1\" Name=\"Crane\"");
     for (const std::string& bad : {broken, folder + "/missing.kplan", std::string()}) {
         desktop.messages.clear();
         bench.Open(bad);
@@ -228,11 +228,12 @@ TEST_F(WorkbenchTest, WhatCannotBeReadOrWrittenIsToldAndChangesNothing) {
 
 TEST_F(WorkbenchTest, AProjectFileIsSavedAsAPlanBesideIt) {
     const std::string project = folder + "/garage.v2.xml";
-    WriteOutput(project,
-                "<Project xmlns=\"http://schemas.example.com/project\"><Name>Garage</Name>"
-                "<StartDate>2026-01-05T08:00:00</StartDate><Tasks><Task><UID>1</UID><ID>1</ID>"
-                "<Name>Build</Name><OutlineLevel>1</OutlineLevel><Duration>PT8H0M0S</Duration>"
-                "<Deadline>2026-02-05T08:00:00</Deadline></Task></Tasks></Project>");
+    kestrel::ReplaceWholeFile(
+        project,
+        "<Project xmlns=\"http://schemas.example.com/project\"><Name>Garage</Name>"
+        "<StartDate>2026-01-05T08:00:00</StartDate><Tasks><Task><UID>1</UID><ID>1</ID>"
+        "<Name>Build</Name><OutlineLevel>1</OutlineLevel><Duration>PT8H0M0S</Duration>"
+        "<Deadline>2026-02-05T08:00:00</Deadline></Task></Tasks></Project>");
     desktop.chosenFiles = {project};
     bench.Run(Command::Open);
     ASSERT_NE(bench.View(), nullptr) << desktop.MessageText();
@@ -270,7 +271,7 @@ TEST_F(WorkbenchTest, RunDialogRefusesWhatIsNoNumber) {
     } rows[] = {
         {"1", "0", true},        {" 500 ", " 18446744073709551615 ", true},
         {"0", "1", false},       {"-5", "1", false},
-        {"1000001", "1", false}, {"1e3", "1", false},
+        {"10000001", "1", false}, {"1e3", "1", false},
         {"", "1", false},        {"10", "", false},
         {"10", "-1", false},     {"10", "18446744073709551616", false},
     };

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -13,12 +14,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(PosixFiles, ReplacingKeepsPermissions) {
+TEST(PosixFiles, ReplacingKeepsPermissionsAndOwner) {
     const test::TemporaryFolder folder;
-    ReplaceWholeFile(folder / "file", "first");
-    ::chmod((folder / "file").c_str(), 0640);
-    ReplaceWholeFile(folder / "file", "second");
-    EXPECT_EQ(fs::status(folder.Path() / "file").permissions(), fs::perms{0640});
+    const std::string path = folder / "file";
+    ReplaceWholeFile(path, "first");
+    ::chmod(path.c_str(), 0640);
+    const bool mayGive = ::chown(path.c_str(), 1234, 4321) == 0;
+    ReplaceWholeFile(path, "second");
+    struct stat status {};
+    ASSERT_EQ(::stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640u);
+    EXPECT_EQ(status.st_uid, mayGive ? 1234 : ::getuid());
+    EXPECT_EQ(status.st_gid, mayGive ? 4321 : ::getgid());
 }
 
 TEST(PosixFiles, ReplacesWhatALinkPointsAtAndKeepsTheLink) {

@@ -1,7 +1,9 @@
 #include "refhost/cli/System.h"
 
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -19,6 +21,14 @@ bool IsTerminal(Stream stream) {
             break;
     }
     return isatty(STDERR_FILENO) != 0;
+}
+
+std::uint64_t MemoryOfProgram() {
+    const auto pages = static_cast<std::uint64_t>(std::max(0L, ::sysconf(_SC_PHYS_PAGES)));
+    const auto machine = pages * static_cast<std::uint64_t>(std::max(0L, ::sysconf(_SC_PAGESIZE)));
+    rlimit limit{};
+    return ::getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur < machine ? limit.rlim_cur
+                                                                           : machine;
 }
 
 std::string InstallationFolder() {

@@ -30,6 +30,13 @@ bool IsTerminal(Stream stream) {
     return GetConsoleMode(GetStdHandle(id), &mode) != FALSE;
 }
 
+std::uint64_t MemoryOfProgram() {
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof status;
+    if (!GlobalMemoryStatusEx(&status)) return ~std::uint64_t{0};
+    return status.ullTotalPhys;
+}
+
 std::string InstallationFolder() {
     const std::filesystem::path program = automation::TypeLibrary::ProgramPath();
     return Utf8Path(program.parent_path());
