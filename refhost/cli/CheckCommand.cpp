@@ -11,9 +11,9 @@ namespace refhost {
 
 void Check(const Arguments& arguments) {
     CliDesktop desktop;
-    const LoadedPlan loaded = ReadPlan(desktop, arguments.Positional(0));
+    LoadedPlan loaded = ReadPlan(desktop, arguments.Positional(0));
     if (loaded.imported) TellImport(arguments.Positional(0), *loaded.imported);
-    const std::vector<std::string> complaints = CheckPlan(desktop, loaded.plan);
+    const std::vector<std::string> complaints = CheckPlan(desktop, std::move(loaded.plan));
     for (const std::string& complaint : complaints) std::cout << complaint << "\n";
     if (complaints.empty()) std::cerr << "No complaints.\n";
 }
