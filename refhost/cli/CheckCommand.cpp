@@ -8,8 +8,8 @@ namespace refhost {
 
 void Check(const Arguments& arguments, Outputs& outputs) {
     CliDesktop desktop;
-    const LoadedPlan loaded = LoadPlan(desktop, arguments.Word("PLAN"));
-    const std::vector<std::string> complaints = CheckPlan(desktop, loaded.plan);
+    LoadedPlan loaded = LoadPlan(desktop, arguments.Word("PLAN"));
+    const std::vector<std::string> complaints = CheckPlan(desktop, std::move(loaded.plan));
     for (const std::string& complaint : complaints)
         outputs.Tell(kestrel::OneLine(complaint) + "\n");
     if (complaints.empty()) TellError("No complaints.");

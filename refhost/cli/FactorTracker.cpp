@@ -1,5 +1,7 @@
 #include "refhost/cli/FactorTracker.h"
 
+#include <algorithm>
+
 #include "base/Errors.h"
 #include "core/analysis/modAnalysis.h"
 #include "core/model/Occurrence.h"
@@ -54,17 +56,27 @@ void FactorTracker::Follow() {
         occurred_[i] = carried_[i] && kestrel::Occurs(*Register()[i]);
         if (occurred_[i]) ++occurrences_[i];
     }
-    NoteImpacts(kestrel::kDurationGroup, durationImpacts_);
-    NoteImpacts(kestrel::kCostGroup, costImpacts_);
+    if (durationMembers_.empty()) {
+        durationMembers_ = MembersOf(kestrel::kDurationGroup);
+        costMembers_ = MembersOf(kestrel::kCostGroup);
+    }
+    NoteImpacts(durationMembers_, durationImpacts_);
+    NoteImpacts(costMembers_, costImpacts_);
 }
 
-void FactorTracker::NoteImpacts(const char* group, std::vector<std::vector<double>>& impacts) {
+/// The group stands from the preparation, which is before the first iteration, to the next one.
+std::vector<host::MemberPtr> FactorTracker::MembersOf(const char* group) const {
     const auto found = application_.OpenPlan()->GroupList().Item(group);
-    if (!found) return;
-    const auto members = found->Members();
-    for (std::size_t i = 0; i < impacts.size(); ++i) {
-        const auto member = members->Item(static_cast<std::int32_t>(i) + 1);
-        impacts[i].push_back(member && occurred_[i] ? member->SampledValue() / 10000 : 1.0);
+    std::vector<host::MemberPtr> members;
+    if (found) members = found->Members()->Enumerate();
+    return members;
+}
+
+void FactorTracker::NoteImpacts(const std::vector<host::MemberPtr>& members,
+                                std::vector<std::vector<double>>& impacts) const {
+    for (std::size_t i = 0; i < std::min(members.size(), impacts.size()); ++i) {
+        const double multipliers[] = {1.0, members[i]->SampledValue() / 10000};
+        impacts[i].push_back(multipliers[occurred_[i]]);
     }
 }
 

@@ -42,10 +42,13 @@ class FactorTracker {
 
  private:
     void FindCarryingTasks();
-    void NoteImpacts(const char* group, std::vector<std::vector<double>>& impacts);
+    std::vector<host::MemberPtr> MembersOf(const char* group) const;
+    void NoteImpacts(const std::vector<host::MemberPtr>& members,
+                     std::vector<std::vector<double>>& impacts) const;
 
     ReferenceHost& application_;
     kestrel::modGlobals globals_;
+    std::vector<host::MemberPtr> durationMembers_, costMembers_;  ///< of the running analysis
     std::vector<bool> carried_;
     std::vector<bool> occurred_;
     std::vector<std::int64_t> occurrences_;

@@ -125,9 +125,9 @@ void CheckTasks(const PlanData& plan, std::size_t held, Complaints& complaints) 
     }
 }
 
-void CheckNetwork(const PlanData& plan, Complaints& complaints) {
+void CheckNetwork(PlanData plan, Complaints& complaints) {
     try {
-        LivePlan(plan).FinishDate();
+        LivePlan(std::move(plan)).FinishDate();
     } catch (const kestrel::DataError& error) {
         complaints.push_back(error.what());
     }
@@ -135,12 +135,12 @@ void CheckNetwork(const PlanData& plan, Complaints& complaints) {
 
 }  // namespace
 
-std::vector<std::string> CheckPlan(kestrel::Desktop& desktop, const PlanData& plan) {
+std::vector<std::string> CheckPlan(kestrel::Desktop& desktop, PlanData plan) {
     Complaints complaints;
     const Factors factors = ReadFactors(desktop, plan, complaints);
     CheckRegister(factors, complaints);
     CheckTasks(plan, factors.size(), complaints);
-    CheckNetwork(plan, complaints);
+    CheckNetwork(std::move(plan), complaints);
     return complaints;
 }
 

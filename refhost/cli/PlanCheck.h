@@ -10,6 +10,6 @@ namespace refhost {
 
 /// Everything that is wrong or doubtful in a plan: register, assignments, durations, network.
 /// One sentence each, in that order; empty when all is well.
-std::vector<std::string> CheckPlan(kestrel::Desktop& desktop, const PlanData& plan);
+std::vector<std::string> CheckPlan(kestrel::Desktop& desktop, PlanData plan);
 
 }  // namespace refhost

@@ -83,23 +83,35 @@ void AddSummary(JsonWriter& json, const char* name, const Summary& summary) {
     json.Key("p80").Double(summary.p80).Key("p90").Double(summary.p90).EndObject();
 }
 
-double Aligned(const std::vector<double>& results, const std::vector<double>& impacts) {
-    if (impacts.size() < results.size()) return 0;
-    double mean = 0;
-    double deviation = 0;
-    return kestrel::ArrayPearson(results, impacts, results.size(), false, mean, deviation);
-}
+/// A result over all iterations, its statistics worked out once for all factors.
+struct ResultSeries {
+    explicit ResultSeries(const std::vector<double>& values)
+        : samples(values),
+          mean(kestrel::CollectionMean(values)),
+          deviation(kestrel::CollectionStdDev(values, mean)) {}
+
+    double Aligned(const std::vector<double>& impacts) {
+        if (impacts.size() < samples.size()) return 0;
+        return kestrel::ArrayPearson(samples, impacts, samples.size(), true, mean, deviation);
+    }
+
+    const std::vector<double>& samples;
+    double mean;
+    double deviation;
+};
 
 }  // namespace
 
 std::vector<FactorFigures> FiguresOf(const FactorTracker& factors, const AnalysisResults& results) {
     std::vector<FactorFigures> all(factors.Register().size());
+    ResultSeries finish(results.finish);
+    ResultSeries cost(results.cost);
     for (std::size_t i = 0; i < all.size(); ++i) {
         const std::vector<double>& durations = factors.DurationImpacts(i);
         const std::vector<double>& costs = factors.CostImpacts(i);
         all[i].occurrences = factors.Occurrences()[i];
-        all[i].alignedDurSens = Aligned(results.finish, durations);
-        all[i].alignedCostSens = Aligned(results.cost, costs);
+        all[i].alignedDurSens = finish.Aligned(durations);
+        all[i].alignedCostSens = cost.Aligned(costs);
         if (durations.empty()) continue;
         all[i].meanDurationImpact = kestrel::CollectionMean(durations);
         all[i].meanCostImpact = kestrel::CollectionMean(costs);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <numeric>
 #include <queue>
 
 #include "base/Errors.h"
@@ -24,11 +25,17 @@ NetworkCompiler::NetworkCompiler(const PlanData& plan, WorkCalendar& calendar)
         AddLinks(i);
         PassDownGate(i);
     }
+    GatherWaits();
 }
 
 std::uint32_t NetworkCompiler::AddNode(Network::Kind kind, std::size_t task) {
-    nodes_.push_back({kind, static_cast<std::uint32_t>(task), 0, {}, {}});
+    nodes_.push_back({kind, static_cast<std::uint32_t>(task)});
     return static_cast<std::uint32_t>(nodes_.size() - 1);
+}
+
+void NetworkCompiler::AddBound(std::uint32_t node, bool onStart, Wait wait) {
+    ++(onStart ? nodes_[node].startBounds : nodes_[node].finishBounds);
+    bounds_.push_back({node, onStart, wait});
 }
 
 /// Ordinary tasks, and gates for those summaries that are constrained or stand below one.
@@ -57,9 +64,7 @@ void NetworkCompiler::AddLinks(std::size_t task) {
             link.type == LinkType::FinishToStart || link.type == LinkType::FinishToFinish;
         const bool boundsStart =
             link.type == LinkType::FinishToStart || link.type == LinkType::StartToStart;
-        Node& node = nodes_[ownNode_[task]];
-        (boundsStart ? node.startBounds : node.finishBounds)
-            .push_back({source, onFinish, link.lag});
+        AddBound(ownNode_[task], boundsStart, {2 * source + (onFinish ? 1u : 0u), link.lag});
     }
 }
 
@@ -67,10 +72,9 @@ void NetworkCompiler::PassDownGate(std::size_t task) {
     const std::int32_t parent = plan_.tasks[task].parent;
     if (parent < 0 || ownNode_[static_cast<std::size_t>(parent)] == kNone) return;
     const std::uint32_t gate = ownNode_[static_cast<std::size_t>(parent)];
-    nodes_[ownNode_[task]].startBounds.push_back({gate, false, 0});
+    AddBound(ownNode_[task], true, {2 * gate, 0});
     // The gate, which stands earlier in the plan, has all its bounds by now.
-    if (!nodes_[gate].finishBounds.empty())
-        nodes_[ownNode_[task]].finishBounds.push_back({gate, true, 0});
+    if (nodes_[gate].finishBounds > 0) AddBound(ownNode_[task], false, {2 * gate + 1, 0});
 }
 
 std::uint32_t NetworkCompiler::SourceNode(std::size_t task) {
@@ -85,25 +89,39 @@ std::uint32_t NetworkCompiler::ResultNode(std::size_t summary) {
     resultNode_[summary] = result;
     for (const std::size_t child : children_[summary]) {
         const std::uint32_t below = SourceNode(child);
-        if (nodes_[below].kind == Network::Kind::Result && nodes_[below].startBounds.empty())
-            continue;
-        nodes_[result].startBounds.push_back({below, false, 0});
-        nodes_[result].finishBounds.push_back({below, true, 0});
+        if (nodes_[below].kind == Network::Kind::Result && nodes_[below].startBounds == 0) continue;
+        AddBound(result, true, {2 * below, 0});
+        AddBound(result, false, {2 * below + 1, 0});
     }
     return result;
+}
+
+void NetworkCompiler::GatherWaits() {
+    firstWait_.assign(nodes_.size() + 1, 0);
+    for (std::size_t n = 0; n < nodes_.size(); ++n)
+        firstWait_[n + 1] = firstWait_[n] + nodes_[n].startBounds + nodes_[n].finishBounds;
+    waits_.resize(bounds_.size());
+    std::vector<std::uint32_t> starts(nodes_.size(), 0), finishes(nodes_.size(), 0);
+    for (const Bound& bound : bounds_)
+        waits_[firstWait_[bound.node] + (bound.onStart ? starts[bound.node]++
+                                                       : nodes_[bound.node].startBounds +
+                                                             finishes[bound.node]++)] = bound.wait;
+    bounds_ = {};
 }
 
 /// Nodes in an order in which each comes after all that it waits for, otherwise as near to plan
 /// order as can be.
 std::vector<std::uint32_t> NetworkCompiler::Sorted() const {
-    std::vector<std::vector<std::uint32_t>> followers(nodes_.size());
     std::vector<std::uint32_t> waiting(nodes_.size(), 0);
+    std::vector<std::size_t> firstFollower(nodes_.size() + 2, 0);  // filled one place ahead
+    for (const Wait& wait : waits_) ++firstFollower[wait.Node() + 2];
+    std::partial_sum(firstFollower.begin(), firstFollower.end(), firstFollower.begin());
+    std::vector<std::uint32_t> followers(waits_.size());
     for (std::uint32_t n = 0; n < nodes_.size(); ++n)
-        for (const auto* bounds : {&nodes_[n].startBounds, &nodes_[n].finishBounds})
-            for (const Wait& wait : *bounds) {
-                followers[wait.node].push_back(n);
-                ++waiting[n];
-            }
+        for (const Wait& wait : Waits(n)) {
+            followers[firstFollower[wait.Node() + 1]++] = n;
+            ++waiting[n];
+        }
     using Entry = std::pair<std::uint32_t, std::uint32_t>;  // task, node
     std::priority_queue<Entry, std::vector<Entry>, std::greater<>> ready;
     for (std::uint32_t n = 0; n < nodes_.size(); ++n)
@@ -114,8 +132,9 @@ std::vector<std::uint32_t> NetworkCompiler::Sorted() const {
         const std::uint32_t n = ready.top().second;
         ready.pop();
         order.push_back(n);
-        for (const std::uint32_t follower : followers[n])
-            if (--waiting[follower] == 0) ready.emplace(nodes_[follower].task, follower);
+        for (std::size_t f = firstFollower[n]; f < firstFollower[n + 1]; ++f)
+            if (--waiting[followers[f]] == 0)
+                ready.emplace(nodes_[followers[f]].task, followers[f]);
     }
     if (order.size() < nodes_.size()) RefuseLoop(waiting);
     return order;
@@ -124,9 +143,8 @@ std::vector<std::uint32_t> NetworkCompiler::Sorted() const {
 /// Walks backwards among the nodes that are still waiting until one comes round again.
 void NetworkCompiler::RefuseLoop(const std::vector<std::uint32_t>& waiting) const {
     const auto blocker = [&](std::uint32_t n) {
-        for (const auto* bounds : {&nodes_[n].startBounds, &nodes_[n].finishBounds})
-            for (const Wait& wait : *bounds)
-                if (waiting[wait.node] > 0) return wait.node;
+        for (const Wait& wait : Waits(n))
+            if (waiting[wait.Node()] > 0) return wait.Node();
         return kNone;
     };
     const auto first = std::find_if(waiting.begin(), waiting.end(), [](auto w) { return w > 0; });
@@ -150,13 +168,14 @@ void NetworkCompiler::CompileInto(Network& network) {
     const std::vector<std::uint32_t> order = Sorted();
     std::vector<std::uint32_t> stepOfNode(nodes_.size());
     for (std::uint32_t i = 0; i < order.size(); ++i) stepOfNode[order[i]] = i;
-    const auto slotOf = [&](const Wait& wait) {
-        return 2 * stepOfNode[wait.node] + (wait.onFinish ? 1u : 0u);
-    };
-    const auto append = [&](const std::vector<Wait>& bounds) {
-        for (const Wait& wait : bounds) network.sources_.push_back({slotOf(wait), wait.lag});
+    const auto append = [&](std::span<const Wait> waits) {
+        for (const Wait& wait : waits)
+            network.sources_.push_back({2 * stepOfNode[wait.Node()] + wait.time % 2, wait.lag});
         return static_cast<std::uint32_t>(network.sources_.size());
     };
+    network.steps_.reserve(order.size());
+    network.simple_.reserve(order.size());
+    network.sources_.reserve(waits_.size());
     network.stepOf_.assign(plan_.tasks.size(), 0);
     network.times_.assign(2 * order.size() + 1, 0);  // the last: the first floor, 0
     for (const std::uint32_t n : order) {
@@ -165,8 +184,8 @@ void NetworkCompiler::CompileInto(Network& network) {
         step.floor = static_cast<double>(node.floor);
         step.task = node.task;
         step.kind = node.kind;
-        step.startEnd = append(node.startBounds);
-        step.finishEnd = append(node.finishBounds);
+        step.startEnd = append(Waits(n).first(node.startBounds));
+        step.finishEnd = append(Waits(n).subspan(node.startBounds));
         if (step.kind == Network::Kind::Ordinary)
             network.stepOf_[step.task] = static_cast<std::uint32_t>(network.steps_.size());
         network.steps_.push_back(step);

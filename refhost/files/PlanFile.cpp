@@ -20,18 +20,24 @@ bool IsProject(const kestrel::XmlNode& root) {
     return root.LocalName() == "Project" && root.uri.ends_with("/project");
 }
 
-}  // namespace
-
-LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path,
-                     const ImportOptions& options) {
-    const kestrel::XmlDocument document = Parse(desktop, bytes, path);
+LoadedPlan ReadDocument(const kestrel::XmlDocument& document, const std::string& path,
+                        const ImportOptions& options) {
     if (IsProject(document.root)) return ReadProject(document.root, path, options);
     return {ReadPlanElement(document.root, path), std::nullopt};
 }
 
+}  // namespace
+
+LoadedPlan ParsePlan(kestrel::Desktop& desktop, std::string_view bytes, const std::string& path,
+                     const ImportOptions& options) {
+    return ReadDocument(Parse(desktop, bytes, path), path, options);
+}
+
 LoadedPlan ReadPlan(kestrel::Desktop& desktop, const std::string& path,
                     const ImportOptions& options) {
-    return ParsePlan(desktop, desktop.ReadFile(path), path, options);
+    // The bytes, large at times, go with this statement.
+    const kestrel::XmlDocument document = Parse(desktop, desktop.ReadFile(path), path);
+    return ReadDocument(document, path, options);
 }
 
 }  // namespace refhost

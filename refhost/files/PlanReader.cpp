@@ -83,16 +83,15 @@ NamedTexts ReadNamedTexts(const StrictElement& parent, std::string_view name) {
 std::vector<UserField> ReadUserFields(const StrictElement& element) {
     element.Allow({}, {"UserField"});
     std::vector<UserField> fields;
+    std::unordered_set<std::string_view> names;
     for (const StrictElement& child : element.Children()) {
         child.Allow({"Name", "Type"}, {});
         UserField field;
         field.name = child.Required("Name");
         if (child.Has("Type"))
             field.type = child.Value("Type", ReadInteger<std::int16_t>, "1, the type of a text");
-        for (const UserField& other : fields)
-            if (other.name == field.name)
-                child.Fail("second UserField named " + Quoted(field.name) +
-                           "; keep only one of them.");
+        if (!names.insert(child.Required("Name")).second)
+            child.Fail("second UserField named " + Quoted(field.name) + "; keep only one of them.");
         fields.push_back(std::move(field));
     }
     return fields;
@@ -157,7 +156,7 @@ class TaskReader {
     void ReadTask(const StrictElement& element, std::int32_t parent) {
         TaskData task = ReadTaskData(element);
         task.parent = parent;
-        if (!ids_.insert(task.id).second)
+        if (!ids_.insert(element.Required("ID")).second)
             element.Fail("second Task with the ID " + Quoted(task.id) +
                          "; give each task an ID of its own.");
         for (const StrictElement& link : element.Children("Link")) links_.push_back(link);
@@ -173,7 +172,7 @@ class TaskReader {
     }
 
     std::vector<TaskData> tasks_;
-    std::unordered_set<std::string> ids_;
+    std::unordered_set<std::string_view> ids_;  ///< in the document
     std::vector<StrictElement> links_;
 };
 

@@ -73,8 +73,9 @@ std::vector<StrictElement> StrictElement::Children() const {
 }
 
 std::vector<StrictElement> StrictElement::Children(std::string_view name) const {
-    std::vector<StrictElement> children = Children();
-    std::erase_if(children, [name](const StrictElement& child) { return child.Name() != name; });
+    std::vector<StrictElement> children;
+    for (const kestrel::XmlNode& child : node_->children)
+        if (child.name == name) children.emplace_back(child, *path_);
     return children;
 }
 

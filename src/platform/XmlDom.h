@@ -47,6 +47,10 @@ struct XmlDocument {
 /// Limits on documents from outside; a document beyond them is refused like a malformed one.
 inline constexpr std::size_t kXmlMaximumBytes = 256u << 20;
 inline constexpr int kXmlMaximumDepth = 200;
+/// Of one tag; parsers compare each attribute with all the others.
+inline constexpr std::size_t kXmlMaximumAttributes = 256;
+/// Prefixes that are declared at one place; parsers look through all for every name.
+inline constexpr std::size_t kXmlMaximumPrefixes = 256;
 
 /// Elements that an XPath of the form "//Name" selects, in document order. Un-prefixed names
 /// select elements of no namespace only.
@@ -60,8 +64,9 @@ std::string SerialiseXml(const XmlNode& element);
 /// The element as a file: "<?xml version="1.0"?>", line break, the element, line break.
 std::string SerialiseXmlFile(const XmlNode& element);
 
-/// Portable part of every parser: refuses, with DataError, text beyond kXmlMaximumBytes and any
-/// document type declaration (the only way to bring in entities or outside files).
+/// Portable part of every parser: refuses, with DataError, text beyond kXmlMaximumBytes, tags
+/// beyond kXmlMaximumAttributes and any document type declaration (the only way to bring in
+/// entities or outside files).
 void RefuseUnsafeXml(std::string_view bytes);
 
 /// Removes text nodes that hold nothing but white space, as the system's DOM does by default.

@@ -17,6 +17,12 @@ inline DataError XmlTooDeepAtLine(int line) {
                                     " deep in each other; flatten the document");
 }
 
+inline DataError XmlTooManyPrefixesAtLine(int line) {
+    return XmlErrorAtLine(line, "more than " + std::to_string(kXmlMaximumPrefixes) +
+                                    " prefixes are declared at one place; declare those only that "
+                                    "the document uses");
+}
+
 inline DataError XmlTypeDeclaredAtLine(int line) {
     return XmlErrorAtLine(line,
                           "the document has a document type declaration (DOCTYPE); remove it");

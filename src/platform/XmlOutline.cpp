@@ -226,6 +226,7 @@ class Outliner {
         if (name != "xmlns") {
             if (value.empty())
                 Fail("the prefix of \"" + std::string(name) + "\" gets no namespace");
+            if (prefixes_.size() == kXmlMaximumPrefixes) throw XmlTooManyPrefixesAtLine(line_);
             prefixes_.push_back(name.substr(6));
         }
         outline_.namespaces.push_back(

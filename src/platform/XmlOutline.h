@@ -19,7 +19,8 @@ struct XmlOutline {
 /// Walks the markup of a document in UTF-8, UTF-16, UTF-32 or any encoding that extends ASCII.
 /// Raises DataError with the line for what parsers are shy to place or do not notice: tags that do
 /// not match, characters and references that mean nothing, prefixes that are not declared, document
-/// types, elements deeper than kXmlMaximumDepth. What it lets pass may still be malformed.
+/// types, elements deeper than kXmlMaximumDepth, more than kXmlMaximumPrefixes. What it lets pass
+/// may still be malformed.
 XmlOutline OutlineXml(std::string_view bytes);
 
 }  // namespace kestrel

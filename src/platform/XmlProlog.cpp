@@ -1,6 +1,7 @@
 #include "base/Errors.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlDom.h"
+#include "platform/XmlTags.h"
 
 namespace kestrel {
 namespace {
@@ -59,6 +60,7 @@ void RefuseUnsafeXml(std::string_view bytes) {
         throw DataError("The document is larger than 256 MB; split it into smaller ones.");
     if (DeclaresType(bytes))
         throw DataError("The document has a document type declaration (DOCTYPE); remove it.");
+    RefuseCrowdedTags(bytes);
 }
 
 }  // namespace kestrel

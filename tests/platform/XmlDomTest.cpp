@@ -168,10 +168,27 @@ TEST(XmlParser, LooksForADocumentTypeInThePrologOnly) {
     EXPECT_THROW(RefuseUnsafeXml(tricky), DataError);
 }
 
-TEST(XmlParser, BoundsDepthButNotTheLengthOfText) {
+TEST(XmlParser, BoundsDepthAndAttributesButNotTheLengthOfText) {
     EXPECT_EQ(SerialiseXml(ParseXmlBytes(Nested(kXmlMaximumDepth)).root).size(), 199u * 7 + 4);
     EXPECT_EQ(MessageOf(Nested(kXmlMaximumDepth + 1)),
               "line 1: elements stand more than 200 deep in each other; flatten the document");
+    const auto crowded = [](std::size_t count, const std::string& name,
+                            const char* value = "='>'") {
+        std::string text = "<!-- \" -->\n<r";
+        for (std::size_t i = 0; i < count; ++i) text += " " + name + std::to_string(i) + value;
+        return text + "/>";
+    };
+    EXPECT_EQ(ParseXmlBytes(crowded(kXmlMaximumAttributes, "a")).root.attributes.size(),
+              kXmlMaximumAttributes);
+    const char* const tooMany =
+        "line 2: a tag has more than 256 attributes; remove those that are not needed";
+    EXPECT_EQ(MessageOf(crowded(kXmlMaximumAttributes + 1, "a")), tooMany);
+    EXPECT_EQ(MessageOf("\xFF\xFE"s + Utf16(crowded(100000, "a"), false, false)), tooMany);
+    std::string declaring = crowded(200, "xmlns:a", "='u'");
+    declaring.replace(declaring.size() - 2, 2, ">\n" + crowded(57, "xmlns:b", "='u'") + "</r>");
+    EXPECT_EQ(MessageOf(declaring),
+              "line 4: more than 256 prefixes are declared at one place; declare those only that "
+              "the document uses");
     const std::string longText(11u << 20, 'x');
     EXPECT_EQ(ParseXmlBytes("<r>" + longText + "</r>").root.TextContent(), longText);
 }

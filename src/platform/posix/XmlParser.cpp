@@ -60,8 +60,10 @@ class TreeBuilder {
         }
     }
 
-    void StartElement(XmlNode element) {
+    void StartElement(XmlNode element, std::size_t declarations) {
         element.line = StartLine();
+        declared_.push_back(declared_.empty() ? declarations : declared_.back() + declarations);
+        if (declared_.back() > kXmlMaximumPrefixes) throw XmlTooManyPrefixesAtLine(element.line);
         if (open_.size() == static_cast<std::size_t>(kXmlMaximumDepth))
             throw XmlTooDeepAtLine(element.line);
         open_.push_back(std::move(element));
@@ -70,6 +72,7 @@ class TreeBuilder {
     void EndElement() {
         XmlNode element = std::move(open_.back());
         open_.pop_back();
+        declared_.pop_back();
         if (open_.empty())
             document_.root = std::move(element);
         else
@@ -109,6 +112,7 @@ class TreeBuilder {
     xmlParserCtxt& parser_;
     XmlDocument document_;
     std::vector<XmlNode> open_;
+    std::vector<std::size_t> declared_;  ///< namespaces in scope, for each open element
     std::exception_ptr failure_;
 };
 
@@ -121,6 +125,7 @@ void OnStartElement(void* data, const xmlChar* localName, const xmlChar* prefix,
     builder.Handle([&] {
         XmlNode element = XmlNode::Element(QualifiedName(prefix, localName));
         element.uri = ToString(uri);
+        element.attributes.reserve(static_cast<std::size_t>(namespaceCount + attributeCount));
         for (int i = 0; i < namespaceCount; ++i) {
             const xmlChar* const* declaration = namespaces + 2 * i;
             element.attributes.push_back(
@@ -133,7 +138,7 @@ void OnStartElement(void* data, const xmlChar* localName, const xmlChar* prefix,
             element.attributes.push_back(
                 {QualifiedName(attribute[1], attribute[0]), ToString(attribute[3], attribute[4])});
         }
-        builder.StartElement(std::move(element));
+        builder.StartElement(std::move(element), static_cast<std::size_t>(namespaceCount));
     });
 }
 
