@@ -9,20 +9,16 @@
 #include "util/modXmlToolbox.h"
 
 namespace kestrel {
-namespace {
 
-std::shared_ptr<clsRiskFactor> ReadFactor(const XmlNode& element, const std::string& id) {
-    auto factor = std::make_shared<clsRiskFactor>();
+clsRiskFactor ReadRiskFactor(const XmlNode& element, const std::string& id) {
+    clsRiskFactor factor;
     try {
-        factor->LoadRiskFromXML(element);
+        factor.LoadRiskFromXML(element);
     } catch (const DataError& error) {
         throw DataError("Risk factor " + id + ": " + error.what());
     }
-    factor->strID = id;
     return factor;
 }
-
-}  // namespace
 
 XmlDocument NewRegisterDocument() {
     XmlDocument document;
@@ -52,8 +48,11 @@ void LoadRegisterFromPlan(modGlobals& globals, host::Plan& plan) {
     if (!LoadXmlFromString(globals.desktop, document, text)) return;
     // All are read before one is added, so that a bad factor leaves the register as it was.
     std::vector<std::shared_ptr<clsRiskFactor>> factors = globals.RiskFactors;
-    for (const XmlNode* element : SelectElements(document, "RiskFactor"))
-        factors.push_back(ReadFactor(*element, std::to_string(factors.size() + 1)));
+    for (const XmlNode* element : SelectElements(document, "RiskFactor")) {
+        const std::string id = std::to_string(factors.size() + 1);
+        factors.push_back(std::make_shared<clsRiskFactor>(ReadRiskFactor(*element, id)));
+        factors.back()->strID = id;
+    }
     globals.RiskFactors = std::move(factors);
 }
 

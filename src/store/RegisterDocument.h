@@ -13,6 +13,9 @@ inline constexpr const char* kRegisterVersion = "RiskFactors1.00";
 /// The highest version that readers accept, in ordinal order of the text.
 inline constexpr const char* kHighestRegisterVersion = "RiskFactors1.1";
 
+/// The factor of a `RiskFactor` element; a DataError names it by its number, `id`.
+clsRiskFactor ReadRiskFactor(const XmlNode& element, const std::string& id);
+
 /// A new document: root `RiskFactors` with its `Version`.
 XmlDocument NewRegisterDocument();
 

@@ -34,6 +34,7 @@ class FakeDesktop : public SystemDesktop {
     /// By key and value name.
     std::map<std::pair<std::string, std::string>, RegistryValue> registry;
     bool helpFails = false;
+    bool clipboardFails = false;  ///< another program holds it
     ///@}
 
     /// @name What the code did
@@ -95,7 +96,10 @@ class FakeDesktop : public SystemDesktop {
         return found == registry.end() ? std::nullopt : std::optional(found->second);
     }
 
-    void SetClipboardText(const std::string& text) override { clipboard = text; }
+    void SetClipboardText(const std::string& text) override {
+        if (clipboardFails) throw DataError("The clipboard cannot be used.");
+        clipboard = text;
+    }
     const std::string& ClipboardText() const { return clipboard; }
 
     void ShowHelpTopic(const std::string& location) override {

@@ -23,7 +23,7 @@ const std::string* Version(const XmlDocument& document) {
 Factors ReadFactors(const XmlDocument& document) {
     Factors factors;
     for (const XmlNode* element : SelectElements(document, "RiskFactor"))
-        factors.emplace_back().LoadRiskFromXML(*element);
+        factors.push_back(ReadRiskFactor(*element, std::to_string(factors.size() + 1)));
     return factors;
 }
 
