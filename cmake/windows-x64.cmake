@@ -7,6 +7,8 @@ set(CMAKE_C_COMPILER ${triple}-gcc-posix)  # for the test framework
 set(CMAKE_RC_COMPILER ${triple}-windres)
 set(KESTREL_WIDL ${triple}-widl)
 set(KESTREL_OBJDUMP ${triple}-objdump)
+# A buffer that overflows ends the program before it can be made to do anything else.
+set(CMAKE_CXX_FLAGS_INIT "-fstack-protector-strong")
 set(CMAKE_FIND_ROOT_PATH /usr/${triple})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

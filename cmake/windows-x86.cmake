@@ -8,7 +8,7 @@ set(CMAKE_RC_COMPILER ${triple}-windres)
 set(KESTREL_WIDL ${triple}-widl)
 set(KESTREL_OBJDUMP ${triple}-objdump)
 # Figures must agree with the 64-bit build: no x87 registers with their extended precision.
-set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
+set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -fstack-protector-strong")
 set(CMAKE_FIND_ROOT_PATH /usr/${triple})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

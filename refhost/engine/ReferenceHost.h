@@ -35,6 +35,8 @@ class ReferenceHost final : public host::Application {
         ReferenceHost& host_;
     };
 
+    bool IsAnalysing() const { return analysing_; }
+
     /// Raise the events to every listener, in order of subscription. A listener may end its
     /// subscription meanwhile.
     void RaiseBeforeRiskAnalysis();

@@ -93,9 +93,18 @@ class ViewObject final : public PlanPart {
             {ID_GANTTCHART_CURRENTROW, kGet, 0, 0,
              [](auto& o, auto& c) { c.Answer(o.view_->CurrentRow()); }},
             {ID_GANTTCHART_CURRENTROW, kPut, 1, 1,
-             [](auto& o, auto& c) { o.view_->PutCurrentRow(c.Whole(0)); }},
+             [](auto& o, auto& c) { o.PutCurrentRow(c.Whole(0)); }},
         };
         RunMember<ViewObject>(kMembers, *this, id, kinds, call);
+    }
+
+    void PutCurrentRow(std::int32_t row) {
+        const auto count = static_cast<std::int32_t>(Plan().Live().TaskCount());
+        if (row < 1 || row > count)
+            throw kestrel::HostError("The view has no row number " + std::to_string(row) +
+                                     "; its rows are the plan's " + std::to_string(count) +
+                                     " tasks, numbered from 1.");
+        view_->PutCurrentRow(row);
     }
 
     const std::shared_ptr<host::View> view_;

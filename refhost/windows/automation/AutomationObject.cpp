@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "platform/win32/Bstr.h"
+#include "refhost/windows/automation/DispatchIds.h"
 #include "refhost/windows/automation/Failures.h"
 
 namespace refhost::automation {
@@ -82,6 +83,17 @@ HRESULT AutomationObject::Invoke(DISPID id, REFIID reserved, LCID, WORD kinds,
             Run(id, kinds, call);
         },
         badArgument);
+}
+
+void AutomationObject::RunDefault(const VARIANT& object, WORD kinds, Invocation& call) {
+    if (!object.pdispVal) throw CallFailure{DISP_E_BADPARAMCOUNT};
+    try {
+        // Every object that a member answers is one of the host's own.
+        static_cast<AutomationObject*>(object.pdispVal)->Run(ID_DEFAULT, kinds, call);
+    } catch (const CallFailure& failure) {
+        if (failure.code != DISP_E_MEMBERNOTFOUND) throw;
+        throw CallFailure{DISP_E_BADPARAMCOUNT};
+    }
 }
 
 HRESULT AutomationObject::InterfaceSupportsErrorInfo(REFIID iid) noexcept {

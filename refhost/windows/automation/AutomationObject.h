@@ -7,6 +7,7 @@
 #include <memory>
 #include <span>
 
+#include "platform/win32/Variant.h"
 #include "refhost/windows/automation/AutomationServer.h"
 #include "refhost/windows/automation/Invocation.h"
 
@@ -62,25 +63,36 @@ class AutomationObject : public IDispatch, public ISupportErrorInfo {
     virtual IUnknown* OtherInterface(REFIID) { return nullptr; }
     /// Finds the member and runs it; CallFailure when it cannot be called so.
     virtual void Run(DISPID id, WORD kinds, Invocation& call) = 0;
+    /// `plan.Tasks(3)`: a call with arguments of a property that takes none goes to the default
+    /// member of `object`, which the property has answered.
+    static void RunDefault(const VARIANT& object, WORD kinds, Invocation& call);
 
     AutomationServer& Server() const { return *server_; }
+
+    /// Runs the row of the table that has the id and one of the kinds.
+    template <class Object>
+    static void RunMember(std::span<const Member<Object>> table, Object& object, DISPID id,
+                          WORD kinds, Invocation& call) {
+        for (const Member<Object>& member : table) {
+            if (member.id != id) continue;
+            const bool answersObject = member.kind == kGet && member.most == 0;
+            if (answersObject && call.HasArguments() && (kinds & (kGet | kPut)) != 0) {
+                kestrel::win32::Variant answered;
+                Invocation bare({}, &answered);
+                member.run(object, bare);
+                if (answered.vt == VT_DISPATCH) return RunDefault(answered, kinds, call);
+            }
+            if ((member.kind & kinds) == 0) continue;
+            call.Bind(member.required, member.most, member.kind == kPut);
+            return member.run(object, call);
+        }
+        throw CallFailure{DISP_E_MEMBERNOTFOUND};
+    }
 
  private:
     const std::shared_ptr<AutomationServer> server_;
     const IID& iid_;
     LONG references_ = 1;  ///< the maker's
 };
-
-/// Runs the row of the table that has the id and one of the kinds.
-template <class Object>
-void RunMember(std::span<const Member<Object>> table, Object& object, DISPID id, WORD kinds,
-               Invocation& call) {
-    for (const Member<Object>& member : table) {
-        if (member.id != id || (member.kind & kinds) == 0) continue;
-        call.Bind(member.required, member.most, member.kind == kPut);
-        return member.run(object, call);
-    }
-    throw CallFailure{DISP_E_MEMBERNOTFOUND};
-}
 
 }  // namespace refhost::automation

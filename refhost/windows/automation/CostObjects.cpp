@@ -36,7 +36,7 @@ class CostItemsObject final : public PlanPart {
         static constexpr Member<CostItemsObject> kMembers[] = {
             {ID_DEFAULT, kGet, 1, 1, [](auto& o, auto& c) { c.Answer(o.Item(c.Whole(0))); }},
             {ID_COLLECTION_COUNT, kGet, 0, 0, [](auto& o, auto& c) { c.Answer(o.Count()); }},
-            {ID_NEWENUM, kGet, 0, 0,
+            {ID_NEWENUM, kGet | kCall, 0, 0,
              [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
         };
         RunMember<CostItemsObject>(kMembers, *this, id, kinds, call);

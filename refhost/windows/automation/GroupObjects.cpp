@@ -88,7 +88,7 @@ class MembersObject final : public PlanPart {
              [](auto& o, auto& c) {
                  c.Answer(static_cast<std::int32_t>(o.members_->Enumerate().size()));
              }},
-            {ID_NEWENUM, kGet, 0, 0,
+            {ID_NEWENUM, kGet | kCall, 0, 0,
              [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
             {ID_COLLECTION_ADD, kCall, 1, 1,
              [](auto& o, auto& c) { c.Answer(o.Give(o.members_->Add(c.Text(0)))); }},
@@ -147,7 +147,7 @@ class GroupsObject final : public PlanPart {
              [](auto& o, auto& c) {
                  c.Answer(static_cast<std::int32_t>(o.Groups().Enumerate().size()));
              }},
-            {ID_NEWENUM, kGet, 0, 0,
+            {ID_NEWENUM, kGet | kCall, 0, 0,
              [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
             {ID_COLLECTION_ADD, kCall, 1, 1,
              [](auto& o, auto& c) { c.Answer(OfferGroup(o.Owner(), o.Groups().Add(c.Text(0)))); }},

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "base/Errors.h"
+#include "platform/XmlCharacters.h"
 #include "platform/win32/Variant.h"
 
 namespace refhost::automation {
@@ -105,6 +107,20 @@ std::string Invocation::Text(unsigned parameter) const {
     Variant converted;
     Convert(parameter, VT_BSTR, converted);
     return Utf8({converted.bstrVal, SysStringLen(converted.bstrVal)});
+}
+
+std::string Invocation::StoredText(unsigned parameter) const {
+    const std::string text = Text(parameter);
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = kestrel::XmlCharacterLength(std::string_view(text).substr(at));
+        if (length == 0)
+            throw kestrel::HostError("The text holds the character number " +
+                                     std::to_string(static_cast<unsigned char>(text[at])) +
+                                     " at its byte " + std::to_string(at + 1) +
+                                     ", which no plan file can hold; leave it out.");
+        at += length;
+    }
+    return text;
 }
 
 void Invocation::Answer(std::int32_t number) {

@@ -25,7 +25,10 @@ class Invocation {
  public:
     static constexpr unsigned kMostParameters = 4;
 
+    /// `given` as IDispatch::Invoke has it; its arguments must outlive this.
     Invocation(const DISPPARAMS& given, VARIANT* answer) : given_(given), answer_(answer) {}
+
+    bool HasArguments() const { return given_.cArgs != 0; }
 
     /// Sorts the arguments, positional and named, to `most` parameters, the value of a property
     /// put last. Raises CallFailure when one of the first `required`, or the value, is missing,
@@ -41,6 +44,8 @@ class Invocation {
     double Number(unsigned parameter) const;  ///< finite
     bool Truth(unsigned parameter) const;
     std::string Text(unsigned parameter) const;
+    /// Text that is stored with the plan; HostError for characters that no file can hold.
+    std::string StoredText(unsigned parameter) const;
 
     /// @name The answer; of a caller who wants none it is dropped.
     ///@{
@@ -60,7 +65,7 @@ class Invocation {
     void Convert(unsigned parameter, VARTYPE type, VARIANT& into) const;
     [[noreturn]] void Refuse(HRESULT code, unsigned parameter) const;
 
-    const DISPPARAMS& given_;
+    const DISPPARAMS given_;
     VARIANT* answer_;
     std::array<const VARIANT*, kMostParameters> arguments_{};
 };

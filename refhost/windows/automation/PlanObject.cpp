@@ -22,7 +22,7 @@ class PlanObject final : public PlanPart {
             {ID_PLAN_GETTEXT, kCall, 1, 1,
              [](auto& o, auto& c) { c.Answer(o.Plan().GetText(c.Text(0))); }},
             {ID_PLAN_SETTEXT, kCall, 2, 2,
-             [](auto& o, auto& c) { o.Plan().SetText(c.Text(0), c.Text(1)); }},
+             [](auto& o, auto& c) { o.Plan().SetText(c.StoredText(0), c.StoredText(1)); }},
             {ID_PLAN_TASKS, kGet, 0, 0, Give<OfferTasks>},
             {ID_PLAN_SUMMARYTASK, kGet, 0, 0, Give<OfferSummaryTask>},
             {ID_PLAN_RISKANALYSIS, kGet, 0, 0, Give<OfferRiskAnalysis>},

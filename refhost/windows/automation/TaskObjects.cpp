@@ -20,7 +20,7 @@ class TasksObject final : public PlanPart {
             {ID_DEFAULT, kGet, 1, 1, [](auto& o, auto& c) { c.Answer(o.Item(c)); }},
             {ID_COLLECTION_COUNT, kGet, 0, 0,
              [](auto& o, auto& c) { c.Answer(static_cast<std::int32_t>(o.tasks_.size())); }},
-            {ID_NEWENUM, kGet, 0, 0,
+            {ID_NEWENUM, kGet | kCall, 0, 0,
              [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
         };
         RunMember<TasksObject>(kMembers, *this, id, kinds, call);
@@ -59,8 +59,7 @@ class TaskObject final : public PlanPart {
     void Run(DISPID id, WORD kinds, Invocation& call) override {
         static constexpr Member<TaskObject> kMembers[] = {
             {ID_TASK_DURATION, kGet, 0, 0, [](auto& o, auto& c) { c.Answer(o.task_->Duration()); }},
-            {ID_TASK_DURATION, kPut, 1, 1,
-             [](auto& o, auto& c) { o.task_->PutDuration(c.Whole(0)); }},
+            {ID_TASK_DURATION, kPut, 1, 1, [](auto& o, auto& c) { o.PutDuration(c.Whole(0)); }},
             {ID_TASK_ID, kGet, 0, 0, [](auto& o, auto& c) { c.Answer(o.task_->ID()); }},
             {ID_TASK_NAME, kGet, 0, 0, [](auto& o, auto& c) { c.Answer(o.task_->Name()); }},
             {ID_TASK_TASKTYPE, kGet, 0, 0, [](auto& o, auto& c) { c.Answer(o.task_->TaskType()); }},
@@ -71,6 +70,14 @@ class TaskObject final : public PlanPart {
              [](auto& o, auto& c) { c.Answer(OfferCostItems(o.Owner(), o.Position())); }},
         };
         RunMember<TaskObject>(kMembers, *this, id, kinds, call);
+    }
+
+    void PutDuration(std::int32_t duration) {
+        // What an analysis tries is put back at its end and never stored.
+        if (duration < 0 && !Server().Host().IsAnalysing())
+            throw kestrel::HostError("The duration of the task '" + task_->ID() + "' cannot be " +
+                                     std::to_string(duration) + " minutes; give 0 or more.");
+        task_->PutDuration(duration);
     }
 
     Object Children() const {
@@ -93,7 +100,7 @@ class UserValuesObject final : public PlanPart {
             {ID_DEFAULT, kGet, 1, 1,
              [](auto& o, auto& c) { c.Answer(o.values_->Item(c.Text(0))); }},
             {ID_DEFAULT, kPut, 2, 2,
-             [](auto& o, auto& c) { o.values_->PutItem(c.Text(0), c.Text(1)); }},
+             [](auto& o, auto& c) { o.values_->PutItem(c.StoredText(0), c.StoredText(1)); }},
         };
         RunMember<UserValuesObject>(kMembers, *this, id, kinds, call);
     }

@@ -29,6 +29,7 @@ const win32::Bstr& HostConnection::SlotName(const std::string& name) {
 
 HRESULT Dispatch::TryInvoke(HostAction action, HostMember member, VARIANT* answer,
                             VARIANT* arguments, std::size_t count, ExceptionInfo& info) const {
+    const win32::FloatingPointBorder::InHost floatingPoint(*connection_->border);
     const DISPID id = connection_->ids.Of(*object_, member);
     DISPID putName = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{arguments, nullptr, static_cast<UINT>(count), 0};

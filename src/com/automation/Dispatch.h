@@ -18,6 +18,7 @@
 #include "com/automation/HostValue.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComPtr.h"
+#include "platform/win32/FloatingPointBorder.h"
 #include "platform/win32/Variant.h"
 
 namespace kestrel::com {
@@ -26,6 +27,8 @@ namespace kestrel::com {
 class HostConnection {
  public:
     MemberIds ids;
+    std::shared_ptr<win32::FloatingPointBorder> border =
+        std::make_shared<win32::FloatingPointBorder>();
 
     /// Called at the start of each event; what it answers lives until the end of it.
     std::function<std::shared_ptr<void>()> enterEvent;

@@ -6,7 +6,6 @@
 #include "com/automation/HostList.h"
 #include "com/automation/PlanProxies.h"
 #include "platform/win32/ComErrors.h"
-#include "platform/win32/FloatingPointScope.h"
 
 namespace kestrel::com {
 namespace {
@@ -84,9 +83,9 @@ HRESULT EventSink::Invoke(DISPID id, REFIID reserved, LCID, WORD, DISPPARAMS* pa
                           EXCEPINFO* failure, UINT*) noexcept try {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     const ComPtr<EventSink> untilTheEnd(this);  // the listener may end the subscription
+    const win32::FloatingPointBorder::InAddIn floatingPoint(*connection_->border);
     const std::shared_ptr<void> underWay =
         listener_ && connection_->enterEvent ? connection_->enterEvent() : nullptr;
-    const win32::FloatingPointScope figures;
     const auto event = std::find(source_.events.begin(), source_.events.end(), id);
     // A host has other events too; they are none of the add-in's business.
     if (listener_ && event != source_.events.end())

@@ -7,6 +7,7 @@
 namespace kestrel::com {
 
 EventSubscription::EventSubscription(const Dispatch& application, host::AnalysisEvents& listener) {
+    const win32::FloatingPointBorder::InHost floatingPoint(*application.Connection().border);
     IDispatch& object = *application.Object();
     const EventInterface source = FindEventInterface(object);
     auto point = FindConnectionPoint(object, source.id);

@@ -39,9 +39,11 @@ ComPtr<IDispatch> FindHost() {
 }
 
 host::ApplicationPtr WrapApplication(ComPtr<IDispatch> application,
+                                     std::shared_ptr<win32::FloatingPointBorder> border,
                                      std::function<std::shared_ptr<void>()> enterEvent) {
     if (!application) throw HostError("The host handed over no Application object.");
     auto connection = std::make_shared<HostConnection>();
+    connection->border = std::move(border);
     connection->enterEvent = std::move(enterEvent);
     return std::make_shared<ApplicationProxy>(
         Dispatch(std::move(application), std::move(connection)));

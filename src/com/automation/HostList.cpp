@@ -23,7 +23,10 @@ bool AppendBlock(std::vector<Dispatch>& elements, IEnumVARIANT& enumerator, cons
                  HostMember member) {
     Variant block[kBlock];
     ULONG fetched = 0;
-    const HRESULT result = enumerator.Next(kBlock, block, &fetched);
+    const HRESULT result = [&] {
+        const win32::FloatingPointBorder::InHost floatingPoint(*list.Connection().border);
+        return enumerator.Next(kBlock, block, &fetched);
+    }();
     if (FAILED(result))
         RaiseHostFailure(HostAction::Read, member, result, ExceptionInfo(), nullptr);
     if (fetched > kBlock) RaiseHostAnswer(member, "more elements than were asked for");

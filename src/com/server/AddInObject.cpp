@@ -6,7 +6,6 @@
 #include "com/automation/HostLink.h"
 #include "com/server/Module.h"
 #include "platform/win32/ComErrors.h"
-#include "platform/win32/FloatingPointScope.h"
 
 namespace kestrel::com {
 namespace {
@@ -31,7 +30,11 @@ bool IsHostApplication(IDispatch& object) {
 class AddInObject::Call {
  public:
     explicit Call(AddInObject& object)
-        : self_(&object), object_(object), outermost_(!std::exchange(object.busy_, true)) {}
+        : self_(&object),
+          object_(object),
+          border_(object.border_),
+          floatingPoint_(*border_),
+          outermost_(!std::exchange(object.busy_, true)) {}
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
     ~Call() {
@@ -44,8 +47,9 @@ class AddInObject::Call {
  private:
     ComPtr<_clsKestrelDll> self_;
     AddInObject& object_;
+    const std::shared_ptr<win32::FloatingPointBorder> border_;
+    const win32::FloatingPointBorder::InAddIn floatingPoint_;
     const bool outermost_;
-    win32::FloatingPointScope floatingPoint_;
 };
 
 AddInObject::AddInObject(IUnknown* outer)
@@ -128,6 +132,9 @@ HRESULT AddInObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID
 HRESULT AddInObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters,
                             VARIANT* result, EXCEPINFO* exception, UINT* wrong) noexcept {
     if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (!parameters) return E_INVALIDARG;
+    // The system's own Invoke drops arguments that a method does not take.
+    if (parameters->cArgs != 0 || parameters->cNamedArgs != 0) return DISP_E_BADPARAMCOUNT;
     const HRESULT loaded = LoadType();
     if (FAILED(loaded)) return loaded;
     const ComPtr<_clsKestrelDll> self(this);  // also while the failure is looked into
@@ -219,14 +226,20 @@ ComPtr<IDispatch> AddInObject::HostAsSite() const {
 }
 
 host::ApplicationPtr AddInObject::AttachHost() {
-    ComPtr<IDispatch> application = HostAsSite();
-    if (!application) application = FindHost();
-    return WrapApplication(std::move(application),
+    ComPtr<IDispatch> application;
+    {
+        const win32::FloatingPointBorder::InHost floatingPoint(*border_);
+        application = HostAsSite();
+        if (!application) application = FindHost();
+    }
+    return WrapApplication(std::move(application), border_,
                            [this] { return std::make_shared<Call>(*this); });
 }
 
 void AddInObject::StopListening() noexcept {
     listening_ = false;
+    const auto border = border_;
+    const win32::FloatingPointBorder::InAddIn floatingPoint(*border);
     try {
         addIn_.LaunchStopSchedulon();
     } catch (...) {

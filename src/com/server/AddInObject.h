@@ -7,9 +7,11 @@
 #include <KestrelDll.h>
 
 #include <atomic>
+#include <memory>
 
 #include "host/clsKestrelDll.h"
 #include "platform/win32/ComPtr.h"
+#include "platform/win32/FloatingPointBorder.h"
 #include "platform/win32/ModuleRef.h"
 #include "platform/win32/Win32Desktop.h"
 #include "ui/win32/WindowRunner.h"
@@ -102,6 +104,8 @@ class AddInObject final : public _clsKestrelDll,
     IUnknown* outer_;  ///< not counted: it holds this object, or is `own_`
     win32::ComPtr<ITypeInfo> type_;
     win32::ComPtr<IUnknown> site_;
+    const std::shared_ptr<win32::FloatingPointBorder> border_ =
+        std::make_shared<win32::FloatingPointBorder>();
     win32::Win32Desktop desktop_;
     ui::win32::WindowRunner runner_;
     kestrel::clsKestrelDll addIn_;

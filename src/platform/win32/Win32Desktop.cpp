@@ -134,8 +134,8 @@ void Win32Desktop::SetClipboardText(const std::string& text) { Clipboard().PutTe
 
 void Win32Desktop::ShowHelpTopic(const std::string& location) {
     // The viewer's window lives in this process and may outlive the add-in, so its module is
-    // never let go. The current folder is not searched for it.
-    const HMODULE viewer = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+    // never let go. It is part of the system: a file of its name beside the host is not it.
+    const HMODULE viewer = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (!viewer) throw DataError("The help viewer cannot be opened: " + LastErrorMessage() + ".");
     if (!DisplayTopic(viewer, location))
         throw DataError("The help topic '" + location +

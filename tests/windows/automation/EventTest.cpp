@@ -7,17 +7,16 @@
 #include "base/Errors.h"
 #include "com/automation/HostLink.h"
 #include "platform/win32/Variant.h"
-#include "support/FakeHost.h"
+#include "windows/support/Interception.h"
+#include "windows/support/OfferedHost.h"
 #include "windows/support/ScriptedEvents.h"
-#include "windows/support/ScriptedHost.h"
 
 namespace kestrel::com {
 namespace {
 
 using test::EventScript;
 using test::EventSource;
-using test::Script;
-using test::ScriptedDispatch;
+using test::Interception;
 using win32::ComPtr;
 
 /// Writes down what it hears, and does what the test says.
@@ -44,20 +43,26 @@ class Events : public testing::Test {
  protected:
     /// An Application that raises events so.
     host::ApplicationPtr Connect(const EventScript& events = {}) {
-        source_ = ComPtr<EventSource>(new EventSource(script_, events));
-        auto object = test::ShowApplication(script_, host_.application);
-        object->others = ComPtr<IUnknown>(static_cast<IProvideClassInfo*>(source_.Get()));
-        return WrapApplication(ComPtr<IDispatch>(object.Get()));
+        source_ = ComPtr<EventSource>(new EventSource(between_, events));
+        between_->onQuery = [source = source_](REFIID id, void** object) {
+            const bool asked = id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2 ||
+                               id == IID_IConnectionPointContainer;
+            if (asked) static_cast<void>(source->QueryInterface(id, object));  // the object tells
+            return asked;
+        };
+        return WrapApplication(between_->Over(offered_.application.Get()),
+                               std::make_shared<win32::FloatingPointBorder>());
     }
-    ComPtr<IDispatch> Plan() { return test::ShowPlan(script_, host_.plan).Get(); }
+    ComPtr<IDispatch> Plan() { return between_->Over(offered_.PlanObject().Get()); }
     /// Every object of the host has been let go but those that the test itself holds.
     void ExpectAllReleased() {
         source_ = nullptr;
-        EXPECT_EQ(script_->objects, 0);
+        between_->onQuery = [](REFIID, void**) { return false; };
+        EXPECT_EQ(between_->objects, 0);
     }
 
-    test::FakeHost host_;
-    std::shared_ptr<Script> script_ = std::make_shared<Script>();
+    refhost::test::OfferedHost offered_;
+    std::shared_ptr<Interception> between_ = std::make_shared<Interception>();
     ComPtr<EventSource> source_;
     Listener listener_;
 };
@@ -76,8 +81,8 @@ TEST_F(Events, ReachTheListenerWithTheirPlanUntilItUnsubscribes) {
         EXPECT_EQ(source_->Raise(3, {}), S_OK);
     }
     EXPECT_THAT(listener_.heard,
-                testing::ElementsAre("before Plan", "iteration Plan", "iteration Plan",
-                                     "after Plan", "before", "iteration"));
+                testing::ElementsAre("before Größe", "iteration Größe", "iteration Größe",
+                                     "after Größe", "before", "iteration"));
     EXPECT_EQ(listener_.plans[1], listener_.plans[2]) << "one object for the plan of an analysis";
     listener_.plans.clear();
 
@@ -109,7 +114,7 @@ TEST_F(Events, BringTheirPlanInAnyWayThatAHostPassesAnObject) {
         EXPECT_EQ(source_->Raise(2, {argument}), S_OK);
     // Arguments that a newer host adds stand behind the plan, which is last in the list.
     EXPECT_EQ(source_->Raise(2, {number, unknown}), S_OK);
-    EXPECT_THAT(listener_.heard, testing::Each("before Plan"));
+    EXPECT_THAT(listener_.heard, testing::Each("before Größe"));
     EXPECT_EQ(listener_.heard.size(), 4u);
     EXPECT_TRUE(FAILED(source_->Raise(2, {number})));
     EXPECT_EQ(source_->Raise(2, {nothing}), S_OK);
@@ -146,7 +151,7 @@ TEST_F(Events, CanEndTheSubscriptionOrTheWholeConnectionWhileTheyAreDelivered) {
     };
     EXPECT_EQ(source_->RaisePlan(1, Plan().Get()), "");
     EXPECT_EQ(source_->RaisePlan(2, Plan().Get()), "");
-    EXPECT_THAT(listener_.heard, testing::ElementsAre("before Plan"));
+    EXPECT_THAT(listener_.heard, testing::ElementsAre("before Größe"));
     ExpectAllReleased();
 }
 

@@ -4,15 +4,14 @@
 #include "com/automation/Dispatch.h"
 #include "com/automation/HostList.h"
 #include "platform/win32/SystemMessage.h"
-#include "windows/support/ScriptedDispatch.h"
+#include "windows/support/Interception.h"
+#include "windows/support/OfferedHost.h"
 
 namespace kestrel::com {
 namespace {
 
-using test::MakeEnumerator;
-using test::Script;
-using test::ScriptedCall;
-using test::ScriptedDispatch;
+using test::Interception;
+using test::PassingCall;
 using win32::Bstr;
 using win32::ComPtr;
 
@@ -33,18 +32,15 @@ HRESULT STDAPICALLTYPE FillInLater(EXCEPINFO* failure) {
     return S_OK;
 }
 
-/// One scripted object and the add-in's hold on it.
+/// The reference host behind an interception, and the add-in's hold on its objects.
 class HostCall : public testing::Test {
  protected:
-    ComPtr<ScriptedDispatch> Make(const char* type) {
-        return ComPtr<ScriptedDispatch>(new ScriptedDispatch(script_, type));
+    Dispatch Hold(const ComPtr<IDispatch>& object) {
+        return {between_->Over(object.Get()), connection_};
     }
-    Dispatch Hold(const ComPtr<ScriptedDispatch>& object) {
-        return {ComPtr<IDispatch>(object.Get()), connection_};
-    }
-    ComPtr<IDispatch> Plain(const char* type) { return Make(type).Get(); }
 
-    std::shared_ptr<Script> script_ = std::make_shared<Script>();
+    refhost::test::OfferedHost offered_;
+    std::shared_ptr<Interception> between_ = std::make_shared<Interception>();
     ConnectionPtr connection_ = std::make_shared<HostConnection>();
 };
 
@@ -52,21 +48,21 @@ TEST_F(HostCall, TellsAFailureInTheHostsOwnWordsElseInTheSystems) {
     const std::string denied = win32::SystemMessage(E_ACCESSDENIED);
     const struct {
         const char* what;
-        std::function<HRESULT(ScriptedCall&)> handler;
+        Interception::Handler handler;
         std::string reason;
     } rows[] = {
         {"described", [](auto& call) { return call.Fail("The plan is locked."); },
          "The plan is locked"},
         {"described on demand",
          [](auto& call) {
-             call.Failure().pfnDeferredFillIn = FillInLater;
+             call.failure.pfnDeferredFillIn = FillInLater;
              return DISP_E_EXCEPTION;
          },
          "told only when asked"},
         {"a code alone", [](auto& call) { return call.Fail("", E_ACCESSDENIED); }, denied},
         {"an old error number",
          [](auto& call) {
-             call.Failure().wCode = 1001;
+             call.failure.wCode = 1001;
              return DISP_E_EXCEPTION;
          },
          "error 0x800A03E9"},
@@ -81,43 +77,29 @@ TEST_F(HostCall, TellsAFailureInTheHostsOwnWordsElseInTheSystems) {
          },
          denied},
     };
+    // An object that does not say that it leaves an error object is not looked at for one.
+    const auto saysSo = std::exchange(between_->onQuery, [](REFIID id, void** object) {
+        *object = nullptr;
+        return id == IID_ISupportErrorInfo;
+    });
+    const Dispatch task = Hold(offered_.Task("A"));
+    const Dispatch plan = Hold(offered_.PlanObject());
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        const auto object = Make("Task");
-        object->On("Duration", row.handler);
-        const Dispatch task = Hold(object);
+        between_->all = [&](PassingCall& call) {
+            return call.name.ends_with('?') ? call.Pass() : row.handler(call);
+        };
         EXPECT_EQ(SentenceOf([&] { task.Int32(HostMember::TaskDuration); }),
                   "The host could not read Task.Duration: " + row.reason + ".");
         EXPECT_EQ(SentenceOf([&] { task.Put(HostMember::TaskDuration, 5); }),
                   "The host could not set Task.Duration: " + row.reason + ".");
     }
-    // The last row left its error object; an object that says that it leaves them is believed.
-    const auto honest = Make("Plan");
-    honest->leavesErrorObject = true;
-    honest->On("Recalculate", rows[5].handler);
-    EXPECT_EQ(SentenceOf([&] { Hold(honest).Run(HostMember::PlanRecalculate); }),
+    between_->onQuery = saysSo;  // the last row leaves one
+    EXPECT_EQ(SentenceOf([&] { plan.Run(HostMember::PlanRecalculate); }),
               "The host could not run Plan.Recalculate: left behind.");
-}
-
-TEST_F(HostCall, NamesAMemberThatTheHostLacks) {
-    const Dispatch task = Hold(Make("Task"));
+    between_->all = [](PassingCall&) { return DISP_E_UNKNOWNNAME; };
     EXPECT_EQ(SentenceOf([&] { task.Text(HostMember::TaskName); }),
               "The host has no Task.Name; install a version of it that this add-in works with.");
-}
-
-TEST_F(HostCall, AsksForAMembersIdOnceAType) {
-    for (int i = 0; i < 3; ++i) {
-        const auto object = Make("CostItem");
-        double cost = 0;
-        object->On("Cost", [&](ScriptedCall& call) {
-            if (call.IsPut()) cost = call.Number(0);
-            call.Answer(cost);
-        });
-        const Dispatch item = Hold(object);
-        item.Put(HostMember::CostItemCost, 2.5);
-        EXPECT_EQ(item.Number(HostMember::CostItemCost), 2.5);
-    }
-    EXPECT_EQ(script_->lookUps, (std::map<std::string, int>{{"CostItem.Cost", 1}}));
 }
 
 TEST_F(HostCall, TakesAFailedLookUpForAnAbsenceOnlyWhereItCanBeOne) {
@@ -140,11 +122,10 @@ TEST_F(HostCall, TakesAFailedLookUpForAnAbsenceOnlyWhereItCanBeOne) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << std::hex << row.result << " " << row.code);
-        const auto object = Make("Groups");
-        object->On("Item", [&](ScriptedCall& call) {
+        between_->members["Groups.Item"] = [&](PassingCall& call) {
             return row.result == DISP_E_EXCEPTION ? call.Fail("No.", row.code) : row.result;
-        });
-        const Dispatch groups = Hold(object);
+        };
+        const Dispatch groups = Hold(refhost::test::Follow(offered_.PlanObject(), {L"Groups"}));
         const auto find = [&] { EXPECT_FALSE(groups.Find(HostMember::GroupsItem, Bstr("A"))); };
         EXPECT_EQ(SentenceOf(find).empty(), row.absent);
     }
@@ -152,57 +133,45 @@ TEST_F(HostCall, TakesAFailedLookUpForAnAbsenceOnlyWhereItCanBeOne) {
 
 TEST_F(HostCall, ReadsListsByTheirEnumeratorElseByPosition) {
     for (const bool enumerates : {true, false}) {
-        for (const int size : {0, 1, 64, 65, 200}) {
+        for (const std::size_t size : {0u, 1u, 64u, 65u, 200u}) {
             SCOPED_TRACE(testing::Message() << enumerates << " " << size);
-            std::vector<ComPtr<IDispatch>> objects;
-            for (int i = 0; i < size; ++i) objects.push_back(Plain("Task"));
-            const auto list = Make("Tasks");
-            list->On("Count", [&](ScriptedCall& call) { call.Answer(size); });
-            list->On("Item", [&](ScriptedCall& call) {
-                call.Answer(objects.at(static_cast<std::size_t>(call.Int32(0)) - 1));
-            });
-            if (enumerates)
-                list->On("_NewEnum", [&](ScriptedCall& call) {
-                    call.Answer(MakeEnumerator(script_, objects));
-                });
-            const auto elements = Elements(Hold(list), kTasks);
-            ASSERT_EQ(elements.size(), objects.size());
-            for (std::size_t i = 0; i < objects.size(); ++i)
-                EXPECT_EQ(elements[i].Object(), objects[i].Get());
-            EXPECT_EQ(script_->calls["Tasks.Item"], enumerates ? 0 : size);
-            script_->calls.clear();
+            refhost::PlanData plan;
+            for (std::size_t i = 0; i < size; ++i) plan.tasks.emplace_back().id = std::to_string(i);
+            refhost::test::OfferedHost offered(plan);
+            if (!enumerates)
+                between_->members["Tasks._NewEnum"] = [](PassingCall&) {
+                    return DISP_E_MEMBERNOTFOUND;
+                };
+            between_->calls.clear();
+            const auto list = Hold(refhost::test::Follow(offered.PlanObject(), {L"Tasks"}));
+            const auto elements = Elements(list, kTasks);
+            ASSERT_EQ(elements.size(), size);
+            for (std::size_t i = 0; i < size; ++i)
+                EXPECT_EQ(elements[i].Text(HostMember::TaskID), std::to_string(i));
+            EXPECT_EQ(between_->calls["Tasks.Item"], enumerates ? 0 : static_cast<int>(size));
         }
     }
-    EXPECT_EQ(script_->objects, 0);
+    EXPECT_EQ(between_->objects, 0);
     EXPECT_TRUE(Elements(Dispatch(), kTasks).empty());
 }
 
 TEST_F(HostCall, RefusesListsThatCannotBeRead) {
+    const Interception::Handler missing = [](PassingCall&) { return DISP_E_MEMBERNOTFOUND; };
     const struct {
-        const char* what;
-        std::function<void(ScriptedDispatch&)> add;
+        std::map<std::string, Interception::Handler> members;
         const char* sentence;
     } rows[] = {
-        {"a gap",
-         [&](auto& list) {
-             list.On("_NewEnum", [&](ScriptedCall& call) {
-                 call.Answer(MakeEnumerator(script_, {Plain("Task"), nullptr}));
-             });
-         },
+        {{{"Tasks.Next", [](PassingCall& call) { return call.Answer({}); }}},
          "The host answered Tasks._NewEnum with nothing where an object is needed."},
-        {"a failing enumerator",
-         [](auto& list) {
-             list.On("_NewEnum", [](ScriptedCall& call) { return call.Fail("Not now"); });
-         },
+        {{{"Tasks._NewEnum", [](PassingCall& call) { return call.Fail("Not now"); }}},
          "The host could not read Tasks._NewEnum: Not now."},
-        {"neither enumerator nor count", [](auto&) {},
+        {{{"Tasks._NewEnum", missing}, {"Tasks.Count?", missing}},
          "The host has no Tasks.Count; install a version of it that this add-in works with."},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        const auto list = Make("Tasks");
-        row.add(*list);
-        EXPECT_EQ(SentenceOf([&] { Elements(Hold(list), kTasks); }), row.sentence);
+        between_->members = row.members;
+        const auto list = Hold(refhost::test::Follow(offered_.PlanObject(), {L"Tasks"}));
+        EXPECT_EQ(SentenceOf([&] { Elements(list, kTasks); }), row.sentence);
     }
 }
 

@@ -6,17 +6,16 @@
 #include "base/Errors.h"
 #include "platform/SystemDesktop.h"
 #include "platform/win32/WideText.h"
-#include "support/FakeHost.h"
 #include "support/TemporaryFolder.h"
+#include "windows/support/Interception.h"
+#include "windows/support/OfferedHost.h"
 #include "windows/support/ScriptedEvents.h"
-#include "windows/support/ScriptedHost.h"
 
 namespace kestrel::com {
 namespace {
 
-using test::Script;
-using test::ScriptedCall;
-using test::ScriptedDispatch;
+using test::Interception;
+using test::PassingCall;
 using win32::ComPtr;
 
 /// The host's name as good as registered, for this thread only, with a server that is missing.
@@ -59,20 +58,24 @@ std::string FailureToFind() {
 
 class HostLink : public testing::Test {
  protected:
-    HostLink() { EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK); }
-    ~HostLink() override { CoUninitialize(); }
+    host::ApplicationPtr Application() {
+        return WrapApplication(between_->Over(offered_.application.Get()),
+                               std::make_shared<win32::FloatingPointBorder>());
+    }
 
-    std::shared_ptr<Script> script_ = std::make_shared<Script>();
+    refhost::test::OfferedHost offered_;
+    std::shared_ptr<Interception> between_ = std::make_shared<Interception>();
 };
 
 TEST_F(HostLink, FindsTheRunningHostAndSaysWhatToDoWhenThereIsNone) {
     const PretendedRegistration registered;
-    const ComPtr<ScriptedDispatch> object(new ScriptedDispatch(script_, "Application"));
     CLSID hostClass{};  // a stand-in that the activation context makes up
     ASSERT_EQ(CLSIDFromProgID(kHostProgId, &hostClass), S_OK);
     DWORD active = 0;
-    ASSERT_EQ(RegisterActiveObject(object.Get(), hostClass, ACTIVEOBJECT_STRONG, &active), S_OK);
-    EXPECT_EQ(FindHost().Get(), object.Get());
+    ASSERT_EQ(
+        RegisterActiveObject(offered_.application.Get(), hostClass, ACTIVEOBJECT_STRONG, &active),
+        S_OK);
+    EXPECT_EQ(FindHost().Get(), offered_.application.Get());
     ASSERT_EQ(RevokeActiveObject(active, nullptr), S_OK);
 
     const std::string failure = FailureToFind();
@@ -82,91 +85,49 @@ TEST_F(HostLink, FindsTheRunningHostAndSaysWhatToDoWhenThereIsNone) {
 }
 
 TEST_F(HostLink, RefusesAnApplicationThatIsNone) {
-    EXPECT_THROW(WrapApplication(nullptr), HostError);
-}
-
-/// Answers the type name that the add-in sees in this view.
-std::string TypeNameOf(const ComPtr<ScriptedDispatch>& view,
-                       const std::shared_ptr<Script>& script) {
-    const ComPtr<ScriptedDispatch> plan(new ScriptedDispatch(script, "Plan"));
-    plan->On("CurrentView",
-             [&](ScriptedCall& call) { call.Answer(ComPtr<IDispatch>(view.Get())); });
-    const ComPtr<ScriptedDispatch> application(new ScriptedDispatch(script, "Application"));
-    application->On("ActivePlan",
-                    [&](ScriptedCall& call) { call.Answer(ComPtr<IDispatch>(plan.Get())); });
-    return WrapApplication(ComPtr<IDispatch>(application.Get()))
-        ->ActivePlan()
-        ->CurrentView()
-        ->TypeName();
+    EXPECT_THROW(WrapApplication(nullptr, nullptr), HostError);
 }
 
 TEST_F(HostLink, NamesAViewByItsPropertyElseByItsTypeInformation) {
-    const struct {
-        const wchar_t* type;  ///< of its type information; none when null
-        const char* property;
-        const char* name;
-    } rows[] = {
-        {L"_GanttChart", nullptr, "GanttChart"},
-        {L"IGanttChart", nullptr, "GanttChart"},
-        {L"Image", nullptr, "Image"},
-        {L"_GanttChart", "NetworkChart", "NetworkChart"},
-        {nullptr, nullptr, ""},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.name << " " << (row.property ? row.property : ""));
-        const ComPtr<ScriptedDispatch> view(new ScriptedDispatch(script_, "View"));
-        if (row.type) view->typeInfo = test::MakeType(row.type, TKIND_DISPATCH).As<ITypeInfo>();
-        if (row.property)
-            view->On("TypeName",
-                     [&](ScriptedCall& call) { call.Answer(std::string(row.property)); });
-        EXPECT_EQ(TypeNameOf(view, script_), row.name);
+    const auto name = [&] { return Application()->ActivePlan()->CurrentView()->TypeName(); };
+    EXPECT_EQ(name(), "GanttChart");
+    between_->members["GanttChart.TypeName?"] = [](PassingCall&) { return DISP_E_UNKNOWNNAME; };
+    for (const auto& [type, expected] : {std::pair(L"_GanttChart", "GanttChart"),
+                                         {L"IGanttChart", "GanttChart"},
+                                         {L"Image", "Image"}}) {
+        between_->typeInfo = test::MakeType(type, TKIND_DISPATCH).As<ITypeInfo>();
+        EXPECT_EQ(name(), expected);
     }
     // A class has the last word over its interfaces.
-    const ComPtr<ScriptedDispatch> view(new ScriptedDispatch(script_, "View"));
-    const ComPtr<test::EventSource> classOf(new test::EventSource(script_, {}));
-    view->others = ComPtr<IUnknown>(static_cast<IProvideClassInfo*>(classOf.Get()));
-    view->typeInfo = test::MakeType(L"_GanttChart", TKIND_DISPATCH).As<ITypeInfo>();
-    EXPECT_EQ(TypeNameOf(view, script_), "Application");
-}
-
-TEST_F(HostLink, AsksEachViewForItsMembersBecauseViewsDifferInType) {
-    test::FakeHost host;
-    host.plan->currentRow = 3;
-    const auto application =
-        WrapApplication(ComPtr<IDispatch>(test::ShowApplication(script_, host.application).Get()));
-    const auto plan = application->ActivePlan();
-    EXPECT_EQ(plan->CurrentView()->CurrentRow(), 3);
-    EXPECT_EQ(plan->CurrentView()->CurrentRow(), 3);
-    EXPECT_EQ(script_->lookUps["View.CurrentRow"], 2);
-    EXPECT_EQ(script_->lookUps["Plan.CurrentView"], 1);
+    const ComPtr<test::EventSource> classOf(new test::EventSource(between_, {}));
+    between_->onQuery = [&](REFIID id, void** object) {
+        return SUCCEEDED(classOf->QueryInterface(id, object));
+    };
+    EXPECT_EQ(name(), "Application");
+    between_->onQuery = [](REFIID, void**) { return false; };
+    between_->typeInfo = ComPtr<ITypeInfo>();
+    EXPECT_EQ(name(), "");
 }
 
 TEST_F(HostLink, AnswersNothingOnlyWhereTheModelAllowsIt) {
-    test::FakeHost host;
-    host.AddTask("7", "Dig");
-    host.application->plan = nullptr;
-    const auto application =
-        WrapApplication(ComPtr<IDispatch>(test::ShowApplication(script_, host.application).Get()));
-    EXPECT_FALSE(application->ActivePlan());
-    host.application->plan = host.plan;
+    const auto application = Application();
     const auto plan = application->ActivePlan();
-    EXPECT_TRUE(plan->Tasks()->Item("7"));
+    EXPECT_TRUE(plan->Tasks()->Item("A"));
     EXPECT_FALSE(plan->Tasks()->Item("8"));
-    EXPECT_THROW(plan->Tasks()->Item(2), HostError);
-    EXPECT_FALSE(plan->Groups()->Item("A"));
-    EXPECT_THROW(plan->Groups()->Remove("A"), HostError);
-    EXPECT_FALSE(plan->UserFieldDefinitions()->Item("A"));
-    EXPECT_EQ(plan->GetText("A"), "");
-    const auto member = plan->Groups()->Add("A")->Members()->Add("B");
+    EXPECT_THROW(plan->Tasks()->Item(9), HostError);
+    EXPECT_FALSE(plan->Groups()->Item("none"));
+    EXPECT_THROW(plan->Groups()->Remove("none"), HostError);
+    EXPECT_FALSE(plan->UserFieldDefinitions()->Item("none"));
+    EXPECT_EQ(plan->GetText("none"), "");
+    const auto member = plan->Groups()->Add("new")->Members()->Add("B");
     EXPECT_FALSE(member->Group());
     EXPECT_FALSE(member->Distribution(false));
     EXPECT_TRUE(member->Distribution(true));
-    EXPECT_TRUE(plan->Groups()->Item("A")->Members()->Item(1));
-    EXPECT_FALSE(plan->Groups()->Item("A")->Members()->Item(2));
-    script_->overrides["Member.Distribution"] = [](ScriptedCall&) { return S_OK; };
+    EXPECT_TRUE(plan->Groups()->Item("new")->Members()->Item(1));
+    EXPECT_FALSE(plan->Groups()->Item("new")->Members()->Item(2));
+    between_->all = [](PassingCall& call) { return call.name.ends_with('?') ? call.Pass() : S_OK; };
+    EXPECT_FALSE(application->ActivePlan());
     EXPECT_THROW(member->Distribution(true), HostError);
-    for (const char* part : {"Plan.Tasks", "Plan.Groups", "Plan.RiskAnalysis"})
-        script_->overrides[part] = [](ScriptedCall&) { return S_OK; };
     EXPECT_THROW(plan->Tasks(), HostError);
     EXPECT_THROW(plan->Groups(), HostError);
     EXPECT_THROW(plan->RiskAnalysis(), HostError);

@@ -10,13 +10,12 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "platform/win32/Variant.h"
-#include "windows/support/ScriptedDispatch.h"
+#include "windows/support/Interception.h"
+#include "windows/support/OfferedHost.h"
 
 namespace kestrel::com {
 namespace {
 
-using test::Script;
-using test::ScriptedDispatch;
 using win32::Bstr;
 using win32::ComPtr;
 using win32::Variant;
@@ -198,9 +197,10 @@ TEST(HostValue, TakesEveryAnswerThatCanBeMeantAndRefusesTheRest) {
 }
 
 TEST(HostValue, TakesObjectsOfEitherKindAndNeverTheirDefaultProperty) {
-    const auto script = std::make_shared<Script>();
-    const ComPtr<ScriptedDispatch> object(new ScriptedDispatch(script, "Thing"));
-    object->On("Value", [](test::ScriptedCall& call) { call.Answer(5.0); });
+    refhost::test::OfferedHost offered;
+    const auto between = std::make_shared<test::Interception>();
+    const auto tasks = refhost::test::Follow(offered.PlanObject(), {L"Tasks"});
+    const auto object = between->Over(tasks.Get());
     const Variant dispatch(object.Get());
     Variant unknown;
     unknown.vt = VT_UNKNOWN;
@@ -217,12 +217,13 @@ TEST(HostValue, TakesObjectsOfEitherKindAndNeverTheirDefaultProperty) {
         EXPECT_EQ(Try(NumberOf, *answer), std::nullopt);
         EXPECT_EQ(Try(TextOf, *answer), std::nullopt);
     }
-    EXPECT_EQ(script->calls.size(), 0u);
+    EXPECT_EQ(between->calls.size(), 0u);
 
     // An object that cannot be called by name is of no use.
     Variant other;
     other.vt = VT_UNKNOWN;
-    other.punkVal = test::MakeEnumerator(script, {}).Detach();
+    const auto list = refhost::test::Invoke(*tasks, DISPID_NEWENUM, DISPATCH_PROPERTYGET);
+    other.punkVal = ComPtr<IUnknown>(list.value->punkVal).Detach();
     EXPECT_THROW(ObjectOf(other, HostMember::PlanTasks), HostError);
     EXPECT_THROW(ObjectOf(Variant(std::int32_t{1}), HostMember::PlanTasks), HostError);
     EXPECT_FALSE(ObjectOf(Variant(), HostMember::PlanTasks));

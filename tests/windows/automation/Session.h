@@ -5,15 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "core/AnalysisFixture.h"
-#include "host/clsKestrelDll.h"
-#include "support/ScriptedRunner.h"
-#include "windows/support/ScriptedEvents.h"
-#include "windows/support/ScriptedHost.h"
+#include "host/HostModel.h"
+#include "support/FakeDesktop.h"
+#include "windows/support/Interception.h"
+#include "windows/support/OfferedHost.h"
 
 namespace kestrel::test {
-
-enum EventId : DISPID { kBefore = 1, kIteration, kAfter };
 
 /// A desktop whose user agrees to everything, with files in memory.
 class AgreeingDesktop : public FakeDesktop {
@@ -33,53 +30,30 @@ class AgreeingDesktop : public FakeDesktop {
     }
 };
 
-/// A planner's session on a small plan with a summary, costs, both kinds of group and the log on:
-/// an analysis of two iterations, then every command.
+/// A planner's session with the reference host on a small plan with a summary, costs, both kinds
+/// of group and the log on: an analysis of two iterations, then every command.
 class Session {
  public:
-    FakeHost host;
-    AgreeingDesktop desktop;
-
     Session();
 
-    /// `raise` raises an event of the host and answers the sentence of its failure.
-    void Run(const std::function<host::ApplicationPtr()>& attach,
-             const std::function<std::string(EventId)>& raise);
-    /// An event of an analysis, what it draws included.
-    void Raise(const std::function<std::string(EventId)>& raise, EventId event);
+    /// The host by way of `between`.
+    host::ApplicationPtr Attach(const std::shared_ptr<Interception>& between);
+    void RunDirectly();
+    /// Through Automation, each call by way of `between`.
+    void RunThrough(const std::shared_ptr<Interception>& between);
 
     /// Sentences of failures in the order in which they came.
     std::vector<std::string> failures;
     /// Everything that the session has left behind in plan, settings, messages and files.
     std::string Outcome();
 
- private:
-    void RunCommands(clsKestrelDll& addin);
-    void DrawNumbers();
-
-    ScriptedRunner runner_;
-    int iteration_ = 0;
-};
-
-/// The same session through the host's own types.
-void RunDirectly(Session& session);
-
-/// And through scripted objects, none of which may be left at the end.
-class AutomationSession {
- public:
-    Session session;
-    std::shared_ptr<Script> script = std::make_shared<Script>();
-
-    AutomationSession();
-    ~AutomationSession();
-    void Run();
-    host::ApplicationPtr Attach();
-    std::string Raise(EventId event);
+    refhost::test::OfferedHost offered;
+    AgreeingDesktop desktop;
 
  private:
-    ComPtr<EventSource> events_;
-    ComPtr<IDispatch> application_;
-    ComPtr<IDispatch> plan_;
+    void Run(const std::function<host::ApplicationPtr()>& attach);
+    /// The sentence of an error is kept.
+    void Try(const std::function<void()>& step);
 };
 
 }  // namespace kestrel::test

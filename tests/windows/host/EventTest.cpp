@@ -7,7 +7,7 @@
 
 #include "base/Errors.h"
 #include "platform/win32/Bstr.h"
-#include "windows/host/OfferedHost.h"
+#include "windows/support/OfferedHost.h"
 
 namespace refhost::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "refhost/windows/automation/ActiveObject.h"
 #include "refhost/windows/automation/ClassObject.h"
-#include "windows/host/OfferedHost.h"
+#include "windows/support/OfferedHost.h"
 
 namespace refhost::test {
 namespace {

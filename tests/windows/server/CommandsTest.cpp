@@ -1,10 +1,8 @@
-#include <xmmintrin.h>
-
 #include <string>
 
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComErrors.h"
-#include "windows/server/FakeHostObject.h"
+#include "windows/server/ListenedHost.h"
 #include "windows/server/ServerTest.h"
 
 // The eight methods, bound early and late, with a host that cannot be reached or does odd things.
@@ -47,6 +45,12 @@ TEST_F(CommandsTest, TheSameThroughDispatch) {
         DISPID id = 0;
         ASSERT_EQ(addIn_->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id), S_OK);
         DISPPARAMS none{};
+        VARIANT argument{};
+        DISPID named = 0;
+        for (DISPPARAMS wrong : {DISPPARAMS{&argument, nullptr, 1, 0}, {&argument, &named, 1, 1}})
+            EXPECT_EQ(addIn_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &wrong,
+                                     nullptr, nullptr, nullptr),
+                      DISP_E_BADPARAMCOUNT);
         EXCEPINFO exception{};
         const HRESULT result = addIn_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                               &none, nullptr, &exception, nullptr);
@@ -69,38 +73,38 @@ TEST_F(CommandsTest, TheSameThroughDispatch) {
 }
 
 TEST_F(CommandsTest, TheHostThatIsTheSiteComesBeforeTheRegisteredOne) {
-    FakeHostObject host;
-    SetSite(&host);
-    const ULONG asSite = host.references;
+    ListenedHost host;
+    host.between->members["Advise"] = [](PassingCall&) { return E_FAIL; };
+    SetSite(host.application.Get());
     EXPECT_EQ(addIn_->LaunchStartSchedulon(), win32::kHostFailed);
     EXPECT_EQ(TakenErrorText().find("registered"), std::string::npos);
-    EXPECT_EQ(addIn_->LaunchEdit(), S_OK);
-    EXPECT_EQ(host.references, asSite) << "held without listening";
+    EXPECT_EQ(host.between->objects, 1) << "held without listening";
     SetSite(nullptr);
-    EXPECT_EQ(host.references, 0u);
+    host.application.Reset();
+    EXPECT_EQ(host.between->objects, 0);
 }
 
 TEST_F(CommandsTest, ASiteThatIsNoHostIsPassedOver) {
-    FakeHostObject stranger;
-    stranger.isHost = false;
-    SetSite(&stranger);
+    ListenedHost host;
+    const auto stranger = host.offered.PlanObject();
+    SetSite(stranger.Get());
     EXPECT_EQ(addIn_->LaunchStartSchedulon(), win32::kHostFailed);
     EXPECT_NE(TakenErrorText().find("registered"), std::string::npos);
     ComPtr<IUnknown> site;
     const auto sited = addIn_.As<IObjectWithSite>(IID_IObjectWithSite);
     EXPECT_EQ(sited->GetSite(IID_IUnknown, site.OutVoid()), S_OK);
-    EXPECT_EQ(site.Get(), &stranger);
+    EXPECT_EQ(site.Get(), stranger.As<IUnknown>().Get());
     site.Reset();
     SetSite(nullptr);
     EXPECT_EQ(sited->GetSite(IID_IUnknown, site.OutVoid()), E_FAIL);
 }
 
 TEST_F(CommandsTest, ACallInTheMiddleOfAnotherIsRefusedAndNothingIsLost) {
-    FakeHostObject host;
-    SetSite(&host);
+    ListenedHost host;
+    SetSite(host.application.Get());
     int lookUps = 0;
-    host.onLookUp = [&] {
-        if (lookUps++ != 0) return;
+    host.between->all = [&](PassingCall&) {
+        if (lookUps++ != 0) return E_FAIL;
         for (const Method& method : kMethods) {
             EXPECT_EQ((*addIn_.*method.call)(), win32::kBusy);
             EXPECT_EQ(TakenErrorText().find("The risk factors add-in is still at work"), 0u);
@@ -108,28 +112,11 @@ TEST_F(CommandsTest, ACallInTheMiddleOfAnotherIsRefusedAndNothingIsLost) {
         SetSite(nullptr);
         addIn_.Reset();  // the host lets go of everything: the command ends all the same
         EXPECT_EQ(dll_.CanUnloadNow(), S_FALSE);
+        return E_FAIL;
     };
     EXPECT_EQ(addIn_->LaunchEdit(), S_OK);
     EXPECT_GT(lookUps, 0);
-    EXPECT_EQ(host.references, 0u);
-}
-
-TEST_F(CommandsTest, TheHostsWayOfCalculatingIsLeftAsItIs) {
-    constexpr unsigned kDefault = 0x1F80;
-    constexpr unsigned kTowardsZeroWithTraps = (0x1F80 & ~0x0200u) | 0x6000u;
-    FakeHostObject host;
-    SetSite(&host);
-    unsigned seenByTheAddIn = 0;
-    host.onLookUp = [&] { seenByTheAddIn = _mm_getcsr() & ~0x3Fu; };
-    const unsigned own = _mm_getcsr();
-    _mm_setcsr(kTowardsZeroWithTraps);
-    const HRESULT result = addIn_->LaunchEdit();
-    const unsigned afterwards = _mm_getcsr();
-    _mm_setcsr(own);
-    EXPECT_EQ(result, S_OK);
-    EXPECT_EQ(seenByTheAddIn, kDefault);
-    EXPECT_EQ(afterwards, kTowardsZeroWithTraps);
-    SetSite(nullptr);
+    EXPECT_EQ(host.between->objects, 1);
 }
 
 }  // namespace

@@ -67,9 +67,9 @@ ComPtr<ICreateTypeInfo> MakeType(const wchar_t* name, TYPEKIND kind) {
     return AddType(*MakeLibrary(), name, kind, kScriptedClass);
 }
 
-EventSource::EventSource(ScriptPtr script, const EventScript& events)
-    : script_(std::move(script)), events_(events), class_(DescribeClass(events)) {
-    ++script_->objects;
+EventSource::EventSource(std::shared_ptr<Interception> counter, const EventScript& events)
+    : counter_(std::move(counter)), events_(events), class_(DescribeClass(events)) {
+    ++counter_->objects;
 }
 
 HRESULT EventSource::Raise(DISPID event, std::vector<VARIANT> arguments, EXCEPINFO* failure) {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
 #include <string>
+#include <vector>
 
-#include "windows/support/ScriptedDispatch.h"
+#include "windows/support/Interception.h"
 
 /// The event side of a scripted host.
 namespace kestrel::test {
@@ -26,13 +26,14 @@ extern const IID kScriptedEvents;
 /// A type of that kind and name in a type library of its own.
 ComPtr<ICreateTypeInfo> MakeType(const wchar_t* name, TYPEKIND kind);
 
-/// Connection point and type information of an Application; hand it over as
-/// ScriptedDispatch::others. The events' dispatch ids are 1, 2, ... in the order of the names.
+/// Connection point and type information of an Application; for
+/// Interception::onQuery, counted among its objects. The events' dispatch ids are 1, 2, ... in the
+/// order of the names.
 class EventSource final : public IProvideClassInfo2,
                           public IConnectionPointContainer,
                           public IConnectionPoint {
  public:
-    EventSource(ScriptPtr script, const EventScript& events);
+    EventSource(std::shared_ptr<Interception> counter, const EventScript& events);
 
     /// Everything that has been advised and not let go.
     std::vector<ComPtr<IDispatch>> sinks;
@@ -59,10 +60,10 @@ class EventSource final : public IProvideClassInfo2,
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) noexcept override;
 
  private:
-    ~EventSource() { --script_->objects; }
+    ~EventSource() { --counter_->objects; }
 
     ULONG references_ = 0;
-    ScriptPtr script_;
+    std::shared_ptr<Interception> counter_;
     EventScript events_;
     ComPtr<ITypeInfo> class_;
 };

@@ -1,4 +1,4 @@
-#include "windows/host/Client.h"
+#include "windows/support/Client.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "windows/host/OfferedHost.h"
+#include "windows/support/OfferedHost.h"
 
 #include "base/Errors.h"
 
@@ -38,9 +38,9 @@ PlanData SmallPlan() {
     return plan;
 }
 
-OfferedHost::OfferedHost() {
+OfferedHost::OfferedHost(PlanData plan) {
     program.host = &host;
-    host.Open(std::make_shared<HostPlan>(SmallPlan()));
+    host.Open(std::make_shared<HostPlan>(std::move(plan)));
     Plan().GroupList().Add("G")->Members()->Add("M");
     server = std::make_shared<automation::AutomationServer>(host, program);
     application = server->Application();

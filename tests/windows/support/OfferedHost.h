@@ -1,15 +1,31 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 
 #include "platform/win32/ComApartment.h"
 #include "refhost/engine/Analysis.h"
+#include "refhost/engine/Settings.h"
 #include "refhost/windows/automation/AutomationServer.h"
-#include "support/NoSettings.h"
-#include "windows/host/Client.h"
+#include "windows/support/Client.h"
 
 namespace refhost::test {
+
+/// Settings of the user, by their key alone, that live as long as the test.
+struct TestSettings : Settings {
+    std::map<std::string, std::string> values;
+
+    std::string Get(const std::string&, const std::string&, const std::string& key,
+                    const std::string& fallback) override {
+        const auto found = values.find(key);
+        return found == values.end() ? fallback : found->second;
+    }
+    void Save(const std::string&, const std::string&, const std::string& key,
+              const std::string& value) override {
+        values[key] = value;
+    }
+};
 
 /// The program around the host, as a test sees it.
 struct TestProgram : automation::HostProgram {
@@ -33,13 +49,13 @@ struct TestProgram : automation::HostProgram {
 /// the member "M", the user field "Owner", the text "Note".
 PlanData SmallPlan();
 
-/// A host with the small plan, offered to Automation.
+/// A host with a plan, offered to Automation.
 struct OfferedHost {
-    OfferedHost();
+    explicit OfferedHost(PlanData plan = SmallPlan());
     ~OfferedHost();
 
     kestrel::win32::ComApartment com;
-    NoSettings settings;
+    TestSettings settings;
     ReferenceHost host{settings, "C:\\Host"};
     TestProgram program;
     std::shared_ptr<automation::AutomationServer> server;
