@@ -9,6 +9,7 @@
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/FilePath.h"
+#include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
@@ -91,7 +92,8 @@ bool TakesStandardOutput(const Arguments& arguments) {
 }  // namespace
 
 void Analyse(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
+    Session session(arguments.Positional(0), ReadImportOptions(arguments));
+    RefuseImportOptions(arguments, session.Imported());
     const AnalysisSettings settings = SettingsOf(arguments, session.Plan().Live().Data());
     FactorTracker factors(session.Host(), session.Desktop());
     std::unique_ptr<TraceWriter> trace;

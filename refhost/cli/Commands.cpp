@@ -75,13 +75,24 @@ const std::vector<Command>& Commands() {
          "                  of the finish\n"
          "  --save FILE     the plan with the factors' new sensitivities\n\n"
          "When - takes the JSON, the trace or the plan, the report goes to standard error.\n",
-         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--chart", "--save"}, {}},
+         {{"PLAN"},
+          {"--iterations", "--seed", "--json", "--trace", "--chart", "--save", "--costs"},
+          {"--keep-dates"}},
          Analyse},
         {"import",
-         "PROJECT -o PLAN",
+         "PROJECT -o PLAN [--dates] [--keep-dates] [--costs hundredths|whole]",
          "project file in the common XML format to plan file",
-         "What a plan file cannot hold is listed on standard error, once per kind, with a count.\n",
-         {{"PROJECT"}, {"-o"}, {}},
+         "Standard error tells, once per kind and with a count, what can move dates or money and\n"
+         "what a plan file cannot hold, how money was read, and how many tasks keep the dates "
+         "that\n"
+         "the project file gives them.\n\n"
+         "  --dates       lists the tasks that moved, by size of the shift\n"
+         "  --keep-dates  lets no task start earlier than in the project file\n"
+         "  --costs UNIT  of the file's money: hundredths, as the format's own program writes it, "
+         "or\n"
+         "                whole units; by default what rate and work of its assignments show\n\n"
+         "--keep-dates and --costs hold for 'analyse' and 'check' of a project file too.\n",
+         {{"PROJECT"}, {"-o", "--costs"}, {"--dates", "--keep-dates"}},
          Import},
         {"show",
          "PLAN [--cost] [--top N] [--chart FILE.svg]",
@@ -127,10 +138,11 @@ const std::vector<Command>& Commands() {
          {{"PLAN", "FILE"}, {"-o"}, {"--yes"}},
          Load},
         {"check",
-         "PLAN",
+         "PLAN [--dates]",
          "lists every complaint about register, assignments and network",
-         "One complaint a line on standard output; none when all is well.\n",
-         {{"PLAN"}, {}, {}},
+         "One complaint a line on standard output; none when all is well.\n\n"
+         "  --dates  lists first the tasks of a project file that moved; see 'kestrel import'\n",
+         {{"PLAN"}, {"--costs"}, {"--dates", "--keep-dates"}},
          Check},
     };
     return commands;

@@ -5,6 +5,7 @@
 #include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Session.h"
 #include "store/TaskField.h"
@@ -75,8 +76,11 @@ std::string AssignedField(const Arguments& arguments, std::size_t held) {
 void Import(const Arguments& arguments) {
     const auto target = arguments.Option("-o");
     if (!target) throw UsageError("-o PLAN is missing");
-    Session session(arguments.Positional(0));
+    Session session(arguments.Positional(0), ReadImportOptions(arguments));
+    RefuseImportOptions(arguments, session.Imported());
     session.SavePlan(*target);
+    if (arguments.Has("--dates"))
+        (*target == "-" ? std::cerr : std::cout) << MovedTasksText(session.Imported()->dates);
 }
 
 void Assign(const Arguments& arguments) {
