@@ -8,6 +8,7 @@
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/FilePath.h"
+#include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
@@ -86,7 +87,8 @@ class Charts {
 
 void Analyse(const Arguments& arguments, Outputs& outputs) {
     Charts charts(arguments, outputs);
-    Session session(arguments.Word("PLAN"), outputs);
+    Session session(arguments.Word("PLAN"), outputs, ReadImportOptions(arguments));
+    RefuseImportOptions(arguments, session.Imported());
     FactorTracker factors(session.Host(), session.Desktop());
     const AnalysisSettings settings =
         SettingsOf(arguments, session.Plan().Live().Data(), factors.Register().size());

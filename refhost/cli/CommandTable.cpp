@@ -6,6 +6,14 @@ namespace {
 const OptionRule kPlanOutput = {"-o", "PLAN", Use::Plan,
                                 "where the changed plan is written; may be the plan itself"};
 
+const OptionRule kKeepDates = {"--keep-dates", "", Use::Switch,
+                               "lets no task start earlier than in the project file"};
+const OptionRule kCosts = {"--costs", "hundredths|whole", Use::Value,
+                           "unit of a project file's money; by default hundredths, unless rate\n"
+                           "and work of its assignments show whole units"};
+const OptionRule kDates = {"--dates", "", Use::Switch,
+                           "lists the tasks of a project file that moved, by size of the shift"};
+
 const std::vector<OptionRule> kAnalyseOptions = {
     {"--iterations", "N", Use::Value, "how many; by default what the plan says"},
     {"--seed", "S", Use::Value, "of the random stream; by default what the plan says"},
@@ -15,6 +23,8 @@ const std::vector<OptionRule> kAnalyseOptions = {
      "the tornado chart (SVG), and beside it FILE-finish.svg, the distribution\nof the finish"},
     {"--save", "FILE", Use::Plan,
      "the plan with the factors' new sensitivities; may be the plan itself"},
+    kKeepDates,
+    kCosts,
 };
 
 const std::vector<OptionRule> kShowOptions = {
@@ -50,8 +60,11 @@ const std::vector<Command>& Commands() {
          Analyse},
         {"import",
          "project file in the common XML format to plan file",
-         "What a plan file cannot hold is listed on standard error, once per kind, with a count.\n",
-         {{{"PROJECT", Use::Input}}, {{"-o", "PLAN", Use::Output, "the plan file", true}}},
+         "Standard error tells, once per kind and with a count, what can move dates or money and\n"
+         "what a plan file cannot hold, how money was read, and how many tasks keep the dates\n"
+         "that the project file gives them.\n",
+         {{{"PROJECT", Use::Input}},
+          {{"-o", "PLAN", Use::Output, "the plan file", true}, kDates, kKeepDates, kCosts}},
          Import},
         {"show",
          "the driving risks of the last analysis: ranked table and tornado chart",
@@ -86,7 +99,7 @@ const std::vector<Command>& Commands() {
         {"check",
          "lists every complaint about register, assignments and network",
          "One complaint a line on standard output; none when all is well.\n",
-         {{{"PLAN", Use::Plan}}, {}},
+         {{{"PLAN", Use::Plan}}, {kDates, kKeepDates, kCosts}},
          Check},
     };
     return commands;

@@ -2,11 +2,12 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/OneLine.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Session.h"
 #include "store/TaskField.h"
-#include "base/OneLine.h"
 #include "ui/assignment/TaskAssignments.h"
 #include "util/modToolBox.h"
 
@@ -115,8 +116,10 @@ host::TaskPtr FindTask(Session& session, const std::string& id) {
 }  // namespace
 
 void Import(const Arguments& arguments, Outputs& outputs) {
-    Session session(arguments.Word("PROJECT"), outputs);
+    Session session(arguments.Word("PROJECT"), outputs, ReadImportOptions(arguments));
+    RefuseImportOptions(arguments, session.Imported());
     session.SavePlan(*outputs.Find("-o"));
+    if (arguments.Has("--dates")) outputs.Tell(MovedTasksText(session.Imported()->dates));
 }
 
 void Assign(const Arguments& arguments, Outputs& outputs) {

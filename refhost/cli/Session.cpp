@@ -1,5 +1,7 @@
 #include "refhost/cli/Session.h"
 
+#include <utility>
+
 #include "base/Errors.h"
 #include "refhost/cli/System.h"
 
@@ -39,7 +41,8 @@ LoadedPlan LoadPlan(CliDesktop& desktop, const std::string& path, const ImportOp
 Session::Session(const std::string& planPath, const Outputs& outputs, const ImportOptions& options)
     : planName_(InputName(planPath)), host_(settings_, InstallationFolder()) {
     LoadedPlan loaded = LoadPlan(desktop_, planPath, options);
-    if (outputs.ReplacesPlan() && loaded.imported)
+    imported_ = std::move(loaded.imported);
+    if (outputs.ReplacesPlan() && imported_)
         throw UsageError(planName_ +
                          " is a project file, which holds more than a plan; name another file to "
                          "write");

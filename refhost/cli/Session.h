@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "refhost/cli/CliDesktop.h"
@@ -37,12 +38,15 @@ class Session {
     CommandSettings& Settings() { return settings_; }
     /// For messages.
     const std::string& PlanName() const { return planName_; }
+    /// What became of a project file; nothing when the plan came from a plan file.
+    const std::optional<ImportReport>& Imported() const { return imported_; }
 
     /// The plan as it is now.
     void SavePlan(Outputs::File& file) { file.Write(WritePlan(Plan().Live().Snapshot())); }
 
  private:
     std::string planName_;
+    std::optional<ImportReport> imported_;
     CliDesktop desktop_;
     CommandSettings settings_;
     ReferenceHost host_;
