@@ -154,7 +154,12 @@ TEST(XmlParser, RefusesDocumentTypesInEveryEncoding) {
         "\x83"
         "\x96\x84\x89\x95\x87\x7E\x7D\x83\x97\xF0\xF3\xF7\x7D\x6F\x6E"
         "\x4C\x5A\xC4\xD6\xC3\xE3\xE8\xD7\xC5\x40\x99\x6E\x4C\x99\x61\x6E";
-    EXPECT_NE(MessageOf(ebcdic), "no error");
+    const std::string utf7 =
+        "<?xml version='1.0' encoding='UTF-7'?>+ADwAIQ-DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>";
+    const std::string iso2022 =
+        "<?xml version='1.0' encoding = \"ISO-2022-JP\" ?><!DOC\x1B(BTYPE r><r/>";
+    for (const std::string& document : {ebcdic, utf7, iso2022})
+        EXPECT_NE(MessageOf(document).find("; save it as UTF-8"), std::string::npos) << document;
 }
 
 TEST(XmlParser, LooksForADocumentTypeInThePrologOnly) {

@@ -128,6 +128,9 @@ HRESULT AddInObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID
 HRESULT AddInObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters,
                             VARIANT* result, EXCEPINFO* exception, UINT* wrong) noexcept {
     if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+    if (!parameters) return E_INVALIDARG;
+    // The system's own Invoke drops arguments that a method does not take.
+    if (parameters->cArgs != 0 || parameters->cNamedArgs != 0) return DISP_E_BADPARAMCOUNT;
     const HRESULT loaded = LoadType();
     if (FAILED(loaded)) return loaded;
     const ComPtr<_clsKestrelDll> self(this);  // also while the failure is looked into

@@ -36,7 +36,8 @@ std::wstring WithBackslashes(const std::string& path) {
 /// without its folder, for which the dialog offers another buffer, is of no use here.
 std::string Choose(const FileDialog& dialog, DWORD flags, decltype(&GetOpenFileNameW) show) {
     const std::wstring filters = FilterList(dialog);
-    const std::wstring folder = WithBackslashes(dialog.initialFolder);
+    std::wstring folder = WithBackslashes(dialog.initialFolder);
+    if (folder.size() >= MAX_PATH) folder.clear();  // the dialog knows no longer one
     const std::wstring title = Wide(dialog.title);
     const std::wstring extension = Wide(dialog.defaultExtension);
     std::wstring path(kPathSize, L'\0');

@@ -49,6 +49,8 @@ void Configure(IXMLDOMDocument2& document) {
     CheckDom(document.put_validateOnParse(VARIANT_FALSE));
     CheckDom(document.put_resolveExternals(VARIANT_FALSE));
     CheckDom(document.put_preserveWhiteSpace(VARIANT_TRUE));
+    // The second guard after RefuseUnsafeXml. Old releases of the parser do not know it.
+    static_cast<void>(document.setProperty(Bstr("ProhibitDTD").Get(), Variant(true)));
 }
 
 /// Bytes, not text, so that the parser heeds the encoding that the document declares.

@@ -4,6 +4,7 @@
 
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComErrors.h"
+#include "windows/server/FailingAllocations.h"
 #include "windows/server/FakeHostObject.h"
 #include "windows/server/ServerTest.h"
 
@@ -47,6 +48,12 @@ TEST_F(CommandsTest, TheSameThroughDispatch) {
         DISPID id = 0;
         ASSERT_EQ(addIn_->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id), S_OK);
         DISPPARAMS none{};
+        VARIANT argument{};
+        DISPID named = 0;
+        for (DISPPARAMS wrong : {DISPPARAMS{&argument, nullptr, 1, 0}, {&argument, &named, 1, 1}})
+            EXPECT_EQ(addIn_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &wrong,
+                                     nullptr, nullptr, nullptr),
+                      DISP_E_BADPARAMCOUNT);
         EXCEPINFO exception{};
         const HRESULT result = addIn_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                               &none, nullptr, &exception, nullptr);
@@ -66,6 +73,22 @@ TEST_F(CommandsTest, TheSameThroughDispatch) {
     const auto support = addIn_.As<ISupportErrorInfo>(IID_ISupportErrorInfo);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__clsKestrelDll), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IObjectWithSite), S_FALSE);
+}
+
+TEST_F(CommandsTest, EndInWordsWhereverMemoryRunsOut) {
+    FailingAllocations allocations(dll_.Module());
+    int failed = 1, refused = 0;
+    for (int first = 0; failed != 0; ++first) {
+        SCOPED_TRACE(first);
+        allocations.FailFrom(first);
+        const HRESULT started = addIn_->LaunchStartSchedulon();
+        const HRESULT edited = addIn_->LaunchEdit();
+        failed = allocations.Stop();
+        refused += started == E_OUTOFMEMORY;
+        EXPECT_TRUE(started == E_OUTOFMEMORY || started == win32::kHostFailed);
+        EXPECT_EQ(edited, failed == 0 ? S_OK : E_OUTOFMEMORY);
+    }
+    EXPECT_GT(refused, 2);
 }
 
 TEST_F(CommandsTest, TheHostThatIsTheSiteComesBeforeTheRegisteredOne) {

@@ -30,6 +30,7 @@ class LoadedDll {
     HRESULT Register() const;
     HRESULT Unregister() const;
 
+    HMODULE Module() const { return module_.Get(); }
     ComPtr<IClassFactory> Factory() const;
     ComPtr<_clsKestrelDll> AddIn() const;
 
