@@ -35,7 +35,8 @@ Arguments::Arguments(const std::vector<std::string>& words, const ArgumentRules&
         if (!options_.emplace(name, value).second)
             throw UsageError("option '" + name + "' is given twice");
     }
-    if (positional_.size() < rules.positional.size())
+    if (positional_.size() < rules.positional.size() &&
+        rules.positional[positional_.size()].front() != '[')
         throw UsageError(rules.positional[positional_.size()] + " is missing");
     if (positional_.size() > rules.positional.size())
         throw UsageError("'" + positional_[rules.positional.size()] + "' is one word too many");

@@ -17,7 +17,7 @@ class UsageError : public std::runtime_error {
 
 /// What a command accepts.
 struct ArgumentRules {
-    std::vector<std::string> positional;  ///< names, all required, as usage texts show them
+    std::vector<std::string> positional;  ///< names as usage texts show them; "[NAME]" optional
     std::vector<std::string> options;     ///< that take a value: "--json", "-o"
     std::vector<std::string> switches;    ///< that take none: "--yes"
 };
@@ -30,6 +30,7 @@ class Arguments {
     Arguments(const std::vector<std::string>& words, const ArgumentRules& rules);
 
     const std::string& Positional(std::size_t index) const { return positional_.at(index); }
+    std::size_t PositionalCount() const { return positional_.size(); }
     bool Has(const std::string& option) const { return options_.count(option) > 0; }
     /// The option's value; nothing when it was not given.
     std::optional<std::string> Option(const std::string& option) const;

@@ -23,7 +23,7 @@ std::string ProgramHelp() {
         "common XML format, and keeps its risk factors and their assignments.\n\n";
     for (const Command& command : Commands()) {
         std::string name = command.name;
-        name.resize(10, ' ');
+        name.resize(12, ' ');
         text += "  " + name + command.summary + "\n";
     }
     return text +
@@ -60,7 +60,7 @@ const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
         {"analyse",
          "PLAN [--iterations N] [--seed S] [--json FILE] [--trace FILE] [--chart FILE.svg] "
-         "[--save FILE]",
+         "[--save FILE] [--criticality] [--target-finish DATE] [--target-cost MONEY]",
          "Monte Carlo analysis: finish, cost, and the factors that drive them",
          "Prints the deterministic, mean, P10, P50, P80 and P90 finish and cost and the ranked "
          "risk\n"
@@ -73,10 +73,51 @@ const std::vector<Command>& Commands() {
          "  --chart FILE    the tornado chart (SVG), and beside it FILE-finish.svg, the "
          "distribution\n"
          "                  of the finish\n"
-         "  --save FILE     the plan with the factors' new sensitivities\n\n"
+         "  --save FILE     the plan with the factors' new sensitivities\n"
+         "  --criticality   how often each task decides when the plan finishes\n"
+         "  --target-finish DATE, --target-cost MONEY\n"
+         "                  the chances to finish by then (2027-10-01T17:00; a date alone: its "
+         "end),\n"
+         "                  to cost no more, and of both; one left out is as planned\n\n"
          "When - takes the JSON, the trace or the plan, the report goes to standard error.\n",
-         {{"PLAN"}, {"--iterations", "--seed", "--json", "--trace", "--chart", "--save"}, {}},
+         {{"PLAN"},
+          {"--iterations", "--seed", "--json", "--trace", "--chart", "--save", "--target-finish",
+           "--target-cost"},
+          {"--criticality"}},
          Analyse},
+        {"prioritise",
+         "PLAN [--iterations N] [--seed S] [--percentile 80] [--cost] [--threads N] [--json FILE] "
+         "[--chart FILE.svg]",
+         "what each risk factor costs: the finish or the cost without it",
+         "Runs the same analysis again, with the same draws, in which a factor never occurs: one\n"
+         "factor at a time, and in sequence, each step without the factor that saves most of "
+         "those\n"
+         "left. What is saved is the difference of the percentile, in calendar days or money.\n\n"
+         "  --iterations N  how many; by default what the plan says\n"
+         "  --seed S        of the random stream; by default what the plan says\n"
+         "  --percentile P  which percentile is compared, 0 to 100; by default 80\n"
+         "  --cost          of the cost instead of the finish\n"
+         "  --threads N     analyses at a time; by default one a core. The figures are the same\n"
+         "  --json FILE     the figures as one JSON object\n"
+         "  --chart FILE    the sequence as a staircase, the single savings as bars (SVG)\n",
+         {{"PLAN"},
+          {"--iterations", "--seed", "--percentile", "--threads", "--json", "--chart"},
+          {"--cost"}},
+         PrioritiseFactors},
+        {"report",
+         "PLAN -o FILE.html [--assumptions percentages,distributions,assignments] "
+         "[--percentile 80] [--iterations N] [--seed S] [--threads N]",
+         "everything on one page to hand over: results, what each factor costs, critical tasks",
+         "The page is one HTML file that needs nothing else: for a browser, a telephone, A4 paper\n"
+         "and a word processor. The same plan, seed and iterations give the same bytes.\n\n"
+         "  --assumptions LIST  what the page tells of the assumptions: the factors' percentages,\n"
+         "                      each task's duration distribution, each task's factors\n"
+         "  --percentile P      at which the factors' costs are compared, 0 to 100; by default 80\n"
+         "  --iterations N, --seed S, --threads N    as in prioritise\n",
+         {{"PLAN"},
+          {"-o", "--assumptions", "--percentile", "--iterations", "--seed", "--threads"},
+          {}},
+         WriteReport},
         {"import",
          "PROJECT -o PLAN",
          "project file in the common XML format to plan file",
@@ -96,21 +137,32 @@ const std::vector<Command>& Commands() {
          Show},
         {"factors",
          "PLAN [--load FILE] [--save FILE] [-o PLAN]",
-         "lists the register of risk factors, or exchanges it with a template file",
+         "lists the register of risk factors, or exchanges it with a template or table file",
          "Impacts are percentages of the unchanged value; 100% leaves it as it is.\n\n"
-         "  --load FILE  replaces the register by the factors of a file, unless tasks carry some\n"
-         "  --save FILE  writes the register as a template for other plans\n"
+         "  --load FILE  replaces the register by the factors of a file, unless tasks carry some;\n"
+         "               from a table (*.csv, *.tsv) also then, as long as those keep their "
+         "numbers\n"
+         "  --save FILE  writes the register as a template for other plans, or as a table\n"
          "  -o PLAN      where the changed plan is written; may be the plan itself\n",
          {{"PLAN"}, {"--load", "--save", "-o"}, {}},
          Factors},
         {"assign",
-         "PLAN TASK [--series 1,3] [--parallel 2] [-o PLAN]",
-         "shows or sets the risk factors of a task",
-         "TASK is the task's ID. With --series or --parallel the task carries exactly the factors\n"
-         "named, a group not named being emptied; an empty list (--series '') clears it. Series\n"
-         "factors multiply, of parallel ones the largest counts.\n\n"
-         "  -o PLAN  where the changed plan is written; may be the plan itself\n",
-         {{"PLAN", "TASK"}, {"--series", "--parallel", "-o"}, {}},
+         "PLAN [TASKS] [--series 1,3] [--parallel 2] [--add FACTORS] [--remove 1,3] "
+         "[--from FILE.csv] [-o PLAN]",
+         "shows or sets the risk factors of tasks",
+         "TASKS are IDs (1110,1120) and ranges in plan order (1100-1190); a summary stands for "
+         "all\n"
+         "tasks below it. With --series or --parallel the tasks carry exactly the factors named, "
+         "a\n"
+         "group not named being emptied; an empty list (--series '') clears it. Series factors\n"
+         "multiply, of parallel ones the largest counts. What has changed is listed.\n\n"
+         "  --add FACTORS  adds to what the tasks carry: 1,3 in series, '(2(P))' in parallel, or\n"
+         "                 both as '(2(P));(1,3)'\n"
+         "  --remove 1,3   takes factors away, in whichever group they are\n"
+         "  --from FILE    a table (*.csv, *.tsv) with the columns Task and Risk Factors, which\n"
+         "                 holds a task's field as this command shows it\n"
+         "  -o PLAN        where the changed plan is written; may be the plan itself\n",
+         {{"PLAN", "[TASKS]"}, {"--series", "--parallel", "--add", "--remove", "--from", "-o"}, {}},
          Assign},
         {"save",
          "PLAN FILE",

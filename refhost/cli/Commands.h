@@ -25,6 +25,8 @@ const std::vector<Command>& Commands();
 int RunCommandLine(const std::vector<std::string>& words);
 
 void Analyse(const Arguments& arguments);
+void PrioritiseFactors(const Arguments& arguments);
+void WriteReport(const Arguments& arguments);
 void Import(const Arguments& arguments);
 void Show(const Arguments& arguments);
 void Factors(const Arguments& arguments);

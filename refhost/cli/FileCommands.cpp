@@ -3,11 +3,15 @@
 
 #include "base/Errors.h"
 #include "refhost/cli/Commands.h"
-#include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/LinkedAddIn.h"
+#include "refhost/cli/Output.h"
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
+#include "refhost/files/Csv.h"
+#include "refhost/files/RegisterTable.h"
+#include "refhost/results/FactorTracker.h"
 #include "store/RegisterDocument.h"
+#include "store/TaskField.h"
 #include "ui/editor/frmEditRiskFactors.h"
 
 namespace refhost {
@@ -67,6 +71,42 @@ void SaveTemplate(Session& session, const std::string& path) {
                         "' could not be written; check the folder and its permissions.");
 }
 
+/// The register with the sensitivities of those factors that stay as they are called, so that a
+/// table that says what the plan says changes nothing. Tasks name factors by number: a number that
+/// some task carries must go on meaning the same factor.
+void KeepMeaning(Session& session, const FactorList& factors) {
+    const FactorTracker before(session.Host(), session.Desktop());
+    for (std::size_t i = 0; i < before.Register().size(); ++i) {
+        const kestrel::clsRiskFactor& old = *before.Register()[i];
+        if (i < factors.size() && factors[i]->strDescription == old.strDescription) {
+            factors[i]->dblDurSens = old.dblDurSens;
+            factors[i]->m_dCostSens = old.m_dCostSens;
+        } else if (before.Carried()[i]) {
+            throw DataError("Tasks carry risk factor " + old.strID + " - " + old.strDescription +
+                            ", which is not number " + old.strID +
+                            " of the table; keep it in its place, or take it from the tasks.");
+        }
+    }
+}
+
+void LoadTable(Session& session, const std::string& path) {
+    RegisterTableReading reading;
+    try {
+        reading = ReadRegisterTable(session.Desktop().ReadFile(path));
+    } catch (const DataError& error) {
+        throw DataError(path + ": " + error.what());
+    }
+    if (!reading.complaints.empty()) {
+        for (const std::string& complaint : reading.complaints)
+            std::cerr << path << ": " << complaint << "\n";
+        throw DataError(path + " cannot be read (" + std::to_string(reading.complaints.size()) +
+                        " complaints); nothing is changed.");
+    }
+    KeepMeaning(session, reading.factors);
+    kestrel::EnsureTextField(session.Plan(), kestrel::kRiskFactorsField);
+    kestrel::SaveRegisterToPlan(reading.factors, session.Plan());
+}
+
 void ListRegister(Session& session) {
     const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
     std::cout << (factors.empty() ? "The plan holds no risk factors.\n" : RegisterTable(factors));
@@ -85,8 +125,16 @@ void Factors(const Arguments& arguments) {
         ListRegister(session);
         return;
     }
-    if (const auto path = arguments.Option("--load")) LoadTemplate(session, *path);
-    if (const auto path = arguments.Option("--save")) SaveTemplate(session, *path);
+    if (const auto path = arguments.Option("--load"))
+        IsTableFile(*path) ? LoadTable(session, *path) : LoadTemplate(session, *path);
+    if (const auto path = arguments.Option("--save")) {
+        if (IsTableFile(*path))
+            WriteOutput(*path, RegisterTableText(
+                                   FactorTracker::ReadRegister(session.Host(), session.Desktop()),
+                                   SeparatorFor(*path)));
+        else
+            SaveTemplate(session, *path);
+    }
     if (const auto target = arguments.Option("-o"))
         session.SavePlan(*target);
     else if (arguments.Has("--load") && !arguments.Has("--save"))

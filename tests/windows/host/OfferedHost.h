@@ -5,8 +5,8 @@
 
 #include "platform/win32/ComApartment.h"
 #include "refhost/engine/Analysis.h"
+#include "refhost/engine/NoSettings.h"
 #include "refhost/windows/automation/AutomationServer.h"
-#include "support/NoSettings.h"
 #include "windows/host/Client.h"
 
 namespace refhost::test {
