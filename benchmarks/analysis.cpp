@@ -9,9 +9,9 @@
 #include "host/clsSchedulon.h"
 #include "platform/posix/PosixDesktop.h"
 #include "refhost/engine/Analysis.h"
+#include "refhost/engine/NoSettings.h"
 #include "support/FakeHost.h"
 #include "support/GeneratedPlan.h"
-#include "support/NoSettings.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 #include "host/clsKestrelDll.h"
 #include "refhost/cli/PlanCheck.h"
 #include "refhost/engine/Analysis.h"
+#include "refhost/engine/NoSettings.h"
 #include "refhost/files/PlanFile.h"
-#include "support/NoSettings.h"
 #include "support/ScriptedRunner.h"
 
 /// A plan file or project file: read, written, scheduled, checked and analysed.

@@ -18,7 +18,8 @@ constexpr int kPad = 16, kGap = 8, kTitleSize = 16, kTextSize = 12, kSmallSize =
 constexpr int kSide = 48;        ///< room for the labels of an axis
 constexpr int kMarkHeight = 18;  ///< a row of marks above the plot
 constexpr int kMarkGap = 5;      ///< from a mark's line to its label
-constexpr Colour kBarBrush = 0xE6CDB4, kBarPen = 0xC79B6E, kCurve = 0x6B3F1F, kMark = 0x1E26B3;
+constexpr Colour kBarBrush = 0xE6CDB4, kBarPen = 0xC79B6E, kCurve = 0x6B3F1F, kMark = 0x1E26B3,
+                 kBehind = 0xA8A29C;
 
 constexpr std::pair<const char*, double> kMarks[] = {
     {"P10", 0.1}, {"P50", 0.5}, {"P80", 0.8}, {"P90", 0.9}};
@@ -29,8 +30,9 @@ int Whole(double value) { return static_cast<int>(std::lround(value)); }
 class Layout {
  public:
     Layout(const std::vector<double>& ascending, const Histogram& histogram,
-           const DistributionTexts& texts, int width, int height)
-        : values_(ascending), histogram_(histogram), texts_(texts) {
+           const DistributionTexts& texts, const DistributionContext& context, int width,
+           int height)
+        : values_(ascending), histogram_(histogram), texts_(texts), context_(context) {
         drawing_.width = width;
         drawing_.height = height;
         left_ = kPad + kSide;
@@ -51,7 +53,12 @@ class Layout {
         DrawShares();
         DrawTicks();
         DrawBars();
-        DrawCurve();
+        if (!context_.without.empty()) {
+            DrawCurve(context_.without, kBehind);
+            AddText("without factors", Whole(Across(Percentile(context_.without, 0.99))) + kMarkGap,
+                    top_ + 14, kSmallSize, ChartAlign::Left, kChartSubtle);
+        }
+        DrawCurve(values_, kCurve);
         DrawMarks();
         return std::move(drawing_);
     }
@@ -73,10 +80,14 @@ class Layout {
     /// no line crosses a label.
     void PlaceMarks(int firstBaseline) {
         int overhang = 0;
-        for (const auto& [name, share] : kMarks) {
-            const double value = Percentile(values_, share);
-            marks_.push_back({std::string(name) + " " + texts_.value(value), value});
-            overhang = std::max(overhang, LabelEnd(marks_.back()) - (drawing_.width - kPad));
+        for (const auto& [name, share] : kMarks) AddMark(name, Percentile(values_, share));
+        if (context_.planned && *context_.planned >= histogram_.first &&
+            *context_.planned <= histogram_.End())
+            AddMark("Planned", *context_.planned);
+        std::stable_sort(marks_.begin(), marks_.end(),
+                         [](const Mark& a, const Mark& b) { return a.value < b.value; });
+        for (const Mark& mark : marks_) {
+            overhang = std::max(overhang, LabelEnd(mark) - (drawing_.width - kPad));
         }
         right_ = std::max(left_ + 1, right_ - overhang);
         int rows = 0;
@@ -89,6 +100,10 @@ class Layout {
         firstMark_ = firstBaseline;
         top_ = firstBaseline + (rows - 1) * kMarkHeight + 14;
         bottom_ = std::max(bottom_, top_ + 1);
+    }
+
+    void AddMark(const char* name, double value) {
+        marks_.push_back({std::string(name) + " " + texts_.value(value), value});
     }
 
     int LabelEnd(const Mark& mark) const {
@@ -163,15 +178,18 @@ class Layout {
     }
 
     /// Through the percentiles themselves, so that it meets the marks where it should.
-    void DrawCurve() {
+    void DrawCurve(const std::vector<double>& ascending, Colour colour) {
         ChartCurve curve;
-        curve.colour = kCurve;
-        curve.points.emplace_back(left_, bottom_);
-        curve.points.emplace_back(Across(values_.front()), bottom_);
+        curve.colour = colour;
+        const auto add = [&](double value, double share) {
+            const double within = std::clamp(value, histogram_.first, histogram_.End());
+            curve.points.emplace_back(Across(within), Up(share));
+        };
+        add(histogram_.first, 0);
+        add(ascending.front(), 0);
         for (int percent = 1; percent <= 100; ++percent)
-            curve.points.emplace_back(Across(Percentile(values_, percent / 100.0)),
-                                      Up(percent / 100.0));
-        curve.points.emplace_back(right_, top_);
+            add(Percentile(ascending, percent / 100.0), percent / 100.0);
+        add(histogram_.End(), 1);
         drawing_.curves.push_back(std::move(curve));
     }
 
@@ -183,6 +201,7 @@ class Layout {
     const std::vector<double>& values_;  ///< ascending
     const Histogram& histogram_;
     const DistributionTexts& texts_;
+    const DistributionContext& context_;
     ChartDrawing drawing_;
     std::vector<Mark> marks_;
     int firstMark_ = 0;                                ///< baseline of the highest label
@@ -193,9 +212,13 @@ class Layout {
 }  // namespace
 
 ChartDrawing DrawDistribution(const std::vector<double>& ascending, const Histogram& histogram,
-                              const DistributionTexts& texts, int width, int height) {
+                              const DistributionTexts& texts, int width, int height,
+                              const DistributionContext& context) {
     if (ascending.empty()) throw std::invalid_argument("a distribution needs at least one value");
-    return Layout(ascending, histogram, texts, width, height).Draw();
+    Histogram wide = histogram;
+    if (context.planned) wide.ReachTo(*context.planned);
+    if (!context.without.empty()) wide.ReachTo(context.without.front());
+    return Layout(ascending, wide, texts, context, width, height).Draw();
 }
 
 }  // namespace refhost

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,11 +19,19 @@ struct DistributionTexts {
     std::function<std::string(double)> value;
 };
 
+/// What else is drawn with a distribution.
+struct DistributionContext {
+    std::optional<double> planned;  ///< the value without any uncertainty: a mark of its own
+    /// The values without the risk factors, ascending: their cumulative curve behind the other.
+    std::vector<double> without;
+};
+
 /// How values of an analysis are distributed: a histogram, the cumulative curve over it, and the
 /// values that 10, 50, 80 and 90 percent of the iterations do not exceed. At least one value
 /// (std::invalid_argument).
 kestrel::ui::ChartDrawing DrawDistribution(const std::vector<double>& ascending,
                                            const Histogram& histogram,
-                                           const DistributionTexts& texts, int width, int height);
+                                           const DistributionTexts& texts, int width, int height,
+                                           const DistributionContext& context = {});
 
 }  // namespace refhost

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "refhost/charts/Distribution.h"
 #include "ui/controls/ChartDrawing.h"
 
 namespace refhost {
@@ -15,7 +16,8 @@ using DateFormatter = std::function<std::string(double)>;
 /// days, weeks or more wide, parts of a day where all fall close together. `finish` holds day
 /// serials, at least one (std::invalid_argument).
 kestrel::ui::ChartDrawing FinishDistribution(std::vector<double> finish, const std::string& title,
-                                             const DateFormatter& date, int width, int height);
+                                             const DateFormatter& date, int width, int height,
+                                             const DistributionContext& context = {});
 
 /// The same as an SVG document.
 std::string FinishDistributionSvg(const std::vector<double>& finish, const std::string& title,
@@ -23,6 +25,7 @@ std::string FinishDistributionSvg(const std::vector<double>& finish, const std::
 
 /// What the plan costs, over all iterations, drawn alike.
 kestrel::ui::ChartDrawing CostDistribution(std::vector<double> cost, const std::string& title,
-                                           int width, int height);
+                                           int width, int height,
+                                           const DistributionContext& context = {});
 
 }  // namespace refhost

@@ -53,6 +53,16 @@ std::string Histogram::StepText() const {
     return days % 7 == 0 ? text(days / 7, "week") : text(days, "day");
 }
 
+void Histogram::ReachTo(double value) {
+    constexpr double kMostBars = 160;
+    const double front = std::ceil(std::max(0.0, first - value) / step);
+    const double behind = std::ceil(std::max(0.0, value - End()) / step);
+    if (front + behind + static_cast<double>(counts.size()) > kMostBars) return;
+    counts.insert(counts.begin(), static_cast<std::size_t>(front), 0);
+    counts.insert(counts.end(), static_cast<std::size_t>(behind), 0);
+    first -= front * step;
+}
+
 Histogram HistogramOf(const std::vector<double>& ascending,
                       const std::function<bool(double, double)>& differ) {
     const double step = StepFor(ascending, differ);

@@ -16,6 +16,9 @@ struct Histogram {
     double End() const { return first + step * static_cast<double>(counts.size()); }
     /// Start of a bar; of the one behind the last it is End().
     double Edge(int bar) const { return first + step * bar; }
+    /// Adds empty bars at the ends until `value` lies between them; none for a value so far away
+    /// that the others would shrink to nothing.
+    void ReachTo(double value);
     /// The width of bars of days in words: "day", "2 weeks".
     std::string StepText() const;
 };

@@ -1,3 +1,6 @@
+#include "refhost/cli/AnalyseCommand.h"
+
+#include <filesystem>
 #include <optional>
 
 #include "base/Errors.h"
@@ -6,7 +9,6 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/cli/AnalysisArguments.h"
 #include "refhost/cli/Commands.h"
-#include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/FilePath.h"
 #include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Progress.h"
@@ -14,6 +16,9 @@
 #include "refhost/cli/Session.h"
 #include "refhost/cli/ShowCommand.h"
 #include "refhost/cli/TraceWriter.h"
+#include "refhost/engine/Criticality.h"
+#include "refhost/files/ValueText.h"
+#include "refhost/results/FactorTracker.h"
 
 namespace refhost {
 namespace {
@@ -21,20 +26,28 @@ namespace {
 /// Counts occurrences, writes the trace and shows progress while the analysis runs.
 class CommandWatcher : public AnalysisWatcher {
  public:
-    CommandWatcher(FactorTracker& factors, TraceWriter* trace, std::int32_t iterations)
-        : factors_(factors), trace_(trace), progress_(iterations) {}
+    CommandWatcher(LivePlan& plan, FactorTracker& factors, TraceWriter* trace,
+                   Criticality* criticality, std::int32_t iterations)
+        : plan_(plan),
+          factors_(factors),
+          trace_(trace),
+          criticality_(criticality),
+          progress_(iterations) {}
 
     bool AfterIteration(std::int32_t number, std::span<const std::int32_t> drawn,
                         const AnalysisResults& soFar) override {
         factors_.Follow();
         if (trace_) trace_->Write(number, drawn, soFar.finish.back(), soFar.cost.back());
+        if (criticality_) criticality_->Note(plan_.Scheduled());
         progress_.Show(number);
         return !progress_.CancelRequested();
     }
 
  private:
+    LivePlan& plan_;
     FactorTracker& factors_;
     TraceWriter* trace_;
+    Criticality* criticality_;
     Progress progress_;
 };
 
@@ -59,6 +72,34 @@ Report MakeReport(Session& session, const AnalysisSettings& settings,
     return report;
 }
 
+std::vector<TaskShare> SharesOf(const PlanData& plan, const Criticality& criticality) {
+    std::vector<TaskShare> shares;
+    for (std::size_t i = 0; i < plan.tasks.size(); ++i)
+        if (plan.tasks[i].type == kOrdinary)
+            shares.push_back({plan.tasks[i].id, plan.tasks[i].name, criticality.Of(i)});
+    return shares;
+}
+
+/// "2027-10-01T17:00", seconds or not, "T" or a blank; a date alone stands for its end.
+std::optional<Minute> TargetFinish(const Arguments& arguments) {
+    const auto text = arguments.Option("--target-finish");
+    if (!text) return std::nullopt;
+    if (const auto day = ReadDate(*text)) return (Minute{*day} + 1) * kMinutesPerDay;
+    std::string whole = *text;
+    if (whole.size() > 10 && whole[10] == ' ') whole[10] = 'T';
+    if (whole.size() == 16) whole += ":00";
+    if (const auto instant = ReadDateTime(whole)) return instant;
+    throw UsageError("'" + *text + "' is no value for --target-finish; give a date as 2027-10-01 " +
+                     "or 2027-10-01T17:00");
+}
+
+std::optional<double> TargetCost(const Arguments& arguments) {
+    const auto text = arguments.Option("--target-cost");
+    if (!text) return std::nullopt;
+    if (const auto number = ReadNumber(*text)) return number;
+    throw UsageError("'" + *text + "' is no value for --target-cost; give an amount as 31500000");
+}
+
 /// The tornado chart, and beside it the distribution of the finish (NAME-finish.svg).
 class Charts {
  public:
@@ -69,12 +110,15 @@ class Charts {
         finish_ = &outputs.AddBeside("--chart", Utf8Path(path));
     }
 
-    void Write(Session& session, const AnalysisResults& results) {
+    void Write(const Report& report, const AnalysisResults& results) {
         if (tornado_)
-            tornado_->Write(TornadoSvg(session, kestrel::ui::Measure::Duration, kDefaultTopRisks));
+            tornado_->Write(TornadoSvg(WithAlignedSensitivities(report.factors, report.figures),
+                                       report.planName, kestrel::ui::Measure::Duration,
+                                       kDefaultTopRisks,
+                                       "Correlation of one impact per iteration with the finish"));
         if (finish_)
             finish_->Write(FinishDistributionSvg(
-                results.finish, session.Plan().Name(),
+                results.finish, report.planName,
                 [](double serial) { return SerialText(serial).substr(0, 10); }));
     }
 
@@ -85,8 +129,30 @@ class Charts {
 
 }  // namespace
 
+Analysed AnalyseSession(Session& session, const AnalysisSettings& settings, FactorTracker& factors,
+                        TraceWriter* trace, bool withCriticality) {
+    LivePlan& plan = session.Plan().Live();
+    std::optional<Criticality> criticality;
+    if (withCriticality) criticality.emplace(plan.Data());
+    Analysed analysed;
+    {
+        CommandWatcher watcher(plan, factors, trace, criticality ? &*criticality : nullptr,
+                               settings.iterations);
+        analysed.results = RunWithAddIn(session, settings, watcher);
+    }
+    if (analysed.results.cancelled)
+        throw kestrel::DataError("The analysis was cancelled after " +
+                                 std::to_string(analysed.results.finish.size()) +
+                                 " iterations; nothing is written.");
+    analysed.report = MakeReport(session, settings, analysed.results, factors);
+    if (criticality) analysed.report.tasks = SharesOf(plan.Data(), *criticality);
+    return analysed;
+}
+
 void Analyse(const Arguments& arguments, Outputs& outputs) {
     Charts charts(arguments, outputs);
+    const auto targetFinish = TargetFinish(arguments);
+    const auto targetCost = TargetCost(arguments);
     Session session(arguments.Word("PLAN"), outputs, ReadImportOptions(arguments));
     RefuseImportOptions(arguments, session.Imported());
     FactorTracker factors(session.Host(), session.Desktop());
@@ -95,19 +161,12 @@ void Analyse(const Arguments& arguments, Outputs& outputs) {
     std::optional<TraceWriter> trace;
     if (auto* file = outputs.Find("--trace")) trace.emplace(session.Host(), factors, *file);
 
-    AnalysisResults results;
-    {
-        CommandWatcher watcher(factors, trace ? &*trace : nullptr, settings.iterations);
-        results = RunWithAddIn(session, settings, watcher);
-    }
-    if (results.cancelled)
-        throw kestrel::DataError("The analysis was cancelled after " +
-                                 std::to_string(results.finish.size()) +
-                                 " iterations; nothing is written.");
-    const Report report = MakeReport(session, settings, results, factors);
+    auto [results, report] = AnalyseSession(session, settings, factors, trace ? &*trace : nullptr,
+                                            arguments.Has("--criticality"));
+    if (targetFinish || targetCost) report.target = ChancesOf(results, targetFinish, targetCost);
 
     if (auto* file = outputs.Find("--json")) file->Write(ReportJson(report));
-    charts.Write(session, results);
+    charts.Write(report, results);
     if (auto* file = outputs.Find("--save")) session.SavePlan(*file);
     outputs.Tell(ReportText(report));
 }

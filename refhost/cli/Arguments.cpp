@@ -44,7 +44,7 @@ Arguments::Arguments(const std::vector<std::string>& words, const ArgumentRules&
     }
     if (positional.size() > rules.words.size())
         throw UsageError("'" + positional[rules.words.size()] + "' is one word too many");
-    if (positional.size() < rules.words.size())
+    if (positional.size() < rules.words.size() && rules.words[positional.size()].required)
         throw UsageError(std::string(rules.words[positional.size()].name) + " is missing");
     for (std::size_t i = 0; i < positional.size(); ++i)
         values_.emplace(rules.words[i].name, positional[i]);

@@ -25,10 +25,11 @@ enum class Use {
              ///< plan that is read
 };
 
-/// A word that a command requires, by its place.
+/// A word that a command takes by its place; those that may be missing are the last.
 struct WordRule {
     const char* name;  ///< as usage texts show it: "PLAN"
     Use use;
+    bool required = true;
 };
 
 struct OptionRule {

@@ -21,7 +21,8 @@ std::string Indented(std::string text, std::size_t width) {
 
 std::string UsageLine(const Command& command) {
     std::string line = std::string("usage: kestrel ") + command.name;
-    for (const WordRule& word : command.rules.words) line += std::string(" ") + word.name;
+    for (const WordRule& word : command.rules.words)
+        line += word.required ? std::string(" ") + word.name : std::string(" [") + word.name + "]";
     for (const OptionRule& option : command.rules.options)
         line += option.required ? " " + Shown(option) : " [" + Shown(option) + "]";
     return line + "\n";
@@ -48,7 +49,7 @@ std::string ProgramHelp() {
         "common XML format, and keeps its risk factors and their assignments.\n\n";
     for (const Command& command : Commands()) {
         std::string name = command.name;
-        name.resize(11, ' ');
+        name.resize(12, ' ');
         text += "  " + name + command.summary + "\n";
     }
     return text +

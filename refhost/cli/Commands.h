@@ -26,6 +26,8 @@ const std::vector<Command>& Commands();
 int RunCommandLine(const std::vector<std::string>& words);
 
 void Analyse(const Arguments& arguments, Outputs& outputs);
+void PrioritiseFactors(const Arguments& arguments, Outputs& outputs);
+void WriteReport(const Arguments& arguments, Outputs& outputs);
 void Import(const Arguments& arguments, Outputs& outputs);
 void Show(const Arguments& arguments, Outputs& outputs);
 void Factors(const Arguments& arguments, Outputs& outputs);

@@ -2,11 +2,14 @@
 
 #include "base/Errors.h"
 #include "refhost/cli/Commands.h"
-#include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/LinkedAddIn.h"
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
+#include "refhost/files/Csv.h"
+#include "refhost/files/RegisterTable.h"
+#include "refhost/results/FactorTracker.h"
 #include "store/RegisterDocument.h"
+#include "store/TaskField.h"
 #include "ui/editor/frmEditRiskFactors.h"
 
 namespace refhost {
@@ -74,6 +77,47 @@ void SaveTemplate(Session& session, const std::string& path, Outputs::File* outp
                         "'kestrel check' tells why.");
 }
 
+void SaveRegister(Session& session, const std::string& path, Outputs::File& output) {
+    if (!IsTableFile(path)) return SaveTemplate(session, path, &output);
+    output.Write(RegisterTableText(FactorTracker::ReadRegister(session.Host(), session.Desktop()),
+                                   SeparatorFor(path)));
+}
+
+/// The register with the sensitivities of those factors that stay as they are called, so that a
+/// table that says what the plan says changes nothing. Tasks name factors by number: a number that
+/// some task carries must go on meaning the same factor.
+void KeepMeaning(Session& session, const FactorList& factors) {
+    const FactorTracker before(session.Host(), session.Desktop());
+    for (std::size_t i = 0; i < before.Register().size(); ++i) {
+        const kestrel::clsRiskFactor& old = *before.Register()[i];
+        if (i < factors.size() && factors[i]->strDescription == old.strDescription) {
+            factors[i]->dblDurSens = old.dblDurSens;
+            factors[i]->m_dCostSens = old.m_dCostSens;
+        } else if (before.Carried()[i]) {
+            throw DataError("Tasks carry risk factor " + old.strID + " - " + old.strDescription +
+                            ", which is not number " + old.strID +
+                            " of the table; keep it in its place, or take it from the tasks.");
+        }
+    }
+}
+
+void LoadTable(Session& session, const std::string& path) {
+    RegisterTableReading reading;
+    try {
+        reading = ReadRegisterTable(session.Desktop().ReadFile(path));
+    } catch (const DataError& error) {
+        throw DataError(path + ": " + error.what());
+    }
+    if (!reading.complaints.empty()) {
+        for (const std::string& complaint : reading.complaints) TellError(path + ": " + complaint);
+        throw DataError(path + " cannot be read (" + std::to_string(reading.complaints.size()) +
+                        " complaints); nothing is changed.");
+    }
+    KeepMeaning(session, reading.factors);
+    kestrel::EnsureTextField(session.Plan(), kestrel::kRiskFactorsField);
+    kestrel::SaveRegisterToPlan(reading.factors, session.Plan());
+}
+
 std::string RegisterText(Session& session) {
     const auto factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
     return factors.empty() ? "The plan holds no risk factors.\n" : RegisterTable(factors);
@@ -89,8 +133,11 @@ void Factors(const Arguments& arguments, Outputs& outputs) {
         throw UsageError("-o needs --load, or there is nothing to write");
     Session session(arguments.Word("PLAN"), outputs);
     if (!loads && !saves) return outputs.Tell(RegisterText(session));
-    if (loads) LoadTemplate(session, arguments.Word("--load"));
-    if (saves) SaveTemplate(session, arguments.Word("--save"), outputs.Find("--save"));
+    if (loads) {
+        const std::string& path = arguments.Word("--load");
+        IsTableFile(path) ? LoadTable(session, path) : LoadTemplate(session, path);
+    }
+    if (saves) SaveRegister(session, arguments.Word("--save"), *outputs.Find("--save"));
     if (auto* plan = outputs.Find("-o"))
         session.SavePlan(*plan);
     else if (loads && !saves)

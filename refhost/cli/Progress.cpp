@@ -17,8 +17,9 @@ void OnInterrupt(int) { interrupted = 1; }
 
 }  // namespace
 
-Progress::Progress(std::int32_t total)
-    : onTerminal_(IsTerminal(Stream::Error)),
+Progress::Progress(std::int32_t total, std::int32_t every)
+    : every_(every),
+      onTerminal_(IsTerminal(Stream::Error)),
       started_(steady_clock::now()),
       nextUpdate_(started_ + std::chrono::milliseconds(300)) {
     form_.Open();
@@ -39,7 +40,7 @@ bool Progress::CancelRequested() {
 }
 
 void Progress::Show(std::int32_t done) {
-    if (!onTerminal_ || (done & 63) != 0) return;  // the clock costs more than an iteration
+    if (!onTerminal_ || done % every_ != 0) return;  // the clock costs more than an iteration
     const auto now = steady_clock::now();
     if (now < nextUpdate_) return;
     nextUpdate_ = now + std::chrono::milliseconds(100);

@@ -11,7 +11,8 @@ namespace refhost {
 /// work runs; nothing where that is no terminal. Ctrl+C asks the work to stop.
 class Progress {
  public:
-    explicit Progress(std::int32_t total);
+    /// `total` pieces of work, of which every so-manieth asks the clock.
+    explicit Progress(std::int32_t total, std::int32_t every = 64);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -23,6 +24,7 @@ class Progress {
     void Paint(double elapsed);
 
     kestrel::ui::frmProgress form_;
+    std::int32_t every_;
     bool onTerminal_;
     bool shown_ = false;
     void (*before_)(int);  ///< what an interrupt did

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "base/NumberText.h"
-#include "core/analysis/modPearsons.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/cli/Json.h"
 #include "refhost/cli/Table.h"
@@ -16,19 +14,6 @@ namespace {
 using kestrel::FixedText;
 
 std::string Percent(double value, int decimals) { return FixedText(value, decimals) + "%"; }
-
-/// Positions of the factors, the strongest driver of the finish first; equals by position.
-std::vector<std::size_t> RankedByFinish(const FactorTracker::Factors& factors) {
-    std::vector<std::size_t> order(factors.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        const auto square = [&](std::size_t i) {
-            return factors[i]->dblDurSens * factors[i]->dblDurSens;
-        };
-        return square(a) > square(b);
-    });
-    return order;
-}
 
 std::string ResultTable(const Report& report) {
     Table table(
@@ -61,19 +46,38 @@ std::string RankingTable(const Report& report) {
                  {"Cost", Table::Align::Right},
                  {"Occurred", Table::Align::Right},
                  {"Mean impact", Table::Align::Right},
-                 {"Aligned", Table::Align::Right},
+                 {"As in Driving Risks", Table::Align::Right},
                  {"Share of the finish", Table::Align::Left}});
     int rank = 0;
-    for (const std::size_t i : RankedByFinish(report.factors)) {
+    for (const std::size_t i : RankedBy(report.figures, &FactorFigures::alignedDurSens)) {
         const kestrel::clsRiskFactor& factor = *report.factors[i];
+        const FactorFigures& figures = report.figures[i];
         const double share =
-            static_cast<double>(report.figures[i].occurrences) / report.settings.iterations * 100;
+            static_cast<double>(figures.occurrences) / report.settings.iterations * 100;
         table.Add({std::to_string(++rank), factor.strID, factor.strDescription,
-                   FixedText(factor.dblDurSens, 3), FixedText(factor.m_dCostSens, 3),
-                   Percent(share, 1), Percent(report.figures[i].meanDurationImpact * 100, 1),
-                   FixedText(report.figures[i].alignedDurSens, 3), Bar(factor.dblDurSens)});
+                   FixedText(figures.alignedDurSens, 3), FixedText(figures.alignedCostSens, 3),
+                   Percent(share, 1), Percent(figures.meanDurationImpact * 100, 1),
+                   FixedText(factor.dblDurSens, 3) + " / " + FixedText(factor.m_dCostSens, 3),
+                   Bar(figures.alignedDurSens)});
     }
     return table.Text();
+}
+
+std::string CriticalTable(const std::vector<TaskShare>& tasks) {
+    constexpr std::size_t kMost = 10;
+    Table table({{"Critical", Table::Align::Right},
+                 {"ID", Table::Align::Right},
+                 {"Task", Table::Align::Left}});
+    for (const TaskShare& task : MostCritical(tasks, kMost))
+        table.Add({Percent(task.criticality * 100, 1), task.id, task.name});
+    return table.Text();
+}
+
+std::string TargetText(const Target& target) {
+    const auto percent = [](double share) { return Percent(share * 100, 1); };
+    return "Chance to finish by " + DateAndTimeText(target.finish) + ": " +
+           percent(target.chanceFinish) + "; to cost no more than " + MoneyText(target.cost) +
+           ": " + percent(target.chanceCost) + "; both: " + percent(target.chanceBoth) + "\n";
 }
 
 void AddSummary(JsonWriter& json, const char* name, const Summary& summary) {
@@ -83,54 +87,47 @@ void AddSummary(JsonWriter& json, const char* name, const Summary& summary) {
     json.Key("p80").Double(summary.p80).Key("p90").Double(summary.p90).EndObject();
 }
 
-/// A result over all iterations, its statistics worked out once for all factors.
-struct ResultSeries {
-    explicit ResultSeries(const std::vector<double>& values)
-        : samples(values),
-          mean(kestrel::CollectionMean(values)),
-          deviation(kestrel::CollectionStdDev(values, mean)) {}
-
-    double Aligned(const std::vector<double>& impacts) {
-        if (impacts.size() < samples.size()) return 0;
-        return kestrel::ArrayPearson(samples, impacts, samples.size(), true, mean, deviation);
+void AddTasks(JsonWriter& json, const Report& report) {
+    if (!report.tasks) return;
+    json.Break().Key("tasks").BeginArray();
+    for (const TaskShare& task : *report.tasks) {
+        json.Break().BeginObject().Key("id").Text(task.id);
+        json.Key("criticality").Double(task.criticality).EndObject();
     }
+    json.EndArray();
+}
 
-    const std::vector<double>& samples;
-    double mean;
-    double deviation;
-};
+void AddTarget(JsonWriter& json, const Report& report) {
+    if (!report.target) return;
+    const Target& target = *report.target;
+    json.Break().Key("target").BeginObject();
+    json.Key("finish").Text(DateAndTimeText(target.finish, "T") + ":00");
+    json.Key("cost").Double(target.cost);
+    json.Key("chanceFinish").Double(target.chanceFinish);
+    json.Key("chanceCost").Double(target.chanceCost);
+    json.Key("chanceBoth").Double(target.chanceBoth).EndObject();
+}
 
 }  // namespace
-
-std::vector<FactorFigures> FiguresOf(const FactorTracker& factors, const AnalysisResults& results) {
-    std::vector<FactorFigures> all(factors.Register().size());
-    ResultSeries finish(results.finish);
-    ResultSeries cost(results.cost);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        const std::vector<double>& durations = factors.DurationImpacts(i);
-        const std::vector<double>& costs = factors.CostImpacts(i);
-        all[i].occurrences = factors.Occurrences()[i];
-        all[i].alignedDurSens = finish.Aligned(durations);
-        all[i].alignedCostSens = cost.Aligned(costs);
-        if (durations.empty()) continue;
-        all[i].meanDurationImpact = kestrel::CollectionMean(durations);
-        all[i].meanCostImpact = kestrel::CollectionMean(costs);
-    }
-    return all;
-}
 
 std::string ReportText(const Report& report) {
     std::string text = report.planName + ": " + std::to_string(report.settings.iterations) +
                        " iterations, seed " + std::to_string(report.settings.seed) + "\n\n" +
                        ResultTable(report) + "\n";
+    if (report.target) text += TargetText(*report.target) + "\n";
     if (report.factors.empty())
-        return text + "The plan holds no risk factors; only the tasks' own distributions count.\n";
-    return text + "What drives the finish (correlations with finish and cost)\n\n" +
-           RankingTable(report) +
-           "\nFinish and Cost correlate the impact at each visit of a task; Aligned correlates one "
-           "impact\n"
-           "per iteration with the finish, the fairer measure for a factor that many tasks "
-           "carry.\n";
+        text += "The plan holds no risk factors; only the tasks' own distributions count.\n";
+    else
+        text +=
+            "What drives the finish (correlations with finish and cost)\n\n" +
+            RankingTable(report) +
+            "\nFinish and Cost correlate one impact per iteration with the result; the stored\n"
+            "figures, as in Driving Risks (finish / cost), take one at each visit of a task and\n"
+            "come out near 0 for a factor that many tasks carry. What each factor costs, in\n"
+            "days or money: kestrel prioritise.\n";
+    if (report.tasks)
+        text += "\nThe tasks that are critical most often\n\n" + CriticalTable(*report.tasks);
+    return text;
 }
 
 std::string ReportJson(const Report& report) {
@@ -157,7 +154,10 @@ std::string ReportJson(const Report& report) {
         json.Key("alignedDurSens").Double(figures.alignedDurSens);
         json.Key("alignedCostSens").Double(figures.alignedCostSens).EndObject();
     }
-    json.EndArray().EndObject();
+    json.EndArray();
+    AddTasks(json, report);
+    AddTarget(json, report);
+    json.EndObject();
     return json.Result() + "\n";
 }
 

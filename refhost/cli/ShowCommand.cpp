@@ -4,8 +4,9 @@
 
 #include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
-#include "refhost/cli/FactorTracker.h"
+#include "refhost/cli/Session.h"
 #include "refhost/cli/Table.h"
+#include "refhost/results/FactorTracker.h"
 #include "ui/controls/ChartGeometry.h"
 #include "ui/controls/ChartSvg.h"
 
@@ -29,10 +30,11 @@ std::string RankedTable(const FactorTracker::Factors& factors, Measure measure, 
 
 }  // namespace
 
-std::string TornadoSvg(Session& session, Measure measure, int count) {
+std::string TornadoSvg(const kestrel::ui::Register& factors, const std::string& planName,
+                       Measure measure, int count, const std::string& axis) {
     kestrel::ui::Chart chart("plotDur");
-    kestrel::ui::DrawTornado(chart, FactorTracker::ReadRegister(session.Host(), session.Desktop()),
-                             measure, count, session.Plan().Name());
+    kestrel::ui::DrawTornado(chart, factors, measure, count, planName);
+    if (!axis.empty()) chart.YAxis(0).attributes.Set("Title", axis);
     const kestrel::ui::ChartSize size = kestrel::ui::ComfortableSize(chart);
     return kestrel::ui::ChartSvgText(chart, size.width, size.height);
 }
@@ -48,7 +50,8 @@ void Show(const Arguments& arguments, Outputs& outputs) {
     if (!session.Plan().Live().ResultsUpToDate())
         TellError(
             "The risk analysis is out of date; run 'kestrel analyse' with --save to update it.");
-    if (auto* chart = outputs.Find("--chart")) chart->Write(TornadoSvg(session, measure, count));
+    if (auto* chart = outputs.Find("--chart"))
+        chart->Write(TornadoSvg(factors, session.Plan().Name(), measure, count));
     outputs.Tell(factors.empty() ? "The plan holds no risk factors.\n"
                                  : RankedTable(factors, measure, count));
 }

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "refhost/cli/Session.h"
 #include "ui/driving_risks/DrivingRisks.h"
 
 namespace refhost {
@@ -10,7 +9,9 @@ namespace refhost {
 /// How many factors a chart shows unless told otherwise.
 inline constexpr int kDefaultTopRisks = 10;
 
-/// The tornado chart of the plan's register as it stands, as an SVG document.
-std::string TornadoSvg(Session& session, kestrel::ui::Measure measure, int count);
+/// The tornado chart of a register as an SVG document; `axis` names the correlations where they
+/// are not those of the add-in.
+std::string TornadoSvg(const kestrel::ui::Register& factors, const std::string& planName,
+                       kestrel::ui::Measure measure, int count, const std::string& axis = "");
 
 }  // namespace refhost

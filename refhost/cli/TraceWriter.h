@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "refhost/cli/FactorTracker.h"
 #include "refhost/cli/Json.h"
 #include "refhost/cli/Outputs.h"
+#include "refhost/results/FactorTracker.h"
 
 namespace refhost {
 

@@ -72,6 +72,11 @@ class LivePlan {
     /// Early dates of an ordinary task or a summary.
     std::pair<std::int64_t, std::int64_t> StartAndFinish(std::size_t task);
     WorkCalendar& WorkingTime() { return calendar_; }
+    /// The network with the early dates of all tasks.
+    const Network& Scheduled() {
+        Refresh();
+        return network_;
+    }
     ///@}
 
     /// @name Analysis

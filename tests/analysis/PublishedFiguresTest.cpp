@@ -5,10 +5,10 @@
 #include "core/analysis/modPearsons.h"
 #include "host/clsSchedulon.h"
 #include "refhost/engine/Analysis.h"
+#include "refhost/engine/NoSettings.h"
 #include "refhost/engine/Statistics.h"
 #include "store/RegisterDocument.h"
 #include "support/FakeDesktop.h"
-#include "support/NoSettings.h"
 
 namespace refhost {
 namespace {

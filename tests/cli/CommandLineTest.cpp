@@ -36,6 +36,27 @@ TEST(CommandLine, GivesTheSameBytesForTheSameSeedAndTouchesNoPlanUnasked) {
     EXPECT_EQ(place.Read("plan.kplan"), before);
 }
 
+TEST(CommandLine, PricesAFactorAsTheAnalysisOfAPlanInWhichItNeverOccurs) {
+    const Workplace place;
+    const std::string plan = kestrel::ReadWholeFile(kExample);
+    place.Write("plan.kplan", plan);
+    place.Write("edited.kplan", Replaced(plan, "&lt;Probability&gt;40", "&lt;Probability&gt;-1"));
+    const std::string run = " --iterations 150 --json ";
+    for (const char* threads : {"1", "2", "7"})
+        ASSERT_EQ(
+            place.Run("prioritise plan.kplan --threads " + (threads + run) + threads).exitCode, 0);
+    const std::string priced = place.Read("1");
+    EXPECT_EQ(place.Read("2"), priced);
+    EXPECT_EQ(place.Read("7"), priced);
+
+    ASSERT_EQ(place.Run("analyse edited.kplan" + run + "edited").exitCode, 0);
+    const auto figure = [](const std::string& text, const std::string& key) {
+        const std::size_t at = text.find("\"" + key + "\":") + key.size() + 3;
+        return text.substr(at, text.find_first_of(",}", at) - at);
+    };
+    EXPECT_EQ(figure(priced, "without"), figure(place.Read("edited"), "p80"));
+}
+
 TEST(CommandLine, SavesThePlanWithItsResultsUntilThePlanChanges) {
     const Workplace place;
     place.Write("plan.kplan", kSmall);
@@ -89,9 +110,14 @@ TEST(CommandLine, RefusesBadInputInOneSentenceAndLeavesNoFile) {
         {1, "analyse plan.kplan --iterations 3 --json out --trace /dev/full", "/dev/full"},
         {1, "analyse plan.kplan", "\\nkestrel: forged|[...]|plan.kplan",
          Replaced(kSmall, "\"4800\"", "\"&#10;kestrel: forged" + std::string(100'000, 'x') + "\"")},
-        {2, "assign plan.kplan", "TASK is missing|usage"},
+        {2, "assign plan.kplan", "TASKS is missing|usage"},
         {2, "analyse plan.kplan --fast", "--fast|usage"},
         {2, "analyse plan.kplan --iterations 0", "--iterations|from 1"},
+        {2, "analyse plan.kplan --target-finish soon --json out", "'soon'|2027-10-01T17:00"},
+        {2, "prioritise plan.kplan --percentile 101 --json out", "'101'|0 to 100"},
+        {1, "prioritise plan.kplan --json out", "Task A - Dig carries risk factor 4",
+         Replaced(kSmall, "<CostItem",
+                  "<UserValue Name=\"RiskFactors\">(1,4)</UserValue><CostItem")},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.words);
@@ -162,6 +188,77 @@ TEST(CommandLine, ExchangesTheRegisterWithATemplate) {
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_THAT(refused.errors, HasSubstr("have been assigned to tasks"));
     EXPECT_FALSE(place.Exists("out"));
+}
+
+TEST(CommandLine, ExchangesTheRegisterAsATableThatNoSpreadsheetRuns) {
+    const Workplace place;
+    place.Write("plan.kplan", kSmall);
+    place.Write("in.csv",
+                "\xEF\xBB\xBF likelihood;Description;DUR MAX\r\n"
+                "12,5 %;=1+1;150\r\n\r\n;\"@a;\"\"b\"\"\n\xD7\x90 <i>\";130.25%\r\n"
+                "50;'-x;\r\n");
+    ASSERT_EQ(place.Run("factors plan.kplan --load in.csv -o a.kplan --save a.csv").exitCode, 0);
+    EXPECT_EQ(place.Read("a.csv"),
+              "Description,Dur Min,Dur Likely,Dur Max,Cost Min,Cost Likely,Cost Max,Likelihood,"
+              "Likelihood Correlated to\r\n"
+              "\"'=1+1\",100%,100%,150%,100%,100%,100%,12.5%,0\r\n"
+              "\"'@a;\"\"b\"\"\n\xD7\x90 <i>\",100%,100%,130.25%,100%,100%,100%,100%,0\r\n"
+              "\"'-x\",100%,100%,100%,100%,100%,100%,50%,0\r\n");
+    ASSERT_EQ(place.Run("factors a.kplan --load a.csv -o b.kplan --save b.tsv").exitCode, 0);
+    EXPECT_EQ(place.Read("b.kplan"), place.Read("a.kplan")) << "what it wrote changes nothing";
+    ASSERT_EQ(place.Run("assign a.kplan A-B --series 2 -o a.kplan").exitCode, 0);
+
+    const struct {
+        const char* table;
+        const char* told;
+    } rows[] = {
+        {"Description,Dur Min\nFrost,wide\nFog,\"9,5\"\n",
+         "t.csv: line 2, column Dur Min: 'wide'|line 3, column Dur Min: '9,5'"},
+        {"Description;Dur Max\nFrost;90\n", "line 2, column Dur Max: '90%' is less than"},
+        {"Description,Likelihood Correlated to\nFrost,1\n", "column Likelihood Correlated to: '1'"},
+        {"Description,Cause\nFrost,cold\n", "line 1|'Cause'"},
+        {"Description\n\"Frost\n", "line 2|none closes it"},
+        {"Description\nFr\xF6st\n", "line 2|UTF-8"},
+        {"Description\n=1+1\n", "risk factor 2|take it from the tasks"},
+    };
+    for (const auto& row : rows) {
+        place.Write("t.csv", row.table);
+        const RunResult refused = place.Run("factors a.kplan --load t.csv -o out");
+        EXPECT_EQ(refused.exitCode, 1);
+        for (int i = 1; i <= kestrel::CountListItems(row.told, "|"); ++i)
+            EXPECT_THAT(refused.errors, HasSubstr(kestrel::GetListItem(row.told, i, "|")));
+        EXPECT_FALSE(place.Exists("out"));
+    }
+}
+
+TEST(CommandLine, AssignsToManyTasksAndListsWhatHasChanged) {
+    const Workplace place;
+    place.Write("from.csv", "Task,Risk Factors\n1110,\"(2(P));(4,5)\"\n1120,\n");
+    place.Write("bad.csv", "Task,Risk Factors\n9999,1\n1110,1x\n");
+    const struct {
+        const char* words;
+        int exitCode;
+        const char* told;
+    } rows[] = {
+        {"1110-1120 --series 3", 0, "1110 - |-> (3)|1120 - "},
+        {"1110,1120 --add \"(2(P));(1)\"", 0, "(3) -> (2(P));(3,1)"},
+        {"1110 --add 2 --remove 3", 0, "(2(P));(3,1) -> (1,2)|1 of 1 task changed"},
+        {"1100 --remove 1,2,3", 0, "1110 - |1120 - |-> no risk factors"},
+        {"--from from.csv", 0, "-> (2(P));(4,5)|2 tasks changed"},
+        {"--from bad.csv", 1, "line 2, column Task: |line 3, column Risk Factors: '1x'"},
+        {"1120-1110 --add 1", 1, "stands before"},
+        {"1110 --add 1 --series 2", 2, "--add"},
+    };
+    std::string plan = kExample;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.words);
+        const RunResult result = place.Run("assign '" + plan + "' " + row.words + " -o plan.kplan");
+        EXPECT_EQ(result.exitCode, row.exitCode) << result.errors;
+        for (int i = 1; i <= kestrel::CountListItems(row.told, "|"); ++i)
+            EXPECT_THAT(result.output + result.errors,
+                        HasSubstr(kestrel::GetListItem(row.told, i, "|")));
+        plan = "plan.kplan";
+    }
 }
 
 TEST(CommandLine, ImportsAProjectFileAndAnalysesIt) {

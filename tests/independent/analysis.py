@@ -8,7 +8,7 @@ import math
 import re
 import xml.etree.ElementTree as ElementTree
 
-from plan import text_of
+from plan import minute_of, text_of
 from stream import Stream
 
 
@@ -156,15 +156,19 @@ def figures(values):
 class Analysis:
     """Runs the analysis of a plan; `trace` and `summary` are what the host should report."""
 
-    def __init__(self, plan, iterations, seed):
+    def __init__(self, plan, iterations, seed, never=()):
+        """`never`: the numbers of factors that never occur, while they draw and share as ever."""
         self.plan = plan
         self.stream = Stream(seed)
         self.factors = register_of(plan.register)
+        for number in never:
+            self.factors[number - 1].probability = -1.0
         self.durations = {task: task.duration for task in plan.tasks}
         self.costs = {task: task.costs for task in plan.tasks}
         deterministic = self._outcome()
         self._prepare()
         self.finishes, self.plan_costs, self.trace = [], [], []
+        self.planned, self.critical = deterministic, {}
         for iteration in range(1, iterations + 1):
             self._iterate(iteration)
         self.summary = {
@@ -209,6 +213,8 @@ class Analysis:
         randoms = draw_occurrences(self.factors, self.stream)
         tasks = self._apply()
         _, finish, cost = self._outcome()
+        for task in self.plan.critical():
+            self.critical[task] = self.critical.get(task, 0) + 1
         self.finishes.append(finish)
         self.plan_costs.append(cost)
         for factor in self.factors:
@@ -243,3 +249,18 @@ class Analysis:
                 "durSens": stored(correlation(self.finishes, factor.durations)),
                 "costSens": stored(correlation(self.plan_costs, factor.costs)),
                 "occurrences": factor.occurrences}
+
+    def criticality(self):
+        """The ordinary tasks in plan order with their share of critical iterations."""
+        return [{"id": task.id, "criticality": self.critical.get(task, 0) / len(self.finishes)}
+                for task in self.plan.tasks if not task.summary]
+
+    def target(self, finish, cost):
+        """The chances of a finish (text) and a cost; what is not given is the plan's own."""
+        finish = finish or self.planned[0]
+        cost = self.planned[2] if cost is None else cost
+        serial = minute_of(finish) / 1440
+        within = [(f <= serial, c <= cost) for f, c in zip(self.finishes, self.plan_costs)]
+        share = lambda hits: sum(hits) / len(within)
+        return {"finish": finish, "cost": cost, "chanceFinish": share([f for f, _ in within]),
+                "chanceCost": share([c for _, c in within]), "chanceBoth": share([f and c for f, c in within])}

@@ -17,6 +17,7 @@ import tempfile
 import generate
 from analysis import Analysis
 from plan import Plan, text_of
+from priorities import priorities
 from stream import Stream
 
 SHOWN_DIFFERENCES = 5
@@ -40,11 +41,12 @@ def differences(expected, actual, where):
         yield f"{where}: expected {expected!r}, got {actual!r}"
 
 
-def analyse(kestrel, path, iterations, seed, folder):
+def analyse(kestrel, path, iterations, seed, targets, folder):
     """What kestrel writes for the plan: its figures and its trace."""
     figures, trace = folder / "figures.json", folder / "trace.jsonl"
     run = subprocess.run([kestrel, "analyse", path, "--iterations", str(iterations), "--seed", str(seed),
-                          "--json", figures, "--trace", trace], capture_output=True, text=True, timeout=600)
+                          "--json", figures, "--trace", trace, "--criticality", *targets],
+                         capture_output=True, text=True, timeout=600)
     if run.returncode != 0:
         raise OSError(f"exit {run.returncode}, {run.stderr.strip()[-300:]}")
     lines = trace.read_text(encoding="utf-8").splitlines()
@@ -55,11 +57,31 @@ def compare(kestrel, path, iterations, folder):
     """The differences between kestrel and the model for one plan, the earliest first."""
     plan = Plan(path)
     model = Analysis(plan, iterations, plan.seed)
+    # Figures of an iteration itself, so that "no later" and "no dearer" are tried at their edges.
+    finish = text_of(round(sorted(model.finishes)[iterations // 2] * 1440))
+    cost = sorted(model.plan_costs)[iterations // 3] if iterations % 2 == 0 else None
+    targets = ["--target-finish", finish] + ([] if cost is None else ["--target-cost", repr(cost)])
+    model.summary |= {"tasks": model.criticality(), "target": model.target(finish, cost)}
     try:
-        figures, trace = analyse(kestrel, path, iterations, plan.seed, folder)
+        figures, trace = analyse(kestrel, path, iterations, plan.seed, targets, folder)
     except (subprocess.SubprocessError, OSError, ValueError) as failure:
         return [f"kestrel analyse: {failure}"]
-    return [*differences(model.trace, trace, "trace"), *differences(model.summary, figures, "figures")]
+    found = [*differences(model.trace, trace, "trace"), *differences(model.summary, figures, "figures")]
+    return found or compare_priorities(kestrel, plan, path, min(iterations, 40), folder)
+
+
+def compare_priorities(kestrel, plan, path, iterations, folder):
+    """The differences in what each factor costs; measure, percentile and threads vary by plan."""
+    measure = "cost" if plan.seed % 2 else "finish"
+    share, threads = [80, 50, 12.5, 100][plan.seed % 4], [1, 2, 7][plan.seed % 3]
+    written = folder / "priorities.json"
+    words = [kestrel, "prioritise", path, "--iterations", iterations, "--percentile", share, "--threads", threads,
+             "--json", written] + (["--cost"] if measure == "cost" else [])
+    run = subprocess.run([str(word) for word in words], capture_output=True, text=True, timeout=600)
+    if run.returncode != 0:
+        return [f"kestrel prioritise: exit {run.returncode}, {run.stderr.strip()[-300:]}"]
+    return [*differences(priorities(plan, iterations, measure, share),
+                         json.loads(written.read_text(encoding="utf-8")), "priorities")]
 
 
 def print_figures(path, iterations):

@@ -190,5 +190,31 @@ class Plan:
         self.starts, self.finishes = starts, finishes
         return latest
 
+    def critical(self):
+        """The tasks whose start binds the finish of the last pass, walking back over what binds."""
+        latest = max(self.finishes.values(), default=0)
+        marked = set()
+        waiting = [(task, "F") for task, finish in self.finishes.items() if finish == latest]
+        bounds = {task: (floor, links) for task, floor, links in self.order}
+        while waiting:
+            task, end = waiting.pop()
+            if (task, end) in marked:
+                continue
+            marked.add((task, end))
+            if end == "F":
+                waiting.append((task, "S"))
+                continue
+            for leaves, kind, lag in bounds[task][1]:
+                if not leaves:  # of a summary without ordinary tasks: nothing stands behind it
+                    continue
+                times = self.finishes if kind[0] == "F" else self.starts
+                made = (max if kind[0] == "F" else min)(times[leaf] for leaf in leaves)
+                bound = made + lag
+                if kind[1] == "F":
+                    bound -= self.finishes[task] - self.starts[task]
+                if bound == self.starts[task]:
+                    waiting += [(leaf, kind[0]) for leaf in leaves if times[leaf] == made]
+        return {task for task, end in marked if end == "S"}
+
     def finish_minute(self, working_minutes):
         return self.calendar.after(self.start, working_minutes)

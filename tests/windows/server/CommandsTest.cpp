@@ -2,6 +2,7 @@
 
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComErrors.h"
+#include "windows/server/FailingAllocations.h"
 #include "windows/server/ListenedHost.h"
 #include "windows/server/ServerTest.h"
 
@@ -70,6 +71,22 @@ TEST_F(CommandsTest, TheSameThroughDispatch) {
     const auto support = addIn_.As<ISupportErrorInfo>(IID_ISupportErrorInfo);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__clsKestrelDll), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IObjectWithSite), S_FALSE);
+}
+
+TEST_F(CommandsTest, EndInWordsWhereverMemoryRunsOut) {
+    FailingAllocations allocations(dll_.Module());
+    int failed = 1, refused = 0;
+    for (int first = 0; failed != 0; ++first) {
+        SCOPED_TRACE(first);
+        allocations.FailFrom(first);
+        const HRESULT started = addIn_->LaunchStartSchedulon();
+        const HRESULT edited = addIn_->LaunchEdit();
+        failed = allocations.Stop();
+        refused += started == E_OUTOFMEMORY;
+        EXPECT_TRUE(started == E_OUTOFMEMORY || started == win32::kHostFailed);
+        EXPECT_EQ(edited, failed == 0 ? S_OK : E_OUTOFMEMORY);
+    }
+    EXPECT_GT(refused, 2);
 }
 
 TEST_F(CommandsTest, TheHostThatIsTheSiteComesBeforeTheRegisteredOne) {

@@ -6,7 +6,7 @@
 
 #include "platform/win32/ComApartment.h"
 #include "refhost/engine/Analysis.h"
-#include "refhost/engine/Settings.h"
+#include "refhost/engine/NoSettings.h"
 #include "refhost/windows/automation/AutomationServer.h"
 #include "windows/support/Client.h"
 

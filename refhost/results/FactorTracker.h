@@ -22,6 +22,8 @@ class FactorTracker {
 
     using Factors = std::vector<std::shared_ptr<kestrel::clsRiskFactor>>;
     const Factors& Register() const { return globals_.RiskFactors; }
+    /// Per factor, whether some task carries it.
+    const std::vector<bool>& Carried() const { return carried_; }
     /// Of the last iteration, per factor; a factor that no task carries never occurs.
     const std::vector<bool>& Occurred() const { return occurred_; }
     /// Iterations in which the factor has occurred.

@@ -1,4 +1,4 @@
-#include "refhost/cli/FactorTracker.h"
+#include "refhost/results/FactorTracker.h"
 
 #include <algorithm>
 

@@ -1,0 +1,62 @@
+#include "refhost/cli/TaskSelection.h"
+
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "base/Errors.h"
+#include "util/modToolBox.h"
+
+namespace refhost {
+namespace {
+
+std::string Trimmed(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// First and last position of the task or the range; nothing when it names neither.
+std::optional<std::pair<std::size_t, std::size_t>> RangeOf(HostPlan& plan,
+                                                           const std::string& word) {
+    if (const auto task = plan.Find(word)) return std::pair{*task, *task};
+    for (std::size_t dash = word.find('-'); dash != word.npos; dash = word.find('-', dash + 1)) {
+        const auto from = plan.Find(Trimmed(word.substr(0, dash)));
+        const auto to = plan.Find(Trimmed(word.substr(dash + 1)));
+        if (!from || !to) continue;
+        if (*from > *to)
+            throw kestrel::DataError("In '" + word +
+                                     "' the second task stands before the first; "
+                                     "name them in the order of the plan.");
+        return std::pair{*from, *to};
+    }
+    return std::nullopt;
+}
+
+void AddWithAllBelow(const LivePlan& plan, std::size_t task, std::set<std::size_t>& selected) {
+    selected.insert(task);
+    for (const std::size_t child : plan.Children(task)) AddWithAllBelow(plan, child, selected);
+}
+
+}  // namespace
+
+std::vector<std::size_t> SelectedTasks(HostPlan& plan, const std::string& words) {
+    std::set<std::size_t> selected;
+    const auto add = [&](const std::string& word) {
+        const auto range = RangeOf(plan, word);
+        if (!range) return false;
+        for (std::size_t task = range->first; task <= range->second; ++task)
+            AddWithAllBelow(plan.Live(), task, selected);
+        return true;
+    };
+    if (!add(words))
+        for (int piece = 1; piece <= kestrel::CountListItems(words, ","); ++piece) {
+            const std::string word = Trimmed(kestrel::GetListItem(words, piece, ","));
+            if (!add(word))
+                throw kestrel::DataError("the plan has no task '" + word +
+                                         "'; name a task by its ID.");
+        }
+    return {selected.begin(), selected.end()};
+}
+
+}  // namespace refhost
