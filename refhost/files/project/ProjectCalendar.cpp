@@ -141,16 +141,19 @@ bool ProjectCalendars::DiffersFromPlan(const std::string& uid) {
     return differs_[uid] = differs;
 }
 
+/// Days before the plan's start are nothing to it.
 bool ProjectCalendars::Compare(const std::string& uid) {
     const Calendar standard = Calendar::Standard();
     const Calendar& plan = plan_ ? *plan_ : standard;
-    const Own& own = OwnOf(uid);
-    if (BaseOf(uid) != projectUid_ || projectUid_.empty()) return Resolve(uid) != plan;
-    const auto different = [&plan](const auto& day) { return plan.On(day.first) != day.second; };
-    for (std::size_t day = 0; day < own.week.size(); ++day)
-        if (own.week[day] && *own.week[day] != plan.week[day]) return true;
-    return std::any_of(own.weeks.begin(), own.weeks.end(), different) ||
-           std::any_of(own.exceptions.begin(), own.exceptions.end(), different);
+    const Calendar other = Resolve(uid);
+    Spend(static_cast<std::int64_t>(plan.exceptions.size() + other.exceptions.size()),
+          calendars_.at(uid));
+    const auto differ = [this, &plan, &other](const auto& entry) {
+        return entry.first >= horizon_.first && plan.On(entry.first) != other.On(entry.first);
+    };
+    return plan.week != other.week ||
+           std::any_of(plan.exceptions.begin(), plan.exceptions.end(), differ) ||
+           std::any_of(other.exceptions.begin(), other.exceptions.end(), differ);
 }
 
 const ProjectCalendars::Own& ProjectCalendars::OwnOf(const std::string& uid) {
