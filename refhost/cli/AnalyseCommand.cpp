@@ -11,6 +11,7 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/FilePath.h"
+#include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Output.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
@@ -154,7 +155,8 @@ Analysed AnalyseSession(Session& session, const AnalysisSettings& settings, Fact
 }
 
 void Analyse(const Arguments& arguments) {
-    Session session(arguments.Positional(0));
+    Session session(arguments.Positional(0), ReadImportOptions(arguments));
+    RefuseImportOptions(arguments, session.Imported());
     const AnalysisSettings settings = SettingsOf(arguments, session.Plan().Live().Data());
     const auto targetFinish = TargetFinish(arguments);
     const auto targetCost = TargetCost(arguments);

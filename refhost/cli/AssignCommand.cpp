@@ -6,7 +6,9 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "refhost/cli/Commands.h"
+#include "refhost/cli/Output.h"
 #include "refhost/cli/Session.h"
+#include "refhost/cli/TaskList.h"
 #include "refhost/cli/TaskSelection.h"
 #include "refhost/files/Csv.h"
 #include "refhost/results/FactorTracker.h"
@@ -252,9 +254,20 @@ std::vector<std::size_t> TasksOf(Session& session, const std::string& words) {
     }
 }
 
+void ListTasks(const Arguments& arguments, const std::string& path) {
+    for (const char* other : {"--series", "--parallel", "--add", "--remove", "--from", "-o"})
+        if (arguments.Has(other))
+            throw UsageError(std::string("--list changes no task; leave out ") + other);
+    if (arguments.PositionalCount() > 1)
+        throw UsageError("--list writes every task; leave out '" + arguments.Positional(1) + "'");
+    Session session(arguments.Positional(0));
+    WriteOutput(path, TaskListText(session.Plan().Live().Data(), SeparatorFor(path)));
+}
+
 }  // namespace
 
 void Assign(const Arguments& arguments) {
+    if (const auto list = arguments.Option("--list")) return ListTasks(arguments, *list);
     const auto table = arguments.Option("--from");
     if (!table && arguments.PositionalCount() < 2) throw UsageError("TASKS is missing");
     if (table && arguments.PositionalCount() > 1)

@@ -82,8 +82,8 @@ const std::vector<Command>& Commands() {
          "When - takes the JSON, the trace or the plan, the report goes to standard error.\n",
          {{"PLAN"},
           {"--iterations", "--seed", "--json", "--trace", "--chart", "--save", "--target-finish",
-           "--target-cost"},
-          {"--criticality"}},
+           "--target-cost", "--costs"},
+          {"--criticality", "--keep-dates"}},
          Analyse},
         {"prioritise",
          "PLAN [--iterations N] [--seed S] [--percentile 80] [--cost] [--threads N] [--json FILE] "
@@ -119,10 +119,19 @@ const std::vector<Command>& Commands() {
           {}},
          WriteReport},
         {"import",
-         "PROJECT -o PLAN",
+         "PROJECT -o PLAN [--dates] [--keep-dates] [--costs hundredths|whole]",
          "project file in the common XML format to plan file",
-         "What a plan file cannot hold is listed on standard error, once per kind, with a count.\n",
-         {{"PROJECT"}, {"-o"}, {}},
+         "Standard error tells, once per kind and with a count, what can move dates or money and\n"
+         "what a plan file cannot hold, how money was read, and how many tasks keep the dates "
+         "that\n"
+         "the project file gives them.\n\n"
+         "  --dates       lists the tasks that moved, by size of the shift\n"
+         "  --keep-dates  lets no task start earlier than in the project file\n"
+         "  --costs UNIT  of the file's money: hundredths, as the format's own program writes it, "
+         "or\n"
+         "                whole units; by default what rate and work of its assignments show\n\n"
+         "--keep-dates and --costs hold for 'analyse' and 'check' of a project file too.\n",
+         {{"PROJECT"}, {"-o", "--costs"}, {"--dates", "--keep-dates"}},
          Import},
         {"show",
          "PLAN [--cost] [--top N] [--chart FILE.svg]",
@@ -148,7 +157,7 @@ const std::vector<Command>& Commands() {
          Factors},
         {"assign",
          "PLAN [TASKS] [--series 1,3] [--parallel 2] [--add FACTORS] [--remove 1,3] "
-         "[--from FILE.csv] [-o PLAN]",
+         "[--from FILE.csv] [--list FILE.csv] [-o PLAN]",
          "shows or sets the risk factors of tasks",
          "TASKS are IDs (1110,1120) and ranges in plan order (1100-1190); a summary stands for "
          "all\n"
@@ -161,8 +170,12 @@ const std::vector<Command>& Commands() {
          "  --remove 1,3   takes factors away, in whichever group they are\n"
          "  --from FILE    a table (*.csv, *.tsv) with the columns Task and Risk Factors, which\n"
          "                 holds a task's field as this command shows it\n"
+         "  --list FILE    writes a table of every task: its UID in the project file that it came\n"
+         "                 from, ID, name and field text, for the planner's own program\n"
          "  -o PLAN        where the changed plan is written; may be the plan itself\n",
-         {{"PLAN", "[TASKS]"}, {"--series", "--parallel", "--add", "--remove", "--from", "-o"}, {}},
+         {{"PLAN", "[TASKS]"},
+          {"--series", "--parallel", "--add", "--remove", "--from", "--list", "-o"},
+          {}},
          Assign},
         {"save",
          "PLAN FILE",
@@ -179,10 +192,11 @@ const std::vector<Command>& Commands() {
          {{"PLAN", "FILE"}, {"-o"}, {"--yes"}},
          Load},
         {"check",
-         "PLAN",
+         "PLAN [--dates]",
          "lists every complaint about register, assignments and network",
-         "One complaint a line on standard output; none when all is well.\n",
-         {{"PLAN"}, {}, {}},
+         "One complaint a line on standard output; none when all is well.\n\n"
+         "  --dates  lists first the tasks of a project file that moved; see 'kestrel import'\n",
+         {{"PLAN"}, {"--costs"}, {"--dates", "--keep-dates"}},
          Check},
     };
     return commands;

@@ -27,7 +27,8 @@ void RefuseImportOptions(const Arguments& arguments, const std::optional<ImportR
     if (imported) return;
     for (const char* option : {"--costs", "--keep-dates", "--dates"})
         if (arguments.Has(option))
-            throw UsageError(std::string(option) + " is for project files, and this is a plan file");
+            throw UsageError(std::string(option) +
+                             " is for project files, and this is a plan file");
 }
 
 std::string MovedTasksText(const DateComparison& dates) {

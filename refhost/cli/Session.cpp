@@ -1,6 +1,7 @@
 #include "refhost/cli/Session.h"
 
 #include <iostream>
+#include <utility>
 
 #include "base/Errors.h"
 #include "refhost/cli/Output.h"
@@ -22,6 +23,7 @@ Session::Session(const std::string& planPath, const ImportOptions& options)
     : planPath_(planPath), host_(settings_, InstallationFolder()) {
     LoadedPlan loaded = ReadPlan(desktop_, planPath, options);
     if (loaded.imported) TellImport(planPath, *loaded.imported);
+    imported_ = std::move(loaded.imported);
     try {
         host_.Open(std::make_shared<HostPlan>(std::move(loaded.plan)));
     } catch (const kestrel::DataError& error) {

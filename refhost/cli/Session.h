@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "refhost/cli/CliDesktop.h"
@@ -24,12 +25,15 @@ class Session {
     HostPlan& Plan() { return *host_.OpenPlan(); }
     CliDesktop& Desktop() { return desktop_; }
     const std::string& PlanPath() const { return planPath_; }
+    /// What became of a project file; nothing when the plan came from a plan file.
+    const std::optional<ImportReport>& Imported() const { return imported_; }
 
     /// Writes the plan as it is now, atomically; "-" is standard output.
     void SavePlan(const std::string& path);
 
  private:
     std::string planPath_;
+    std::optional<ImportReport> imported_;
     CliDesktop desktop_;
     SettingsFile settings_;
     ReferenceHost host_;

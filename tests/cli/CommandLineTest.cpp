@@ -271,9 +271,22 @@ TEST(CommandLine, ImportsAProjectFileAndAnalysesIt) {
                 HasSubstr("11 of 12 tasks keep their dates; the largest shift is 2 days earlier, "
                           "12 Lighting; the finish stays\n"));
     EXPECT_THAT(imported.errors, HasSubstr("money is read as hundredths, as rate and work of 2"));
+    const RunResult kept = place.Run("import '" KESTREL_SOURCE_DIR
+                                     "/tests/data/quay.xml' -o kept.kplan --keep-dates --dates "
+                                     "--costs whole");
+    EXPECT_THAT(kept.errors, HasSubstr("all 12 tasks keep their dates; the finish stays\n"));
+    EXPECT_EQ(Lines(kept.output), 1) << "no task moved";
+    EXPECT_THAT(place.Read("kept.kplan"), HasSubstr("Cost=\"1250050\""));
+    EXPECT_EQ(place.Run("check kept.kplan --dates").exitCode, 2);
+    EXPECT_THAT(place.Run("check '" KESTREL_SOURCE_DIR "/tests/data/quay.xml' --dates").output,
+                HasSubstr("12  Lighting  2026-04-01 08:00  2026-03-30 08:00"));
     EXPECT_EQ(place.Run("check plan.kplan").output, "");
     ASSERT_EQ(place.Run("factors plan.kplan --load template.xml -o plan.kplan").exitCode, 0);
     ASSERT_EQ(place.Run("assign plan.kplan 9 --series 1 -o plan.kplan").exitCode, 0);
+    EXPECT_THAT(place.Run("assign plan.kplan --list -").output,
+                HasSubstr("UID,ID,Name,RiskFactors\r\n11,1,Early works,\r\n"));
+    EXPECT_THAT(place.Run("assign plan.kplan --list -").output,
+                HasSubstr("\r\n19,9,Curing,(1)\r\n"));
     const RunResult result = place.Run("analyse plan.kplan --iterations 100");
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_THAT(result.output, HasSubstr("Frost"));
