@@ -7,6 +7,7 @@
 #include "base/OneLine.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/Session.h"
+#include "refhost/cli/TaskList.h"
 #include "refhost/cli/TaskSelection.h"
 #include "refhost/files/Csv.h"
 #include "refhost/results/FactorTracker.h"
@@ -255,9 +256,21 @@ std::vector<std::size_t> TasksOf(Session& session, const std::string& words) {
     }
 }
 
+void ListTasks(const Arguments& arguments, Outputs& outputs) {
+    for (const char* other : {"--series", "--parallel", "--add", "--remove", "--from", "-o"})
+        if (arguments.Has(other))
+            throw UsageError(std::string("--list changes no task; leave out ") + other);
+    if (const auto words = arguments.Option("TASKS"))
+        throw UsageError("--list writes every task; leave out '" + *words + "'");
+    Session session(arguments.Word("PLAN"), outputs);
+    outputs.Find("--list")->Write(
+        TaskListText(session.Plan().Live().Data(), SeparatorFor(arguments.Word("--list"))));
+}
+
 }  // namespace
 
 void Assign(const Arguments& arguments, Outputs& outputs) {
+    if (arguments.Has("--list")) return ListTasks(arguments, outputs);
     const auto table = arguments.Option("--from");
     const auto words = arguments.Option("TASKS");
     if (!table && !words) throw UsageError("TASKS is missing");

@@ -90,6 +90,9 @@ const std::vector<OptionRule> kAssignOptions = {
     {"--from", "FILE.csv", Use::Input,
      "a table (*.csv, *.tsv) with the columns Task and Risk Factors, which holds a\n"
      "task's field as this command shows it"},
+    {"--list", "FILE.csv", Use::Output,
+     "writes a table of every task: its UID in the project file that it came from,\n"
+     "ID, name and field text, for the planner's own program"},
     kPlanOutput,
 };
 

@@ -1,3 +1,5 @@
+#include <iostream>
+
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Session.h"

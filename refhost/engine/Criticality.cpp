@@ -8,22 +8,20 @@
 namespace refhost {
 namespace {
 
-constexpr std::int64_t kUnknown = std::numeric_limits<std::int64_t>::min();
+constexpr double kUnknown = -std::numeric_limits<double>::infinity();
 
 }  // namespace
 
 Criticality::Criticality(const PlanData& plan)
-    : critical_(plan.tasks.size(), 0),
+    : counts_(plan.tasks.size(), 0),
       parent_(plan.tasks.size(), kNone),
       linked_(plan.tasks.size(), kNone),
       end_(plan.tasks.size(), 0),
-      isSummary_(plan.tasks.size(), false),
-      marks_(plan.tasks.size(), 0),
+      marked_(plan.tasks.size(), 0),
       times_(plan.tasks.size(), {kUnknown, kUnknown}) {
     for (std::uint32_t i = 0; i < plan.tasks.size(); ++i) {
         const TaskData& task = plan.tasks[i];
-        isSummary_[i] = task.type != kOrdinary;
-        if (!isSummary_[i]) ordinary_.push_back(i);
+        if (task.type == kOrdinary) ordinary_.push_back(i);
         if (task.parent >= 0) {
             const auto parent = static_cast<std::uint32_t>(task.parent);
             parent_[i] = parent;
@@ -38,72 +36,74 @@ void Criticality::AddBounds(const PlanData& plan) {
     std::unordered_map<std::string, std::uint32_t> byID;
     for (std::uint32_t i = 0; i < plan.tasks.size(); ++i) byID.emplace(plan.tasks[i].id, i);
     for (const TaskData& task : plan.tasks) {
-        for (const Link& link : task.links)
+        for (const Link& link : task.links) {
+            const std::uint32_t from = byID.at(link.from);
             bounds_.push_back(
-                {byID.at(link.from), link.lag,
+                {static_cast<double>(link.lag), from,
                  link.type == LinkType::FinishToStart || link.type == LinkType::FinishToFinish,
-                 link.type == LinkType::FinishToFinish || link.type == LinkType::StartToFinish});
+                 link.type == LinkType::FinishToFinish || link.type == LinkType::StartToFinish,
+                 plan.tasks[from].type != kOrdinary});
+        }
         boundEnd_.push_back(static_cast<std::uint32_t>(bounds_.size()));
     }
 }
 
-void Criticality::Note(const Network& network) {
-    ++iterations_;
-    std::int64_t last = kUnknown;
-    for (const std::uint32_t task : ordinary_) last = std::max(last, network.Finish(task));
-    for (const std::uint32_t task : ordinary_)
-        if (network.Finish(task) == last) MarkTask(task, kFinish);
-    while (!waiting_.empty()) {
-        const std::uint32_t task = waiting_.back();
-        waiting_.pop_back();
-        FollowBounds(network, task);
-    }
-    CountMarked();
+/// The plan's network stays the same through an analysis.
+void Criticality::FindSlots(const Network& network) {
+    slot_.assign(counts_.size(), kNone);
+    for (std::uint32_t i = 0; i < network.Steps().size(); ++i)
+        if (network.Steps()[i].kind == Network::Kind::Ordinary)
+            slot_[network.Steps()[i].task] = 2 * i;
 }
 
-void Criticality::MarkTask(std::uint32_t task, End end) {
-    if (marks_[task] == 0) touched_.push_back(task);
-    if ((marks_[task] & kStart) == 0) waiting_.push_back(task);
-    // A binding finish makes the start binding and has no other effect.
-    marks_[task] = static_cast<std::uint8_t>(marks_[task] | end | kStart);
+void Criticality::Note(const Network& network) {
+    if (slot_.empty()) FindSlots(network);
+    ++iterations_;
+    double last = kUnknown;
+    for (const std::uint32_t task : ordinary_) last = std::max(last, network.Time(slot_[task] + 1));
+    for (const std::uint32_t task : ordinary_)
+        if (network.Time(slot_[task] + 1) == last) Mark(task);
+    // A binding finish makes the task's start binding and does nothing else.
+    for (std::size_t i = 0; i < critical_.size(); ++i) FollowBounds(network, critical_[i]);
+    CountCritical();
 }
 
 void Criticality::FollowBounds(const Network& network, std::uint32_t task) {
-    const std::int64_t start = network.Start(task);
-    const std::int64_t duration = network.Finish(task) - start;
+    const double start = network.Time(slot_[task]);
+    const double duration = network.Time(slot_[task] + 1) - start;
     for (std::uint32_t holder = task; holder != kNone; holder = linked_[holder]) {
         const std::uint32_t first = holder == 0 ? 0 : boundEnd_[holder - 1];
         for (std::uint32_t b = first; b < boundEnd_[holder]; ++b) {
             const Bound& bound = bounds_[b];
-            const std::int64_t made = isSummary_[bound.from]
-                                          ? SummaryTime(network, bound.from, bound.fromFinish)
-                                      : bound.fromFinish ? network.Finish(bound.from)
-                                                         : network.Start(bound.from);
-            if (made + bound.lag - (bound.onFinish ? duration : 0) == start)
-                MarkSource(network, bound, made);
+            const double made = bound.fromSummary
+                                    ? SummaryTime(network, bound.from, bound.fromFinish)
+                                    : network.Time(slot_[bound.from] + (bound.fromFinish ? 1 : 0));
+            if (made + bound.lag - (bound.onFinish ? duration : 0) != start) continue;
+            if (bound.fromSummary)
+                MarkBelow(network, bound, made);
+            else
+                Mark(bound.from);
         }
     }
 }
 
-void Criticality::MarkSource(const Network& network, const Bound& bound, std::int64_t time) {
-    const End end = bound.fromFinish ? kFinish : kStart;
-    if (!isSummary_[bound.from]) return MarkTask(bound.from, end);
+void Criticality::MarkBelow(const Network& network, const Bound& bound, double time) {
+    const std::uint32_t end = bound.fromFinish ? 1 : 0;
     for (std::uint32_t task = bound.from + 1; task < end_[bound.from]; ++task)
-        if (!isSummary_[task] &&
-            (bound.fromFinish ? network.Finish(task) : network.Start(task)) == time)
-            MarkTask(task, end);
+        if (slot_[task] != kNone && network.Time(slot_[task] + end) == time) Mark(task);
 }
 
-std::int64_t Criticality::SummaryTime(const Network& network, std::uint32_t summary, bool finish) {
+double Criticality::SummaryTime(const Network& network, std::uint32_t summary, bool finish) {
     auto& [earliest, latest] = times_[summary];
     if (earliest == kUnknown) {
         timed_.push_back(summary);
         bool any = false;
         earliest = latest = 0;  // of a summary without ordinary tasks
         for (std::uint32_t task = summary + 1; task < end_[summary]; ++task) {
-            if (isSummary_[task]) continue;
-            earliest = any ? std::min(earliest, network.Start(task)) : network.Start(task);
-            latest = any ? std::max(latest, network.Finish(task)) : network.Finish(task);
+            if (slot_[task] == kNone) continue;
+            const double start = network.Time(slot_[task]), end = network.Time(slot_[task] + 1);
+            earliest = any ? std::min(earliest, start) : start;
+            latest = any ? std::max(latest, end) : end;
             any = true;
         }
     }
@@ -111,23 +111,21 @@ std::int64_t Criticality::SummaryTime(const Network& network, std::uint32_t summ
 }
 
 /// Counts the critical tasks and the summaries above them, and forgets the iteration's marks.
-void Criticality::CountMarked() {
-    for (std::size_t i = 0; i < touched_.size(); ++i)  // summaries are added meanwhile
-        for (std::uint32_t t = touched_[i]; t != kNone && (marks_[t] & kCounted) == 0;
-             t = parent_[t]) {
-            if (marks_[t] == 0) touched_.push_back(t);
-            marks_[t] |= kCounted;
-            ++critical_[t];
-        }
-    for (const std::uint32_t task : touched_) marks_[task] = 0;
+void Criticality::CountCritical() {
+    for (std::size_t i = 0; i < critical_.size(); ++i) {  // the summaries join the list meanwhile
+        ++counts_[critical_[i]];
+        const std::uint32_t above = parent_[critical_[i]];
+        if (above != kNone) Mark(above);
+    }
+    for (const std::uint32_t task : critical_) marked_[task] = 0;
     for (const std::uint32_t summary : timed_) times_[summary] = {kUnknown, kUnknown};
-    touched_.clear();
+    critical_.clear();
     timed_.clear();
 }
 
 double Criticality::Of(std::size_t task) const {
     if (iterations_ == 0) return 0;
-    return static_cast<double>(critical_[task]) / static_cast<double>(iterations_);
+    return static_cast<double>(counts_[task]) / static_cast<double>(iterations_);
 }
 
 }  // namespace refhost

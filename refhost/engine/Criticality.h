@@ -26,41 +26,46 @@ class Criticality {
     double Of(std::size_t task) const;
 
  private:
+    static constexpr std::uint32_t kNone = ~0u;
+
     /// A link to the task whose range of bounds it stands in.
     struct Bound {
+        double lag;
         std::uint32_t from;
-        std::int32_t lag;
         bool fromFinish;
         bool onFinish;
+        bool fromSummary;
     };
-    static constexpr std::uint32_t kNone = ~0u;
-    enum End : std::uint8_t { kStart = 1, kFinish = 2, kCounted = 4 };
 
     void AddBounds(const PlanData& plan);
-    void MarkTask(std::uint32_t task, End end);
-    void MarkSource(const Network& network, const Bound& bound, std::int64_t time);
-    /// Earliest start or latest finish below a summary, found once an iteration.
-    std::int64_t SummaryTime(const Network& network, std::uint32_t summary, bool finish);
+    void FindSlots(const Network& network);
+    void Mark(std::uint32_t task) {
+        if (marked_[task]) return;
+        marked_[task] = 1;
+        critical_.push_back(task);
+    }
     void FollowBounds(const Network& network, std::uint32_t task);
-    void CountMarked();
+    void MarkBelow(const Network& network, const Bound& bound, double time);
+    /// Earliest start or latest finish below a summary, found once an iteration.
+    double SummaryTime(const Network& network, std::uint32_t summary, bool finish);
+    void CountCritical();
 
     std::int64_t iterations_ = 0;
-    std::vector<std::int64_t> critical_;   ///< iterations, per task
+    std::vector<std::int64_t> counts_;     ///< iterations in which it was critical, per task
     std::vector<std::uint32_t> ordinary_;  ///< tasks, in plan order
     std::vector<std::uint32_t> parent_;    ///< kNone for none
     std::vector<std::uint32_t> linked_;    ///< nearest summary above with links to it, or kNone
     std::vector<std::uint32_t> end_;       ///< per task: behind its last descendant
     std::vector<std::uint32_t> boundEnd_;  ///< per task: end of its range of bounds_
     std::vector<Bound> bounds_;
-    std::vector<bool> isSummary_;
+    std::vector<std::uint32_t> slot_;  ///< per ordinary task: that of its start; kNone for others
 
     /// @name Of one iteration
     ///@{
-    std::vector<std::uint8_t> marks_;
-    std::vector<std::uint32_t> touched_;                        ///< tasks with marks
-    std::vector<std::uint32_t> waiting_;                        ///< binding starts not yet followed
-    std::vector<std::pair<std::int64_t, std::int64_t>> times_;  ///< of summaries, where known
-    std::vector<std::uint32_t> timed_;                          ///< summaries whose times are known
+    std::vector<std::uint8_t> marked_;              ///< per task: critical, or a summary above one
+    std::vector<std::uint32_t> critical_;           ///< the tasks marked, in the order of finding
+    std::vector<std::pair<double, double>> times_;  ///< of summaries, where known
+    std::vector<std::uint32_t> timed_;              ///< summaries whose times are known
     ///@}
 };
 

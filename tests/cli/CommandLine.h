@@ -29,11 +29,13 @@ class Workplace {
     }
     std::string Read(const std::string& name) const { return kestrel::ReadWholeFile(Path(name)); }
 
-    /// Runs `kestrel` in the folder, words as a shell takes them, settings of its own.
-    RunResult Run(const std::string& words, const std::string& input = "/dev/null") const {
-        const std::string command = "cd '" + Path("") + "'; XDG_CONFIG_HOME='" + Path("") +
-                                    "' '" KESTREL_BINARY_DIR "/kestrel' " + words + " <" + input +
-                                    " >.out 2>.err";
+    /// Runs `kestrel` in the folder, words as a shell takes them, settings of its own; the shell
+    /// does `before` first.
+    RunResult Run(const std::string& words, const std::string& input = "/dev/null",
+                  const std::string& before = ":") const {
+        const std::string command = "cd '" + Path("") + "'; " + before + "; XDG_CONFIG_HOME='" +
+                                    Path("") + "' '" KESTREL_BINARY_DIR "/kestrel' " + words +
+                                    " <" + input + " >.out 2>.err";
         const int status = std::system(command.c_str());
         RunResult result;
         result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -284,6 +284,10 @@ TEST(CommandLine, ImportsAProjectFileAndAnalysesIt) {
     EXPECT_EQ(place.Run("check plan.kplan").output, "");
     ASSERT_EQ(place.Run("factors plan.kplan --load template.xml -o plan.kplan").exitCode, 0);
     ASSERT_EQ(place.Run("assign plan.kplan 9 --series 1 -o plan.kplan").exitCode, 0);
+    EXPECT_THAT(place.Run("assign plan.kplan --list -").output,
+                HasSubstr("UID,ID,Name,RiskFactors\r\n11,1,Early works,\r\n"));
+    EXPECT_THAT(place.Run("assign plan.kplan --list -").output,
+                HasSubstr("\r\n19,9,Curing,(1)\r\n"));
     const RunResult result = place.Run("analyse plan.kplan --iterations 100");
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_THAT(result.output, HasSubstr("Frost"));
