@@ -334,7 +334,8 @@ TEST(CommandLine, SetsEveryTaskBelowASummaryAndHeedsNoDefaultFile) {
         Replaced(kSmall, "<Tasks>", "<Tasks><Task ID=\"S\" Name=\"All\" Type=\"1\">");
     place.Write("plan.kplan", Replaced(plan, "</Tasks>", "</Task></Tasks>"));
     const RunResult result = place.Run("assign plan.kplan S --series 1 -o plan.kplan");
-    EXPECT_THAT(result.output, HasSubstr("every task below it (2) now carries: (1)"));
+    EXPECT_THAT(result.output,
+                HasSubstr("B - Pour: no risk factors -> (1)\n2 of 3 tasks changed."));
     EXPECT_THAT(place.Run("assign plan.kplan B").output, HasSubstr("series    1  Frost"));
 
     place.Run("factors plan.kplan --save t.xml");

@@ -15,6 +15,8 @@
 namespace refhost::test {
 namespace {
 
+constexpr int kThrew = 99;
+
 using Files = std::map<std::string, std::string>;
 
 struct FaultyRun {
@@ -43,9 +45,14 @@ FaultyRun RunWith(Fault fault, int n, const std::vector<std::string>& words, con
         ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO);
         ::dup2(::open(errors.c_str(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
         Arm(fault, n);
-        const int exitCode = RunCommandLine(words);
-        std::ofstream(calls) << Disarm();
-        ::_exit(exitCode);
+        try {
+            const int exitCode = RunCommandLine(words);
+            const int counted = Disarm();
+            std::ofstream(calls) << counted;
+            ::_exit(exitCode);
+        } catch (...) {
+            ::_exit(kThrew);  // what goes on from here would be a second run of the tests
+        }
     }
     int status = 0;
     ::waitpid(child, &status, 0);

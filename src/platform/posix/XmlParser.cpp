@@ -163,18 +163,34 @@ void OnError(void* data, xmlErrorPtr error) {
     if (error->level >= XML_ERR_ERROR) BuilderOf(data).NoteError(*error);
 }
 
-/// Failures to decode the bytes bypass the parser's own handler: they go to the thread's, which
-/// prints them unless it is replaced.
-class DecodingErrors {
+/// Failures to decode the bytes, and to set up the parser, bypass the parser's own handler: they
+/// go to the thread's, which prints them unless it is replaced.
+class ThreadErrors {
  public:
-    explicit DecodingErrors(TreeBuilder& builder) { xmlSetStructuredErrorFunc(&builder, OnError); }
-    ~DecodingErrors() { xmlSetStructuredErrorFunc(outerData_, outer_); }
-    DecodingErrors(const DecodingErrors&) = delete;
-    DecodingErrors& operator=(const DecodingErrors&) = delete;
+    ThreadErrors() { xmlSetStructuredErrorFunc(this, Note); }
+    ~ThreadErrors() { xmlSetStructuredErrorFunc(outerData_, outer_); }
+    ThreadErrors(const ThreadErrors&) = delete;
+    ThreadErrors& operator=(const ThreadErrors&) = delete;
+
+    /// From now on they belong to the document. Raises std::bad_alloc when one came before.
+    void GoTo(TreeBuilder& builder) {
+        if (failed_) throw std::bad_alloc();
+        builder_ = &builder;
+    }
 
  private:
+    static void Note(void* data, xmlErrorPtr error) {
+        ThreadErrors& errors = *static_cast<ThreadErrors*>(data);
+        if (errors.builder_)
+            OnError(errors.builder_, error);
+        else
+            errors.failed_ = true;
+    }
+
     const xmlStructuredErrorFunc outer_ = xmlStructuredError;
     void* const outerData_ = xmlStructuredErrorContext;
+    TreeBuilder* builder_ = nullptr;
+    bool failed_ = false;
 };
 
 struct FreeParser {
@@ -186,6 +202,7 @@ struct FreeParser {
 XmlDocument ParseXmlBytes(std::string_view bytes) {
     RefuseUnsafeXml(bytes);
     if (bytes.empty()) throw XmlEmpty();
+    ThreadErrors threadErrors;
     const std::unique_ptr<xmlParserCtxt, FreeParser> parser(
         xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
     if (!parser) throw std::bad_alloc();
@@ -206,7 +223,7 @@ XmlDocument ParseXmlBytes(std::string_view bytes) {
     handler.serror = OnError;
     *parser->sax = handler;
     parser->userData = &builder;
-    const DecodingErrors decodingErrors(builder);
+    threadErrors.GoTo(builder);
     xmlParseDocument(parser.get());
     return builder.Finish();
 }
