@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "store/OpenPlan.h"
@@ -10,42 +11,51 @@
 namespace kestrel {
 namespace {
 
-std::string CellName(int row, int column) {
-    return "row " + std::to_string(row) + ", column " + std::to_string(column);
+/// The header's two lines as one.
+std::string ColumnName(const ui::GridTable& grid, int column) {
+    std::string name;
+    for (const char c : grid.Text(0, column))
+        if (c == '\n' && !name.empty())
+            name += ' ';
+        else if (c != '\r' && c != '\n')
+            name += c;
+    return name;
 }
 
-double Percentage(const ui::GridTable& grid, int row, int column) {
-    std::string text = grid.Text(row, column);
+std::optional<double> CellNumber(std::string text) {
     std::erase(text, '%');
-    return ParseNumber(text);
+    try {
+        return ParseNumber(text);
+    } catch (const DataError&) {
+        return std::nullopt;
+    }
 }
 
-std::int32_t FactorNumber(const ui::GridTable& grid, int row) {
-    const auto number = ToInt32(ParseNumber(grid.Text(row, kCorrelatedToColumn)));
-    if (!number)
-        throw DataError("The number in " + CellName(row, kCorrelatedToColumn) +
-                        " is out of range; enter the number of a risk factor.");
-    return *number;
-}
-
-clsRiskFactor ReadRow(const ui::GridTable& grid, int row) {
-    clsRiskFactor factor;
+/// Reads a row into `factor`; answers the column of the first cell that is not a number, if any.
+std::optional<int> ReadRow(const ui::GridTable& grid, int row, clsRiskFactor& factor) {
     factor.strDescription = grid.Text(row, kDescriptionColumn);
-    factor.dblMin = Percentage(grid, row, kDurMinColumn);
-    factor.dblML = Percentage(grid, row, kDurLikelyColumn);
-    factor.dblMax = Percentage(grid, row, kDurMaxColumn);
-    factor.dblCostMin = Percentage(grid, row, kCostMinColumn);
-    factor.dblCostML = Percentage(grid, row, kCostLikelyColumn);
-    factor.dblCostMax = Percentage(grid, row, kCostMaxColumn);
-    factor.dblProb = Percentage(grid, row, kLikelihoodColumn);
-    factor.CorrelatedTo = FactorNumber(grid, row);
-    return factor;
+    double* const figures[] = {&factor.dblMin,     &factor.dblML,     &factor.dblMax,
+                               &factor.dblCostMin, &factor.dblCostML, &factor.dblCostMax,
+                               &factor.dblProb};
+    int column = kDurMinColumn;
+    for (double* const figure : figures) {
+        const auto number = CellNumber(grid.Text(row, column));
+        if (!number) return column;
+        *figure = *number;
+        ++column;
+    }
+    const std::string& target = grid.Text(row, kCorrelatedToColumn);
+    const auto number = target.find('%') == target.npos ? CellNumber(target) : std::nullopt;
+    const auto factorNumber = number ? ToInt32(*number) : std::nullopt;
+    if (!factorNumber) return kCorrelatedToColumn;
+    factor.CorrelatedTo = *factorNumber;
+    return std::nullopt;
 }
 
-/// What is wrong with a row's figures; empty when nothing is.
-std::string Fault(const ui::GridTable& grid, int row, const clsRiskFactor& factor) {
+/// What is wrong with a row's figures, if anything.
+std::optional<RefusedCell> Fault(const ui::GridTable& grid, int row, const clsRiskFactor& factor) {
     if (factor.dblProb < 0 || factor.dblProb > 100)
-        return "The Risk Probability must be between 0-100";
+        return RefusedCell{row, kLikelihoodColumn, "The Risk Probability must be between 0-100"};
     const struct {
         double before, value;
         int column;
@@ -55,23 +65,37 @@ std::string Fault(const ui::GridTable& grid, int row, const clsRiskFactor& facto
                  {factor.dblCostML, factor.dblCostMax, kCostMaxColumn}};
     for (const auto& step : steps) {
         if (step.value >= step.before) continue;
-        return "The " + grid.Text(0, step.column) + " Risk Percentage cannot be less than the " +
-               grid.Text(0, step.column - 1) + " Risk Percentage in Row: " + std::to_string(row);
+        return RefusedCell{
+            row, step.column,
+            "The " + grid.Text(0, step.column) + " Risk Percentage cannot be less than the " +
+                grid.Text(0, step.column - 1) + " Risk Percentage in Row: " + std::to_string(row)};
     }
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace
 
-bool StoreGridAsRegister(modGlobals& globals, const ui::GridTable& grid) {
+bool IsCellNumber(std::string text) { return CellNumber(std::move(text)).has_value(); }
+
+RefusedCell NotANumber(const ui::GridTable& grid, int row, int column) {
+    constexpr std::size_t kShown = 40;
+    std::string text = grid.Text(row, column);
+    if (text.size() > kShown) text = text.substr(0, kShown) + "...";
+    return {row, column,
+            "\"" + text + "\" in row " + std::to_string(row) + ", column \"" +
+                ColumnName(grid, column) + "\", is not a number that can be used. " +
+                (column == kCorrelatedToColumn
+                     ? "Enter the number of a risk factor, for example 12, or 0 for none."
+                     : "Enter a percentage, for example 12.5.")};
+}
+
+std::optional<RefusedCell> StoreGridAsRegister(modGlobals& globals, const ui::GridTable& grid) {
     const host::PlanPtr plan = OpenPlan(globals);
     XmlDocument document = NewRegisterDocument();
     for (int row = 1; row <= LastRiskRow(grid); ++row) {
-        const clsRiskFactor factor = ReadRow(grid, row);
-        if (const std::string fault = Fault(grid, row, factor); !fault.empty()) {
-            globals.desktop.ShowMessage(fault);
-            return false;
-        }
+        clsRiskFactor factor;
+        if (const auto column = ReadRow(grid, row, factor)) return NotANumber(grid, row, *column);
+        if (auto fault = Fault(grid, row, factor)) return fault;
         XmlNode& element = document.root.Append(XmlNode::Element("RiskFactor"));
         element.SetAttribute("ID", std::to_string(row));
         factor.SaveRiskToXML(element);
@@ -79,7 +103,7 @@ bool StoreGridAsRegister(modGlobals& globals, const ui::GridTable& grid) {
     plan->SetText(kRegisterText, SerialiseXml(document.root));
     globals.RiskFactors.clear();
     LoadRegisterFromPlan(globals, *plan);
-    return true;
+    return std::nullopt;
 }
 
 }  // namespace kestrel

@@ -77,7 +77,14 @@ TEST(FormTest, EnterAndEscapePressTheirButtonsUnlessTheGridKeepsThem) {
     User user(form);
     user.Press(Key::Enter);
     EXPECT_EQ(form.oks, 1);
-    form.grid.SetFocus();
+    for (Control* focused : std::initializer_list<Control*>{&form.text, &form.ok, &form.grid}) {
+        focused->SetFocus();
+        for (const Key key : {Key::Enter, Key::Escape})
+            form.KeyDown({.key = key, .repeated = true});
+    }
+    EXPECT_EQ(form.oks, 1) << "held down, they answer once";
+    EXPECT_EQ(form.gridKeys, 1) << "Enter works on in a grid, Esc does not";
+    ASSERT_TRUE(form.IsOpen());
     user.Press(Key::Enter);
     EXPECT_EQ(form.oks, 1);
     form.ok.SetEnabled(false);

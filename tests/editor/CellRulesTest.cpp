@@ -41,8 +41,9 @@ TEST(CellRulesTest, EachColumnAcceptsItsCharacters) {
 TEST(CellRulesTest, WholeNumbersAreReadAndOtherTextsAreNot) {
     EXPECT_EQ(WholeNumber("012"), 12);
     EXPECT_EQ(WholeNumber("0"), 0);
-    for (const char* text : {"", "1:", "5%", "99999999999"})
-        EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
+    for (const std::string& text : {std::string("9999999999"), std::string(400, '9')})
+        EXPECT_EQ(WholeNumber(text), INT32_MAX) << "out of range, but a number";
+    for (const char* text : {"", "1:", "5%"}) EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
 }
 
 TEST(RiskGridTest, BlankCellsGetDefaultsAndUnnamedFactorsARunningNumber) {

@@ -29,19 +29,38 @@ TEST_F(EditorTest, OkRefusesFiguresThatCannotBe) {
         int column;
         const char* typed;
         const char* message;
+        int refused = kDescriptionColumn;  ///< the column that becomes current
     } cases[] = {
-        {kLikelihoodColumn, "100.01", "The Risk Probability must be between 0-100"},
+        {kLikelihoodColumn, "100.01", "The Risk Probability must be between 0-100",
+         kLikelihoodColumn},
         {kLikelihoodColumn, "100", ""},
         {kDurMinColumn, "100.00", ""},
         {kCostLikelyColumn, "99",
          "The \r\nCost Likely Risk Percentage cannot be less than the \r\nCost Min Risk Percentage "
-         "in Row: 2"},
+         "in Row: 2",
+         kCostLikelyColumn},
         {kDurMaxColumn, "99.99",
          "The \r\nDur Max Risk Percentage cannot be less than the \r\nDur Likely Risk Percentage "
-         "in Row: 2"},
+         "in Row: 2",
+         kDurMaxColumn},
         {kCostMinColumn, "120",
          "The \r\nCost Likely Risk Percentage cannot be less than the \r\nCost Min Risk Percentage "
-         "in Row: 2"},
+         "in Row: 2",
+         kCostLikelyColumn},
+        {kDurMinColumn, "2:",
+         "\"2:\" in row 2, column \"Dur Min\", is not a number that can be used. Enter a "
+         "percentage, "
+         "for example 12.5.",
+         kDurMinColumn},
+        {kCorrelatedToColumn, "715%",
+         "\"715%\" in row 2, column \"Likelihood Correlated to\", is not a number that can be "
+         "used. "
+         "Enter the number of a risk factor, for example 12, or 0 for none.",
+         kCorrelatedToColumn},
+        {kCostMaxColumn, "5%:00",
+         "The \r\nCost Max Risk Percentage cannot be less than the "
+         "\r\nCost Likely Risk Percentage in Row: 2",
+         kCostMaxColumn},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.column << " " << c.typed);
@@ -52,6 +71,10 @@ TEST_F(EditorTest, OkRefusesFiguresThatCannotBe) {
             TypeInto(user, 2, c.column, c.typed);
             ClickOk(user);
             EXPECT_EQ(user.TheForm().IsOpen(), *c.message != '\0');
+            if (user.TheForm().IsOpen()) {
+                EXPECT_EQ(Current(), "2," + std::to_string(c.refused));
+                EXPECT_EQ(user.TheForm().Focus(), grid);
+            }
         });
         EXPECT_EQ(desktop.MessageText(), c.message);
         if (*c.message != '\0') {
@@ -77,6 +100,10 @@ TEST_F(EditorTest, ARefusedOkHasRenumberedTheTasksAndDoesSoAgain) {
         user.ClickCell("Tabulon1", 2, 0);
         desktop.answers = {MessageAnswer::Yes};
         user.Press(Key::Delete);
+        TypeInto(user, 1, kDurMinColumn, ".");
+        ClickOk(user);
+        EXPECT_EQ(task->texts["RiskFactors"], "(1,2,3,4)") << "not before every cell can be read";
+        TypeInto(user, 1, kDurMinColumn, "90");
         TypeInto(user, 1, kLikelihoodColumn, "101");
         ClickOk(user);
         EXPECT_EQ(task->texts["RiskFactors"], "(1,2,3)");
@@ -111,6 +138,7 @@ TEST_F(EditorTest, AFailureKeepsTheWindowAndItsRows) {
         host.log.failing = {"Plan.SetText"};
         ClickOk(user);
         EXPECT_TRUE(user.TheForm().IsOpen()) << "the host refuses";
+        EXPECT_EQ(desktop.messages.back().text.find("The risk factors could not be stored"), 0u);
         EXPECT_EQ(Column(0), "F1 F2  ");
         host.log.failing.clear();
         ClickOk(user);

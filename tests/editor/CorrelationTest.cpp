@@ -20,9 +20,12 @@ TEST_F(EditorTest, AFollowerTakesTheOthersLikelihoodAndLocksBothCells) {
         EXPECT_FALSE(grid->Editable(3, kLike));
         EXPECT_EQ(grid->CellColour(3, kLike), ui::kSystemGreyText);
         EXPECT_FALSE(grid->Editable(5, kCorr));
+        TypeInto(user, 1, kCorr, "3");
         TypeInto(user, 5, kLike, "7");
         user.Press(Key::Down);
         EXPECT_EQ(Cell(3, kLike), "7.00%");
+        EXPECT_EQ(Cell(1, kLike), "7.00%") << "through the whole chain";
+        TypeInto(user, 1, kCorr, "0");
 
         TypeInto(user, 3, kLike, "1");
         TypeInto(user, 5, kCorr, "1");
@@ -46,7 +49,7 @@ TEST_F(EditorTest, CorrelationsThatCannotBeAreRefused) {
         {"2", kToItself, "0"}, {"12", kInvalid, "0"},
         {"99", kInvalid, "0"}, {"11", "", "11"},
         {"1:", "", "1:"},      {"00", "", "00"},
-        {"5%", "", "5%"},      {"99999999999", "", "99999999999"},
+        {"5%", "", "5%"},      {"9999999999", kInvalid, "0"},
     };
     Edit([&](User& user) {
         for (const auto& c : cases) {
@@ -56,6 +59,7 @@ TEST_F(EditorTest, CorrelationsThatCannotBeAreRefused) {
             user.ClickCell("Tabulon1", 4, 0);
             EXPECT_EQ(desktop.MessageText(), c.message);
             EXPECT_EQ(Cell(2, kCorr), c.left);
+            EXPECT_EQ(Current(), *c.message ? "2,8" : "4,0");
         }
         TypeInto(user, 2, kCorr, "1");
         user.Press(Key::Back);
@@ -134,12 +138,25 @@ TEST_F(EditorTest, DeletionTakesWhatIsSelectedAndStopsAtABlankRow) {
              user.Press(Key::Down);
          },
          true, "F1 F2 F3  ", false},
-        {"rows selected by keys go in one walk that skips the next row", 4,
+        {"rows selected by keys", 4,
          [](User& user) {
              user.ClickCell("Tabulon1", 1, 0);
              user.Press(Key::PageDown, true);
          },
-         true, "F2 F4  ", true},
+         true, " ", false},
+        {"rows selected by arrows", 5,
+         [](User& user) {
+             user.ClickCell("Tabulon1", 4, 0);
+             for (const Key key : {Key::Up, Key::Up, Key::Right, Key::Up, Key::Down})
+                 user.Press(key, true);
+         },
+         true, "F1 F5  ", false},
+        {"a blank row that is not the current one", 1,
+         [](User& user) {
+             user.ClickCell("Tabulon1", 2, 0);
+             for (int i = 0; i < 2; ++i) user.ClickCell("Tabulon1", 1, 0, {.ctrl = true});
+         },
+         true, "F1  ", true},
         {"a factor still being typed is deleted as one", 2,
          [this](User& user) { TypeInto(user, 3, 0, "Frost"); }, false, "F1 F2  ", false},
         {"a blank row", 1, [](User& user) { user.ClickCell("Tabulon1", 2, 0); }, false, "F1  ",
@@ -158,6 +175,7 @@ TEST_F(EditorTest, DeletionTakesWhatIsSelectedAndStopsAtABlankRow) {
                 user.Click("cmdDeleteRisk");
             EXPECT_EQ(Column(0), c.left);
             EXPECT_EQ(user.TheForm().Focus() == grid, c.byKey || c.toldOfBlank);
+            EXPECT_TRUE(!c.toldOfBlank || grid->CurrentRow() == 2) << "the blank one";
             EXPECT_EQ(grid->Editable(1, kCorr), std::string(c.left).substr(0, 5) != "F1 F2")
                 << "factor 2 keeps its lock";
         });

@@ -53,6 +53,9 @@ TEST_F(EditorTest, TheEntryRowWantsItsDescriptionFirst) {
         user.Press(Key::F2);
         user.Press(Key::Back);
         EXPECT_EQ(desktop.beeps, 3);
+        user.ClickCell("Tabulon1", 1, kDurMinColumn, {.doubleClick = true});
+        user.ClickCell("Tabulon1", 0, kDurMinColumn, {.doubleClick = true});
+        EXPECT_EQ(desktop.beeps, 4) << "once, and nothing for a header";
         EXPECT_EQ(Cell(1, kDurMinColumn), "");
         EXPECT_FALSE(grid->IsEditing());
     });
@@ -123,6 +126,8 @@ TEST_F(EditorTest, KeysWorkOnTheTextWhileACellIsEdited) {
         EXPECT_EQ(Cell(1, 0), "b") << "Delete deletes a character, not the factor";
         user.Press(Key::Escape);
         EXPECT_EQ(Cell(1, 0), "F1") << "Esc gives the text back first";
+        user.TheForm().KeyDown({.key = Key::Escape, .repeated = true});
+        EXPECT_TRUE(user.TheForm().IsOpen()) << "and held down does no more";
         user.Type("Gone");
         user.Press(Key::Tab);
         user.Press(Key::Escape);
@@ -131,11 +136,50 @@ TEST_F(EditorTest, KeysWorkOnTheTextWhileACellIsEdited) {
     EXPECT_EQ(host.plan->texts["RiskFactors"], before);
 }
 
+TEST_F(EditorTest, APasteGoesInWholeOrNotAtAllAndSaysSo) {
+    StoreFactors(3, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 2 ? 1 : 0; });
+    const struct {
+        int row, column;
+        const char* pasted;
+        const char* told;
+    } cases[] = {
+        {3, kDescriptionColumn, "Größe Über Ωμέγα 雨", ""},
+        {3, kDescriptionColumn, "a|b", "cannot hold the character"},
+        {3, kDescriptionColumn, "Rain\r\nFrost", "more than one cell or line"},
+        {3, kDescriptionColumn, "F1\t100.00%", "more than one cell or line"},
+        {3, kDescriptionColumn, "a\x01", "control characters"},
+        {3, kDurMinColumn, "12.5%", ""},
+        {3, kDurMinColumn, "12,5%", "is not a percentage"},
+        {3, kCorrelatedToColumn, "1", ""},
+        {3, kCorrelatedToColumn, "1.0", "not the number of a risk factor"},
+        {2, kLikelihoodColumn, "5", "change it there"},
+        {1, kCorrelatedToColumn, "3", "Other risk factors are correlated"},
+        {4, kDurMinColumn, "5", "begins with its description"},
+    };
+    Edit([&](User&) {
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.pasted);
+            grid->MoveTo(c.row, c.column);
+            const std::string before = Cell(c.row, c.column);
+            desktop.messages.clear();
+            EXPECT_TRUE(grid->Paste(c.pasted));
+            EXPECT_EQ(Cell(c.row, c.column), *c.told ? before : c.pasted);
+            EXPECT_EQ(desktop.messages.size(), *c.told ? 1u : 0u);
+            EXPECT_NE(desktop.MessageText().find(c.told), std::string::npos);
+            if (grid->IsEditing()) grid->CancelEdit();
+        }
+    });
+}
+
 TEST_F(EditorTest, CopiesTheSelectedRowsAsText) {
     StoreFactors(2);
     Edit([&](User& user) {
         user.Press(Key::Down);
         user.PressLetter('C', true, false);
+        desktop.clipboardFails = true;
+        user.PressLetter('C', true, false);
+        EXPECT_EQ(desktop.MessageText(),
+                  "The rows could not be copied.\r\n\r\nThe clipboard cannot be used.");
     });
     EXPECT_EQ(desktop.ClipboardText(),
               "F2\t100.00%\t100.00%\t100.00%\t100.00%\t100.00%\t100.00%\t100.00%\t0\t\r\n");

@@ -35,6 +35,7 @@ class FakeDesktop : public SystemDesktop {
     /// By key and value name.
     std::map<std::pair<std::string, std::string>, RegistryValue> registry;
     bool helpFails = false;
+    bool clipboardFails = false;  ///< another program holds it
     ///@}
 
     /// @name What the code did
@@ -103,7 +104,10 @@ class FakeDesktop : public SystemDesktop {
         return text;
     }
 
-    void SetClipboardText(const std::string& text) override { clipboard = text; }
+    void SetClipboardText(const std::string& text) override {
+        if (clipboardFails) throw DataError("The clipboard cannot be used.");
+        clipboard = text;
+    }
     const std::string& ClipboardText() const { return clipboard; }
 
     void ShowHelpTopic(const std::string& location) override {

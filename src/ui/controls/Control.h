@@ -51,6 +51,8 @@ class Control {
     /// Tab, Enter and Esc that no control wants.
     virtual bool KeyDown(const KeyEvent&) { return false; }
     virtual bool KeyPress(char32_t) { return false; }
+    /// Whether the control works on with Enter held down. Esc held down reaches no control.
+    virtual bool WorksOnWithEnter() const { return false; }
     virtual void MouseDown(const MouseEvent&) {}
     /// The access key was pressed; the control has the keyboard by then, if it takes it.
     virtual void Activate() {}

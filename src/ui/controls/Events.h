@@ -29,8 +29,15 @@ struct KeyEvent {
     bool shift = false;
     bool ctrl = false;
     bool alt = false;
-    char32_t letter = 0;  ///< upper case, for Key::Character
+    char32_t letter = 0;    ///< upper case, for Key::Character
+    bool repeated = false;  ///< held down: not the first report of this press
 };
+
+/// Enter or Esc held down. It has given its answer, and must not answer what stands there next
+/// too: the window behind the one that it closed, or the whole form after one cell.
+inline bool AnswersAgain(const KeyEvent& event) {
+    return event.repeated && (event.key == Key::Enter || event.key == Key::Escape);
+}
 
 /// A mouse button going down at a place within the form or, where a control is told, within the
 /// control. Whoever shows a push button may wait for the release and report it then.

@@ -66,8 +66,8 @@ Control* Form::Find(const std::string& name) const {
 
 void Form::SetFocus(Control& control) {
     if (!control.CanFocus() || focus_ == &control) return;
-    Control* before = std::exchange(focus_, &control);
-    if (before) before->LostFocus();
+    focusBefore_ = std::exchange(focus_, &control);
+    if (focusBefore_) focusBefore_->LostFocus();
 }
 
 void Form::FocusFirst() {
@@ -93,7 +93,10 @@ bool Form::MoveFocus(int step) {
 bool Form::KeyDown(const KeyEvent& event) {
     if (event.key == Key::Tab && event.ctrl && !event.alt) return MoveFocus(event.shift ? -1 : 1);
     if (event.alt) return event.key == Key::Character && PressMnemonic(event.letter);
+    const bool again = AnswersAgain(event);
+    if (again && (event.key == Key::Escape || !focus_ || !focus_->WorksOnWithEnter())) return true;
     if (focus_ && focus_->CanFocus() && focus_->KeyDown(event)) return true;
+    if (again) return true;
     switch (event.key) {
         case Key::Tab:
             return MoveFocus(event.shift ? -1 : 1);

@@ -67,6 +67,8 @@ class Form {
 
     /// Nothing when no control takes the keyboard.
     Control* Focus() const { return focus_; }
+    /// The control that had the keyboard before the one that has it; nothing for none.
+    Control* FocusBefore() const { return focusBefore_; }
     /// A control that cannot have the keyboard changes nothing.
     void SetFocus(Control& control);
 
@@ -108,6 +110,7 @@ class Form {
     std::vector<Control*> controls_;
     std::vector<Placement> placements_;  ///< one a control
     Control* focus_ = nullptr;
+    Control* focusBefore_ = nullptr;
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "ui/controls/Grid.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -102,11 +103,26 @@ void Grid::CancelEdit() {
 }
 
 bool Grid::Type(char32_t character) {
+    std::string bytes;
+    std::size_t end = 0;
+    InsertAtCaret(bytes, end, character);
+    return Insert(bytes);
+}
+
+bool Grid::Paste(const std::string& copied) {
+    constexpr const char* kAround = " \t\r\n";
+    const std::size_t start = std::min(copied.find_first_not_of(kAround), copied.size());
+    const std::string text = copied.substr(start, copied.find_last_not_of(kAround) + 1 - start);
+    return (OnPaste && OnPaste(text)) || (!text.empty() && Insert(text));
+}
+
+bool Grid::Insert(std::string_view bytes) {
     const bool first = !editing_;
     if (!BeginEdit()) return false;
     std::string text = first ? std::string() : Text(currentRow_, currentColumn_);
     if (caret_ > text.size()) caret_ = text.size();
-    InsertAtCaret(text, caret_, character);
+    text.insert(caret_, bytes);
+    caret_ += bytes.size();
     EditText(std::move(text));
     return true;
 }

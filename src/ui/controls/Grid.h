@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "ui/controls/Control.h"
 #include "ui/controls/GridGeometry.h"
@@ -24,11 +25,12 @@ class Grid : public Control, public GridTable {
     ///@{
     std::function<bool(const KeyEvent&)> OnKeyDown;  ///< true: the grid does nothing more
     std::function<bool(char32_t)> OnKeyPress;        ///< true: the grid does nothing more
-    /// The user is about to make another cell current. Rows may be added or changed.
-    std::function<void()> BeforeLeaveCell;
+    /// A text is to be put into the current cell as a whole; true: the grid does nothing more.
+    std::function<bool(const std::string&)> OnPaste;
+    /// The user is about to make another cell current; false: stays here. Rows may be added or
+    /// changed.
+    std::function<bool()> BeforeLeaveCell;
     std::function<void(int row, int column)> AfterEdit;  ///< the user has changed a cell
-    /// After the press has changed current cell and selection.
-    std::function<void(const MouseEvent&)> OnMouseDown;
     ///@}
 
     /// Empties the grid down to `fixedRows` header rows of `columns` empty cells.
@@ -54,6 +56,8 @@ class Grid : public Control, public GridTable {
 
     /// Selects this row alone. Shift extends the selection from here.
     void SelectRow(int row);
+    /// Selects all rows from the one that SelectRow chose last to this one, and no others.
+    void SelectTo(int row);
 
     /// @name Editing the current cell
     ///@{
@@ -67,6 +71,9 @@ class Grid : public Control, public GridTable {
     std::size_t Caret() const { return caret_; }
     /// Types a character: the first one replaces the cell's text, later ones go in at the caret.
     bool Type(char32_t character);
+    /// Puts in the whole text, as if it were typed, less blanks, tabs and line breaks around it,
+    /// which copied cells have. Asks OnPaste first. Answers whether anything made use of it.
+    bool Paste(const std::string& copied);
     /// Anywhere within a character counts as before it, beyond the text as behind it.
     void SetCaret(std::size_t offset);
     /// Removes the character before the caret, which stands behind the text when an edit begins.
@@ -93,6 +100,7 @@ class Grid : public Control, public GridTable {
     void LostFocus() override { EndEdit(); }
     bool KeyDown(const KeyEvent& event) override;
     bool KeyPress(char32_t character) override;
+    bool WorksOnWithEnter() const override { return true; }
     void MouseDown(const MouseEvent& event) override;
 
  protected:
@@ -104,9 +112,9 @@ class Grid : public Control, public GridTable {
     void SetCurrent(int row, int column);
     bool Navigate(const KeyEvent& event);
     bool EnterByKey(Key key);
-    void SelectRange(int row);
     void ToggleCheck();
     void EditText(std::string text);
+    bool Insert(std::string_view bytes);
     void ChooseByMouse(const GridPlace& place, const MouseEvent& event);
 
     GridGeometry geometry_;

@@ -83,17 +83,17 @@ bool Grid::Navigate(const KeyEvent& event) {
 
 void Grid::MoveTo(int row, int column, bool extend) {
     if (row != currentRow_ || column != currentColumn_) {
-        if (BeforeLeaveCell) BeforeLeaveCell();
+        if (BeforeLeaveCell && !BeforeLeaveCell()) return;
         if (!IsDataCell(row, column)) return;
         SetCurrentCell(row, column);
     }
     if (extend)
-        SelectRange(row);
+        SelectTo(row);
     else
         SelectRow(row);
 }
 
-void Grid::SelectRange(int row) {
+void Grid::SelectTo(int row) {
     const int anchor = HasRow(anchorRow_) ? anchorRow_ : row;
     const auto [from, to] = std::minmax(anchor, row);
     for (int i = FixedRows(); i < RowCount(); ++i) SetRowSelected(i, i >= from && i <= to);
@@ -121,7 +121,6 @@ void Grid::MouseDown(const MouseEvent& event) {
         const bool onCell = place->row == currentRow_ && place->column == currentColumn_;
         if (event.doubleClick && onCell) KeyDown({.key = Key::F2});
     }
-    if (OnMouseDown) OnMouseDown(event);
 }
 
 void Grid::ChooseByMouse(const GridPlace& place, const MouseEvent& event) {
@@ -130,8 +129,8 @@ void Grid::ChooseByMouse(const GridPlace& place, const MouseEvent& event) {
         MoveTo(place.row, column, event.shift);
     } else {
         const bool selected = HasRow(place.row) && RowSelected(place.row);
-        if ((place.row != currentRow_ || column != currentColumn_) && BeforeLeaveCell)
-            BeforeLeaveCell();
+        const bool leaves = place.row != currentRow_ || column != currentColumn_;
+        if (leaves && BeforeLeaveCell && !BeforeLeaveCell()) return;
         if (!IsDataCell(place.row, column)) return;
         SetCurrentCell(place.row, column);
         SetRowSelected(place.row, !selected);

@@ -22,7 +22,13 @@ std::string NormalisedPercent(std::string text);
 /// The pattern "0.00" and "%": 12.5 -> "12.50%".
 std::string FormatPercentCell(double value);
 
-/// The number of a "Correlated to" cell; nothing when the text is not a whole number.
+/// Why a text cannot be put into a cell of the column as a whole: a sentence for the user, empty
+/// when it can. A description takes the letters of every script, the other columns take what can
+/// be typed there.
+std::string WhyNotPasted(int column, bool locked, std::string_view text);
+
+/// The number of a "Correlated to" cell, the nearest 32-bit one where it is larger; nothing when
+/// the text is not a number.
 std::optional<std::int32_t> WholeNumber(const std::string& text);
 
 }  // namespace kestrel::ui

@@ -1,4 +1,4 @@
-#include <utility>
+#include <vector>
 
 #include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
@@ -12,11 +12,7 @@ void frmEditRiskFactors::cmdDeleteRisk_Click() {
                                      MessageButtons::YesNo, "") != MessageAnswer::Yes)
         return;
     CompleteEntryRow();  // a factor that is still being entered counts as one
-    bool finished = true;
-    if (MarksInUse())
-        DeleteMarkedRows();
-    else
-        finished = DeleteSelectedRows();
+    const bool finished = DeleteSelectedRows();
     {
         const RedrawPause pause(Tabulon1);
         NumberRows(Tabulon1);
@@ -29,30 +25,17 @@ void frmEditRiskFactors::cmdDeleteRisk_Click() {
     AddBlankRow(false, false);
 }
 
-bool frmEditRiskFactors::MarksInUse() const {
-    return markedRows_.size() >= 2 && markedRows_ == Tabulon1.SelectedRows();
-}
-
 bool frmEditRiskFactors::DeleteSelectedRows() {
-    // The row that moves up into a removed row's place is not looked at.
-    const int count = Tabulon1.RowCount();
-    for (int row = 1; row <= count && Tabulon1.HasRow(row); ++row) {
-        if (!Tabulon1.RowSelected(row)) continue;
-        if (IsBlank(Tabulon1.Text(row, kDescriptionColumn))) {
-            globals_.desktop.ShowMessage("Cannot Delete Selected Risk as Row Empty");
-            Tabulon1.SetFocus();
-            GoTo(Tabulon1.CurrentRow(), Tabulon1.CurrentColumn());
-            return false;
-        }
-        DeleteRow(row);
+    const std::vector<int> selected = Tabulon1.SelectedRows();
+    if (selected.size() == 1 && IsBlank(Tabulon1.Text(selected[0], kDescriptionColumn))) {
+        globals_.desktop.ShowMessage("Cannot Delete Selected Risk as Row Empty");
+        Tabulon1.SetFocus();
+        GoTo(selected[0], Tabulon1.CurrentColumn());
+        return false;
     }
-    return true;
-}
-
-void frmEditRiskFactors::DeleteMarkedRows() {
-    const std::vector<int> marked = std::exchange(markedRows_, {});
-    for (auto row = marked.rbegin(); row != marked.rend(); ++row)
+    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
         if (IsDataRow(Tabulon1, *row)) DeleteRow(*row);  // the entry row is no factor
+    return true;
 }
 
 void frmEditRiskFactors::DeleteRow(int row) {

@@ -16,6 +16,10 @@ namespace {
 
 constexpr const char* kOpenFilter = "Risk Factors (*.xml)";
 constexpr const char* kLoadFromFileFilter = "RiskFactors (*.xml)";
+constexpr const char* kNotLoaded =
+    "The risk factors file could not be loaded; the rows in this window are as they were.";
+constexpr const char* kNotSaved =
+    "The risk factors could not be saved to a file; they are still in this window.";
 
 }  // namespace
 
@@ -81,7 +85,6 @@ std::string frmEditRiskFactors::PlanFolder() {
 
 void frmEditRiskFactors::Fill(const Factors& factors) {
     const RedrawPause pause(Tabulon1);
-    markedRows_.clear();
     SetUpRiskGrid(Tabulon1);
     for (const clsRiskFactor& factor : factors)
         FillRow(Tabulon1, AppendNumberedRow(Tabulon1), factor);
@@ -92,7 +95,7 @@ void frmEditRiskFactors::Fill(const Factors& factors) {
 }
 
 void frmEditRiskFactors::cmdLoadFile_Click() {
-    Trapped([this] {
+    TrappedAndTold(globals_.desktop, kNotLoaded, [this] {
         EnsureTextField(*OpenPlan(globals_), kRiskFactorsField);
         const int row = Tabulon1.CurrentRow(), column = Tabulon1.CurrentColumn();
         if (FactorsAreAssigned()) {
@@ -113,8 +116,8 @@ bool frmEditRiskFactors::FactorsAreAssigned() {
 }
 
 void frmEditRiskFactors::cmdSave_Click() {
-    Trapped([this] {
-        if (CheckDescriptions()) return;
+    TrappedAndTold(globals_.desktop, kNotSaved, [this] {
+        if (CheckDescriptions() || CheckNumbers()) return;
         NormaliseRow();
         CompleteEntryRow();
         frmBrowse browse(globals_.desktop);

@@ -1,6 +1,7 @@
 #include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
 #include "ui/editor/frmEditRiskFactors.h"
+#include "util/Trapped.h"
 #include "util/modGridCopy.h"
 
 /// Keys and mouse in the editor's grid. What is not handled here the grid does by itself: the
@@ -11,10 +12,10 @@ bool frmEditRiskFactors::Tabulon1_KeyDown(const KeyEvent& event) {
     const int row = Tabulon1.CurrentRow(), column = Tabulon1.CurrentColumn();
     switch (event.key) {
         case Key::Down:
-            GoDown();
+            event.shift ? ExtendRows(1) : GoDown();
             return true;
         case Key::Up:
-            GoUp();
+            event.shift ? ExtendRows(-1) : GoUp();
             return true;
         case Key::Enter:
             EnterPressed(event.shift);
@@ -24,14 +25,11 @@ bool frmEditRiskFactors::Tabulon1_KeyDown(const KeyEvent& event) {
             return true;
         case Key::Right:
             if (Tabulon1.IsEditing()) return false;
-            NormaliseRow();
-            CompleteEntryRow();
-            GoTo(row, std::min(column + 1, kRiskColumns - 1));
+            if (LeaveCell()) GoTo(row, std::min(column + 1, kRiskColumns - 1), event.shift);
             return true;
         case Key::Left:
             if (Tabulon1.IsEditing()) return false;
-            NormaliseRow();
-            GoTo(row, std::max(column - 1, 0));
+            if (NormaliseRow()) GoTo(row, std::max(column - 1, 0), event.shift);
             return true;
         case Key::F2:
             StartEditing();
@@ -45,20 +43,29 @@ bool frmEditRiskFactors::Tabulon1_KeyDown(const KeyEvent& event) {
             return true;
         case Key::Character:
             if (!event.ctrl || event.letter != U'C') return false;
-            CopySelectedRows(globals_.desktop, Tabulon1);
+            CopyRows();
             return true;
         default:
             return false;
     }
 }
 
-void frmEditRiskFactors::GoTo(int row, int column) {
+void frmEditRiskFactors::GoTo(int row, int column, bool extend) {
     Tabulon1.SetCurrentCell(row, column);
-    Tabulon1.SelectRow(row);
+    if (extend)
+        Tabulon1.SelectTo(row);
+    else
+        Tabulon1.SelectRow(row);
+}
+
+void frmEditRiskFactors::ExtendRows(int step) {
+    if (!LeaveCell()) return;
+    GoTo(std::clamp(Tabulon1.CurrentRow() + step, 1, LastRow(Tabulon1)), Tabulon1.CurrentColumn(),
+         true);
 }
 
 void frmEditRiskFactors::GoDown() {
-    NormaliseRow();
+    if (!NormaliseRow()) return;
     Tabulon1.EndEdit();
     CompleteEntryRow();
     AddBlankRow(false, false);
@@ -69,7 +76,7 @@ void frmEditRiskFactors::GoDown() {
 }
 
 void frmEditRiskFactors::GoUp() {
-    NormaliseRow();
+    if (!NormaliseRow()) return;
     Tabulon1.EndEdit();
     CompleteEntryRow();
     if (Tabulon1.CurrentRow() > 1) {
@@ -82,7 +89,7 @@ void frmEditRiskFactors::GoUp() {
 }
 
 void frmEditRiskFactors::EnterPressed(bool shift) {
-    NormaliseRow();
+    if (!NormaliseRow()) return;
     Tabulon1.EndEdit();
     CompleteEntryRow();
     const int row = Tabulon1.CurrentRow();
@@ -96,8 +103,7 @@ void frmEditRiskFactors::EnterPressed(bool shift) {
 }
 
 void frmEditRiskFactors::TabPressed(bool shift) {
-    NormaliseRow();
-    CompleteEntryRow();
+    if (!LeaveCell()) return;
     Tabulon1.EndEdit();
     const int row = Tabulon1.CurrentRow(), column = Tabulon1.CurrentColumn();
     if (!shift) {
@@ -139,9 +145,23 @@ bool frmEditRiskFactors::Tabulon1_KeyPress(char32_t code) {
     return !AcceptsCharacter(column, !Tabulon1.Editable(row, column), code);
 }
 
-void frmEditRiskFactors::Tabulon1_MouseDown(const MouseEvent& event) {
-    markedRows_ = Tabulon1.SelectedRows();
-    if (event.doubleClick) StartEditing();
+bool frmEditRiskFactors::Tabulon1_Paste(const std::string& text) {
+    if (text.empty()) {
+        globals_.desktop.Beep();
+        return true;
+    }
+    const int row = Tabulon1.CurrentRow(), column = Tabulon1.CurrentColumn();
+    const std::string refusal =
+        InUnnamedEntryRow() && column != kDescriptionColumn
+            ? "A new risk factor begins with its description; enter that first."
+            : WhyNotPasted(column, !Tabulon1.Editable(row, column), text);
+    if (!refusal.empty()) globals_.desktop.ShowMessage(refusal);
+    return !refusal.empty();
+}
+
+void frmEditRiskFactors::CopyRows() {
+    TrappedAndTold(globals_.desktop, "The rows could not be copied.",
+                   [this] { CopySelectedRows(globals_.desktop, Tabulon1); });
 }
 
 }  // namespace kestrel::ui

@@ -1,5 +1,6 @@
 #include "ui/editor/RiskGrid.h"
 
+#include <utility>
 #include <vector>
 
 #include "ui/editor/CellRules.h"
@@ -98,13 +99,23 @@ void RefreshCellLocks(Grid& grid) {
 
 void CopyLikelihoodToCorrelated(Grid& grid, int row) {
     const std::string likelihood = grid.Text(row, kLikelihoodColumn);
-    for (int other = 1; other <= LastRiskRow(grid); ++other) {
-        const std::string& target = grid.Text(other, kCorrelatedToColumn);
-        if (IsBlank(target))
-            grid.SetText(other, kCorrelatedToColumn, "0");
-        else if (WholeNumber(target) == row)
-            grid.SetText(other, kLikelihoodColumn, likelihood);
+    const int last = LastRiskRow(grid);
+    std::vector<std::vector<int>> followers(static_cast<std::size_t>(last + 1));
+    for (int other = 1; other <= last; ++other) {
+        const std::string& text = grid.Text(other, kCorrelatedToColumn);
+        if (IsBlank(text)) grid.SetText(other, kCorrelatedToColumn, "0");
+        const int target = WholeNumber(text).value_or(0);
+        if (IsDataRow(grid, target)) followers[static_cast<std::size_t>(target)].push_back(other);
     }
+    std::vector<int> given{row};
+    for (std::size_t i = 0; i < given.size(); ++i)
+        // Taken out, so that factors of a file that follow each other in a circle come to an end.
+        for (const int follower :
+             std::exchange(followers[static_cast<std::size_t>(given[i])], {})) {
+            if (follower == row) continue;
+            grid.SetText(follower, kLikelihoodColumn, likelihood);
+            given.push_back(follower);
+        }
 }
 
 void RenumberCorrelations(Grid& grid, int removed) {

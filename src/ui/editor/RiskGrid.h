@@ -36,7 +36,8 @@ void SetCellEditable(Grid& grid, int row, int column, bool editable);
 /// Locks the likelihood of rows that follow another and the correlation of rows that others
 /// follow, and unlocks the rest. Linear in the rows.
 void RefreshCellLocks(Grid& grid);
-/// Gives the row's likelihood to the rows correlated to it; blank correlations become "0".
+/// Gives the row's likelihood to the rows correlated to it, and on to those that follow these;
+/// blank correlations become "0". Linear in the rows.
 void CopyLikelihoodToCorrelated(Grid& grid, int row);
 /// After row `removed` has gone: correlations to it become "0", higher ones close up.
 void RenumberCorrelations(Grid& grid, int removed);

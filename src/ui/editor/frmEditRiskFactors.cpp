@@ -11,6 +11,8 @@ namespace kestrel::ui {
 namespace {
 
 constexpr int kWidth = 860, kHeight = 440, kMargin = 10, kButtonWidth = 104, kButtonHeight = 26;
+constexpr const char* kNotStored =
+    "The risk factors could not be stored in the plan; they are still in this window.";
 
 }  // namespace
 
@@ -48,20 +50,24 @@ void frmEditRiskFactors::ConnectHandlers() {
     cmdOKRisk.Click = [this] { cmdOKRisk_Click(); };
     Tabulon1.OnKeyDown = [this](const KeyEvent& event) { return Tabulon1_KeyDown(event); };
     Tabulon1.OnKeyPress = [this](char32_t code) { return Tabulon1_KeyPress(code); };
-    Tabulon1.OnMouseDown = [this](const MouseEvent& event) { Tabulon1_MouseDown(event); };
-    Tabulon1.BeforeLeaveCell = [this] { LeaveCell(); };
+    Tabulon1.OnPaste = [this](const std::string& text) { return Tabulon1_Paste(text); };
+    Tabulon1.BeforeLeaveCell = [this] { return LeaveCell(); };
 }
 
 void frmEditRiskFactors::Form_Load() {
     userLanguage_ = globals_.desktop.UserLanguage();
     bool loaded = false;
-    Trapped([&] { loaded = LoadData(); });
+    TrappedAndTold(globals_.desktop, "The risk factors could not be shown.",
+                   [&] { loaded = LoadData(); });
     deletedNumbers_.clear();
     if (!loaded) Close();
 }
 
 bool frmEditRiskFactors::StoreDefaultFactors() {
-    return LoadData() && StoreGridAsRegister(globals_, Tabulon1);
+    if (!LoadData()) return false;
+    const auto refused = StoreGridAsRegister(globals_, Tabulon1);
+    if (refused) globals_.desktop.ShowMessage(refused->message);
+    return !refused;
 }
 
 void frmEditRiskFactors::cmdHelp_Click() {
@@ -71,14 +77,14 @@ void frmEditRiskFactors::cmdHelp_Click() {
 void frmEditRiskFactors::cmdCancelRisk_Click() { Close(); }
 
 void frmEditRiskFactors::cmdOKRisk_Click() {
-    Trapped([this] {
-        if (CheckDescriptions()) return;
+    TrappedAndTold(globals_.desktop, kNotStored, [this] {
+        if (CheckDescriptions() || CheckNumbers()) return;
         // Ahead of the checks below: after their refusal the tasks are renumbered all the same,
         // and a second OK hands over the same numbers again.
         RenumberTaskRiskFactors(globals_, deletedNumbers_);
         NormaliseRow();
         CompleteEntryRow();
-        if (!StoreGridAsRegister(globals_, Tabulon1)) return;
+        if (const auto refused = StoreGridAsRegister(globals_, Tabulon1)) return Refuse(*refused);
         registerChanged_ = true;
         Close();
     });

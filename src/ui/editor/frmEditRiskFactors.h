@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/model/modGlobals.h"
+#include "store/GridRegister.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"
@@ -50,7 +51,7 @@ class frmEditRiskFactors : public Form {
     void cmdOKRisk_Click();
     bool Tabulon1_KeyDown(const KeyEvent& event);
     bool Tabulon1_KeyPress(char32_t code);
-    void Tabulon1_MouseDown(const MouseEvent& event);
+    bool Tabulon1_Paste(const std::string& text);
 
  protected:
     void Form_Load() override;
@@ -78,20 +79,30 @@ class frmEditRiskFactors : public Form {
     ///@{
     void AddBlankRow(bool moveTo, bool force);
     void CompleteEntryRow();
-    void NormaliseRow();
-    void CheckCorrelationCell();
-    void RefuseCorrelation(const char* message);
+    /// False when the row's correlation was refused: told, and its cell is current.
+    bool NormaliseRow();
+    bool CheckCorrelationCell();
+    bool RefuseCorrelation(const char* message);
+    /// @name Checks ahead of storing; true when a cell is refused: told, and it is current
+    ///@{
     bool CheckDescriptions();
+    bool CheckNumbers();
+    void Refuse(const RefusedCell& cell);
+    ///@}
     bool InUnnamedEntryRow() const;
-    /// What leaving a cell by other means than the keys of Tabulon1_KeyDown does.
-    void LeaveCell();
+    /// What leaving a cell by other means than the keys of Tabulon1_KeyDown does; false: stays.
+    bool LeaveCell();
     ///@}
 
     /// @name Keys
     ///@{
-    void GoTo(int row, int column);
+    /// Makes the cell current and selects its row or, with `extend`, the rows up to it.
+    void GoTo(int row, int column, bool extend = false);
     void GoDown();
     void GoUp();
+    /// Shift and an arrow: one row up (-1) or down.
+    void ExtendRows(int step);
+    void CopyRows();
     void EnterPressed(bool shift);
     void TabPressed(bool shift);
     void StartEditing();
@@ -100,16 +111,13 @@ class frmEditRiskFactors : public Form {
 
     /// @name Deletion
     ///@{
-    bool MarksInUse() const;
     bool DeleteSelectedRows();
-    void DeleteMarkedRows();
     void DeleteRow(int row);
     ///@}
 
     modGlobals& globals_;
     std::optional<std::string> chosenFile_;     ///< of cmdLoadFile
     std::vector<std::int32_t> deletedNumbers_;  ///< each as it was when its row was removed
-    std::vector<int> markedRows_;               ///< rows that the mouse has selected, ascending
     bool registerChanged_ = false;
     std::uint16_t userLanguage_ = 0;
 };
