@@ -1,5 +1,6 @@
 #include "refhost/gantt/frmResults.h"
 
+#include "util/Trapped.h"
 #include "util/modGridCopy.h"
 
 namespace refhost {
@@ -21,8 +22,10 @@ frmResults::frmResults(kestrel::Desktop& desktop, const PlanResults& results)
     DrawChart();
     OptionFinish.Click = OptionCost.Click = [this] { DrawChart(); };
     cmdCopyToClip.Click = [this] {
-        bool leadingLine = false;
-        kestrel::CopyGridToClipboard(desktop_, gridResults, leadingLine);
+        kestrel::TrappedAndTold(desktop_, "The table could not be copied.", [this] {
+            bool leadingLine = false;
+            kestrel::CopyGridToClipboard(desktop_, gridResults, leadingLine);
+        });
     };
     cmdClose.Click = [this] { Close(); };
     SetDefaultButton(cmdClose);

@@ -89,6 +89,7 @@ TEST_F(AdvancedAssignmentTest, NextPreviousAndNormalViewKeepTheChangesCancelDrop
         user.Press(Key::Space);
         user.Click("cmdPrevious");
         EXPECT_EQ(Field(second), "(3(P))");
+        EXPECT_EQ(user.TheForm().Focus(), &Choices(user)) << "the list that had the keyboard";
         user.Click("cmdNext");
         ClickLine(user, Risks(user), 2, true);
         user.Click("cmdNormalView");

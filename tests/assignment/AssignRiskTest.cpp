@@ -66,6 +66,8 @@ TEST_F(AssignmentTest, WithoutEditsNothingIsAskedOrWritten) {
     Assign([&](User& user) {
         user.Click("cmdNext");
         user.Click("cmdPrevious");
+        EXPECT_EQ(user.TheForm().Focus()->Name(), "TabulonRF")
+            << "the keyboard goes on in the list";
         user.Click("cmdOk");
     });
     EXPECT_EQ(Writes(), 0u);

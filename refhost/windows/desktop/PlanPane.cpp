@@ -52,7 +52,8 @@ std::optional<LRESULT> PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lPar
             return 0;
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN: {
-            const auto event = kestrel::ui::win32::KeyEventOf(wParam);
+            const auto event = kestrel::ui::win32::KeyEventOf(wParam, lParam);
+            if (event && AnswersAgain(*event)) return 0;
             if (!event || !bench_.View() || !bench_.View()->KeyDown(*event)) return std::nullopt;
             AfterInput();
             return 0;

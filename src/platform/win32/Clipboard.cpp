@@ -49,6 +49,21 @@ Clipboard::~Clipboard() {
     static_cast<void>(CloseClipboard());
 }
 
+std::string ClipboardText() {
+    if (!OpenPatiently(nullptr)) Fail();
+    struct Closed {
+        ~Closed() { CloseClipboard(); }
+    } const closed;
+    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    const auto* text = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr;
+    if (!text) return {};
+    // The block may be larger than the text, or end without a NUL.
+    const std::wstring_view all(text, GlobalSize(data) / sizeof(wchar_t));
+    const std::wstring copy(all.substr(0, all.find(L'\0')));
+    GlobalUnlock(data);
+    return Utf8(copy);
+}
+
 void Clipboard::Put(UINT format, HANDLE data) {
     if (!SetClipboardData(format, data)) Fail();
 }

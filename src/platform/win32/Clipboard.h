@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <string_view>
 
 #include "platform/win32/Handles.h"
@@ -27,5 +28,9 @@ class Clipboard {
  private:
     OwnedWindow ownWindow_;  ///< when no window of this thread is active
 };
+
+/// The clipboard's text as UTF-8, empty when it holds none. Waits for another program as Clipboard
+/// does, and raises DataError when the clipboard cannot be had.
+std::string ClipboardText();
 
 }  // namespace kestrel::win32

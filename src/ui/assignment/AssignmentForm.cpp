@@ -118,6 +118,7 @@ void AssignmentForm::MoveBy(std::int32_t rows) {
             TrappedAndTold(globals_.desktop, kNotShown, [&] { ShowNeighbour(*plan, rows); });
         });
     });
+    FactorList().SetFocus();
 }
 
 void AssignmentForm::ShowNeighbour(host::Plan& plan, std::int32_t rows) {

@@ -30,8 +30,11 @@ class AssignmentForm : public Form {
     /// Writes the edits made since LoadTask into the task that it showed.
     void SaveTask();
 
+    /// Shows a neighbour of the task and gives the keyboard back to the factors.
+    ///@{
     void cmdNext_Click() { MoveBy(1); }
     void cmdPrevious_Click() { MoveBy(-1); }
+    ///@}
     void cmdHelp_Click();
     void cmdClose_Click();
 
@@ -45,6 +48,8 @@ class AssignmentForm : public Form {
     virtual void ShowRegister() {}
     virtual void ShowTask(const ShownTask& task) = 0;
     virtual std::vector<FactorEdit> Edits() const = 0;
+    /// The control in which the user goes through the factors.
+    virtual Control& FactorList() = 0;
 
     /// SaveTask for a button: a failure is told.
     bool SavedOrTold();

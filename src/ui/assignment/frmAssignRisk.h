@@ -31,6 +31,7 @@ class frmAssignRisk : public AssignmentForm {
     void ShowRegister() override;
     void ShowTask(const ShownTask& task) override;
     std::vector<FactorEdit> Edits() const override;
+    Control& FactorList() override { return TabulonRF; }
 
  private:
     void ApplyRowState(int gridRow);

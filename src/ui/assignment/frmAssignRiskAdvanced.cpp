@@ -97,6 +97,10 @@ std::vector<FactorEdit> frmAssignRiskAdvanced::Edits() const {
     return edits;
 }
 
+Control& frmAssignRiskAdvanced::FactorList() {
+    return FocusBefore() == &lvwChoices ? lvwChoices : lvwRisks;
+}
+
 void frmAssignRiskAdvanced::Assign(bool assigned) {
     const std::int32_t id =
         assigned ? SelectedID(lvwRisks, riskIDs_) : SelectedID(lvwChoices, choiceIDs_);

@@ -36,6 +36,7 @@ class frmAssignRiskAdvanced : public AssignmentForm {
  protected:
     void ShowTask(const ShownTask& task) override;
     std::vector<FactorEdit> Edits() const override;
+    Control& FactorList() override;
 
  private:
     struct Factor {

@@ -26,7 +26,7 @@ struct ViewContext {
     /// in step with their models and closes the form's window when the form has closed. The view
     /// that calls it may be gone afterwards.
     std::function<void()> afterEvent;
-    /// Keeps what an event threw until the form's window is gone; the form is closed then.
+    /// Tells the user what an event or a message threw. The form stays as it is.
     std::function<void(std::exception_ptr)> failed;
 
     /// Hands an event of the user to the models, and brings the windows in step; nothing once the
@@ -36,10 +36,27 @@ struct ViewContext {
         if (!form->IsOpen()) return;
         try {
             event();
+        } catch (...) {
+            if (failed) failed(std::current_exception());
+        }
+        try {
             if (afterEvent) afterEvent();
         } catch (...) {
             if (failed) failed(std::current_exception());
         }
+    }
+
+    /// For the catch-all of a window procedure: what the message threw is told. A painting that
+    /// fails is only heard: a message box would uncover the window, to be painted once more.
+    void MessageFailed(HWND window, UINT message) const noexcept {
+        const bool paints = message == WM_PAINT || message == WM_NCPAINT ||
+                            message == WM_ERASEBKGND || message == WM_PRINTCLIENT;
+        if (!paints) {
+            if (failed) failed(std::current_exception());
+            return;
+        }
+        ValidateRect(window, nullptr);  // else the system would ask again at once, and for ever
+        MessageBeep(MB_ICONWARNING);
     }
 
     /// Device-independent units (96 to the inch) to pixels.

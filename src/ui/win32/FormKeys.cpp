@@ -30,11 +30,8 @@ bool GiveToForm(ViewContext& context, const KeyEvent& event) {
 
 bool KeyDown(ViewContext& context, const MSG& message) {
     if (DialogCode(message) & DLGC_WANTALLKEYS) return false;
-    const std::optional<KeyEvent> event = KeyEventOf(message.wParam);
+    const std::optional<KeyEvent> event = KeyEventOf(message.wParam, message.lParam);
     if (!event) return false;
-    const bool repeats = (message.lParam & 0x40000000) != 0;
-    // Held down, they must not answer the next window too.
-    if (repeats && (event->key == Key::Enter || event->key == Key::Escape)) return true;
     ShowKeyboardMarks(context.formWindow);
     return GiveToForm(context, *event);
 }

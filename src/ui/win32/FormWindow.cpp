@@ -9,6 +9,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/SelectionListView.h"
 #include "ui/win32/Dpi.h"
+#include "ui/win32/FailureBox.h"
 #include "ui/win32/FormKeys.h"
 #include "ui/win32/FormPlacement.h"
 #include "ui/win32/MakeView.h"
@@ -75,7 +76,7 @@ void FormWindow::SetUpContext(HINSTANCE module, Form& form) {
     context_.module = module;
     context_.form = &form;
     context_.afterEvent = [this] { Update(); };
-    context_.failed = [this](std::exception_ptr failure) { Fail(std::move(failure)); };
+    context_.failed = [this](const std::exception_ptr& failure) { TellFailure(failure); };
 }
 
 void FormWindow::AddChildren() {
@@ -148,18 +149,14 @@ void FormWindow::Update() {
     MarkDefaultButton();
 }
 
-void FormWindow::Fail(std::exception_ptr failure) {
-    if (!failure_) failure_ = std::move(failure);
-    try {
-        context_.form->Close();
-    } catch (...) {
-        // The form counts as closed; the first failure is the one to tell.
+void FormWindow::TellFailure(const std::exception_ptr& failure) noexcept {
+    if (telling_) {  // what fails behind the box would fail again and again
+        MessageBeep(MB_ICONWARNING);
+        return;
     }
-    PostMessageW(Handle(), WM_NULL, 0, 0);
-}
-
-void FormWindow::RethrowFailure() {
-    if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+    telling_ = true;
+    ShowFailure(Handle(), failure);
+    telling_ = false;
 }
 
 SystemView* FormWindow::SystemViewOf(HWND window) const {

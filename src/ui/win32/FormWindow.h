@@ -16,7 +16,7 @@ namespace kestrel::ui::win32 {
 
 /// The window of an open form, with a child window for each control. It decides nothing: the
 /// user's events go to the models, and after each of them the windows show what the models say.
-/// What an event throws is kept and closes the form.
+/// What an event throws is told in a message box, and the form stays.
 class FormWindow {
  public:
     /// Makes the window, hidden. `owner` may be none. Raises std::system_error.
@@ -33,8 +33,6 @@ class FormWindow {
     bool Translate(const MSG& message);
     /// Brings all windows in step with the models.
     void Update();
-    /// Throws again what an event threw.
-    void RethrowFailure();
 
  private:
     struct Child {
@@ -73,7 +71,7 @@ class FormWindow {
     void MarkDefaultButton();
     SystemView* SystemViewOf(HWND window) const;
     HWND WindowOf(const Control* control) const;
-    void Fail(std::exception_ptr failure);
+    void TellFailure(const std::exception_ptr& failure) noexcept;
 
     ViewContext context_;
     DWORD style_ = 0;
@@ -81,7 +79,7 @@ class FormWindow {
     std::vector<std::unique_ptr<Child>> children_;
     bool updating_ = false;       ///< what windows tell meanwhile is our own doing
     std::optional<POINT> place_;  ///< where we put the window, or the user did
-    std::exception_ptr failure_;
+    bool telling_ = false;        ///< a failure's message box is open
     WindowClass class_;
     WindowHandle window_;  ///< ends first: the last messages find everything else in place
 };

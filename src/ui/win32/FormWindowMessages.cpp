@@ -37,7 +37,7 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     try {
         return self->Receive(message, wParam, lParam);
     } catch (...) {
-        self->Fail(std::current_exception());
+        self->context_.MessageFailed(window, message);
         return 0;
     }
 }
@@ -101,7 +101,7 @@ LRESULT CALLBACK FormWindow::ChildHook(HWND window, UINT message, WPARAM wParam,
                                   : DefSubclassProc(window, message, wParam, lParam);
         if (message == WM_SETFOCUS) child.form.GiveFocusToModel(child.control);
     } catch (...) {
-        child.form.Fail(std::current_exception());
+        child.form.context_.MessageFailed(window, message);
     }
     return result;
 }

@@ -28,8 +28,10 @@ bool IsDown(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 
 bool IsAltGr() { return IsDown(VK_CONTROL) && IsDown(VK_MENU); }
 
-std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey) {
+std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey, LPARAM details) {
+    constexpr LPARAM kWasDown = 0x40000000;
     KeyEvent event;
+    event.repeated = (details & kWasDown) != 0;
     event.shift = IsDown(VK_SHIFT);
     event.ctrl = IsDown(VK_CONTROL);
     event.alt = IsDown(VK_MENU);

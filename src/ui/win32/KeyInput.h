@@ -14,10 +14,10 @@ bool IsDown(int virtualKey);
 /// Both Ctrl and Alt: the key that reaches a keyboard's third level of characters counts as these.
 bool IsAltGr();
 
-/// The event of a WM_KEYDOWN or WM_SYSKEYDOWN, with the modifiers held. Nothing for keys that
-/// controls do not know. A letter with AltGr is nothing either: it must type its character, not
-/// press the access key of its letter.
-std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey);
+/// The event of a WM_KEYDOWN or WM_SYSKEYDOWN with these parameters, with the modifiers held.
+/// Nothing for keys that controls do not know. A letter with AltGr is nothing either: it must type
+/// its character, not press the access key of its letter.
+std::optional<KeyEvent> KeyEventOf(WPARAM virtualKey, LPARAM details);
 
 /// Puts the characters of WM_CHAR together: those outside the basic plane come in two messages.
 class CharacterInput {

@@ -48,7 +48,7 @@ LRESULT CALLBACK OwnWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     try {
         if (const auto answer = self->Handle(message, wParam, lParam)) return *answer;
     } catch (...) {
-        if (context.failed) context.failed(std::current_exception());
+        context.MessageFailed(window, message);
         return 0;
     }
     return DefWindowProcW(window, message, wParam, lParam);

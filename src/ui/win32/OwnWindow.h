@@ -10,7 +10,7 @@
 namespace kestrel::ui::win32 {
 
 /// A child window of the form's that the program itself paints and works, for controls that the
-/// system has no window for. What a message raises goes to the context, where it closes the form.
+/// system has no window for. What a message raises goes to the context.
 class OwnWindow : public ControlView {
  public:
     OwnWindow(const OwnWindow&) = delete;

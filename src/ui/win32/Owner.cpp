@@ -49,4 +49,12 @@ OtherWindowsDisabled::~OtherWindowsDisabled() {
     for (const HWND window : disabled_) static_cast<void>(EnableWindow(window, TRUE));
 }
 
+KeyboardReturn::~KeyboardReturn() {
+    if (!control_ || !IsWindow(control_) || !IsWindowEnabled(control_) || GetFocus() == control_)
+        return;
+    // Where the user has gone to another window meanwhile, that keeps the keyboard.
+    const HWND active = GetActiveWindow();
+    if (!active || active == GetAncestor(control_, GA_ROOT)) SetFocus(control_);
+}
+
 }  // namespace kestrel::ui::win32

@@ -27,4 +27,18 @@ class OtherWindowsDisabled {
     std::vector<HWND> disabled_;
 };
 
+/// The control that has the keyboard when it is made has it again when it ends, once the windows
+/// that came in between have gone. The system brings back the window, not always the control in
+/// it.
+class KeyboardReturn {
+ public:
+    KeyboardReturn() : control_(GetFocus()) {}
+    ~KeyboardReturn();
+    KeyboardReturn(const KeyboardReturn&) = delete;
+    KeyboardReturn& operator=(const KeyboardReturn&) = delete;
+
+ private:
+    HWND control_;  ///< none while another program is active
+};
+
 }  // namespace kestrel::ui::win32

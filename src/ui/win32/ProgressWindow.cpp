@@ -58,7 +58,6 @@ void ProgressWindow::Refresh() {
         others_.reset();
         window_->Hide();
     }
-    window_->RethrowFailure();
 }
 
 }  // namespace kestrel::ui::win32

@@ -29,12 +29,9 @@ void WorkUntilClosed(FormWindow& window, Form& form) {
 /// Not noexcept: what makes the window may fail.
 void Work(HINSTANCE module, Form& form, HWND owner) {
     FormWindow window(module, form, owner);
-    {
-        const OtherWindowsDisabled others(window.Handle());
-        window.Show();
-        WorkUntilClosed(window, form);
-    }
-    window.RethrowFailure();
+    const OtherWindowsDisabled others(window.Handle());
+    window.Show();
+    WorkUntilClosed(window, form);
 }
 
 }  // namespace
@@ -43,6 +40,7 @@ void WindowRunner::ShowModal(Form& form) {
     const CommonControlsScope controls(module_);
     const DpiScope scale;
     const HWND owner = OwnerForNewWindow();
+    const KeyboardReturn keyboard;
     form.Open();
     try {
         if (form.IsOpen()) Work(module_, form, owner);

@@ -2,6 +2,7 @@
 
 #include "TestPaths.h"
 #include "host/clsKestrelDll.h"
+#include "platform/win32/Clipboard.h"
 #include "platform/win32/WideText.h"
 #include "refhost/files/PlanFile.h"
 #include "support/ScriptedRunner.h"
@@ -37,15 +38,6 @@ std::string AnalysedRegister(DesktopStage& stage, const std::string& path) {
     addIn.LaunchStartSchedulon();
     RunAnalysis(host, settings);
     return RegisterText(*host.OpenPlan());
-}
-
-std::string ClipboardText() {
-    if (!OpenClipboard(nullptr)) return {};
-    std::string text;
-    if (const HANDLE held = GetClipboardData(CF_UNICODETEXT))
-        text = kestrel::win32::Utf8(static_cast<const wchar_t*>(GlobalLock(held)));
-    CloseClipboard();
-    return text;
 }
 
 class EndToEndTest : public testing::Test {
@@ -125,7 +117,7 @@ TEST_F(EndToEndTest, FromAProjectFileToTheDrivingRisks) {
         user.Press(VK_MENU, 'O');                    // the cost
         user.Press(VK_MENU, 'C');                    // copies the table
         user.WaitUntil("the table is copied", [&] {  // something older may stand there
-            return (copied = ClipboardText()).starts_with("ID\t");
+            return (copied = kestrel::win32::ClipboardText()).starts_with("ID\t");
         });
         user.Press(VK_ESCAPE);
         user.WaitUntilGone(risks);

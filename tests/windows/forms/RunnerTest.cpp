@@ -144,23 +144,46 @@ TEST_F(RunnerTest, AFormThatClosesWhileItLoadsIsNeverShown) {
     EXPECT_EQ(GetActiveWindow(), nullptr);
 }
 
-TEST_F(RunnerTest, WhatAHandlerThrowsClosesTheFormAndReachesTheCaller) {
-    const WindowHandle host = HostWindow(L"Host", 300);
-    SetForegroundWindow(host.Get());
+TEST_F(RunnerTest, WhatAHandlerThrowsIsToldAndTheFormStays) {
     form.act.Click = [] { throw std::logic_error("a fault"); };
-    for (const bool byMouse : {false, true}) {
-        SCOPED_TRACE(byMouse ? "in a window procedure" : "in the loop");
-        EXPECT_THROW(Show([&](WindowUser& user, HWND) {
-                         HWND button = nullptr;
-                         user.OnUi([&] { button = runner.WindowOf("act"); });
-                         if (byMouse)
-                             user.Click(button);
-                         else
-                             user.Press(VK_MENU, 'A');
-                     }),
-                     std::logic_error);
-        EXPECT_FALSE(form.IsOpen());
-        EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    ShowAndCancel([&](WindowUser& user, HWND window) {
+        HWND button = nullptr;
+        user.OnUi([&] { button = runner.WindowOf("act"); });
+        for (const bool byMouse : {false, true}) {
+            SCOPED_TRACE(byMouse ? "in a window procedure" : "in the loop");
+            if (byMouse)
+                user.Click(button);
+            else
+                user.Press(VK_MENU, 'A');
+            const HWND box = user.WaitForWindow(L"Risk Factors");
+            user.OnUi([&] { EXPECT_EQ(GetWindow(box, GW_OWNER), window); });
+            user.Press(VK_RETURN);
+            user.WaitUntilGone(box);
+            user.WaitForWindow(L"Sample");
+        }
+    });
+}
+
+TEST_F(RunnerTest, TheKeyboardIsBackWhereItWasAfterAnyChainOfWindows) {
+    const WindowHandle host = HostWindow(L"Host", 300);
+    const HWND first = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 90, 20,
+                                       host.Get(), nullptr, nullptr, nullptr);
+    const HWND second = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 30, 90, 20,
+                                        host.Get(), nullptr, nullptr, nullptr);
+    SetForegroundWindow(host.Get());
+    form.act.Click = [&] {
+        MessageBoxW(GetActiveWindow(), L"Sure?", L"Question", MB_OKCANCEL);
+        form.Close();
+    };
+    for (const HWND had : {first, second}) {
+        ::SetFocus(had);
+        Show([&](WindowUser& user, HWND) {
+            user.Press(VK_MENU, 'A');
+            const HWND box = user.WaitForWindow(L"Question");
+            user.Press(VK_RETURN);
+            user.WaitUntilGone(box);
+        });
+        EXPECT_EQ(GetFocus(), had);
     }
 }
 

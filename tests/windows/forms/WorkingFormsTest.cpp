@@ -124,11 +124,9 @@ TEST_F(WorkingFormsTest, TheAssignmentDialogWalksTheTasks) {
                  GetWindowTextW(runner.WindowOf("lblSelectedTask"), text, 40);
                  EXPECT_EQ(std::wstring(text), L"11 - T11");
              });
-             WaitForFocus(user, "cmdNext");
-             user.Press(VK_RETURN);  // a button that has the keyboard is the one that Enter presses
+             WaitForFocus(user, "TabulonRF");
+             user.Press(VK_MENU, 'N');
              user.WaitUntil("the third task is shown", [&] { return host.plan->currentRow == 3; });
-             user.Press(VK_SHIFT, VK_TAB);
-             user.Press(VK_SHIFT, VK_TAB);
              WaitForFocus(user, "TabulonRF");
              user.Press(VK_DOWN);
              user.Press(VK_SPACE);
@@ -137,6 +135,19 @@ TEST_F(WorkingFormsTest, TheAssignmentDialogWalksTheTasks) {
     EXPECT_EQ(Field(1), "(1)");
     EXPECT_EQ(Field(2), "");
     EXPECT_EQ(Field(3), "(2)");
+}
+
+TEST_F(WorkingFormsTest, AHeldEscapeEndsTheEditAndNoMore) {
+    Work([&] { addin.LaunchEdit(); }, L"Edit Risk Factors",
+         [&](WindowUser& user, HWND) {
+             user.Type("x");
+             user.Hold(VK_ESCAPE, 3);
+             user.Type("y");
+             user.WaitUntil("the grid is typed in",
+                            [&] { return runner.Get<ui::Grid>("Tabulon1").Text(1, 0) == "y"; });
+             user.Press(VK_ESCAPE);
+             user.Press(VK_ESCAPE);
+         });
 }
 
 TEST_F(WorkingFormsTest, FactorsGoFromListToListByKeysAndDoubleClick) {

@@ -4,9 +4,12 @@
 // windows.h first
 #include <commctrl.h>
 
+#include <future>
 #include <random>
 #include <stdexcept>
+#include <thread>
 
+#include "base/Errors.h"
 #include "platform/win32/Clipboard.h"
 #include "platform/win32/WideText.h"
 #include "support/ScriptedRunner.h"
@@ -144,7 +147,7 @@ TEST(GridInputTest, CtrlTypesNothingButAltGrDoes) {
         ASSERT_TRUE(SetKeyboardState(keys));
         EXPECT_EQ(ui::win32::CharacterInput().Take(c.unit), c.expected);
         if (c.ctrl && c.alt) {
-            EXPECT_FALSE(ui::win32::KeyEventOf('Q')) << "no access key";
+            EXPECT_FALSE(ui::win32::KeyEventOf('Q', 0)) << "no access key";
         }
     }
     ASSERT_TRUE(SetKeyboardState(before));
@@ -260,7 +263,7 @@ TEST(GridInputTest, TheScrollBarFollowsAndLeadsTheRows) {
     EXPECT_FALSE(GetWindowLongPtrW(window.Window(), GWL_STYLE) & WS_VSCROLL) << "not needed";
 }
 
-TEST(GridInputTest, PastingTypesTheFirstCellOfTheClipboard) {
+TEST(GridInputTest, PastingPutsTheWholeTextIntoTheCellOrNone) {
     const struct {
         const char* what;
         const char* clipboard;
@@ -269,38 +272,51 @@ TEST(GridInputTest, PastingTypesTheFirstCellOfTheClipboard) {
         int column;
         const char* expected;
     } cases[] = {
-        {"a text", "Ground water", 'V', {.ctrl = true}, SampleGrid::kName, "Ground water"},
-        {"the first of some cells",
-         " 12.5\t7\r\n8",
-         'V',
-         {.ctrl = true},
-         SampleGrid::kFigure,
-         "12.5"},
+        {"a text", "Größe 雨", 'V', {.ctrl = true}, SampleGrid::kName, "Größe 雨"},
+        {"a copied cell", " 12.5\t\r\n", 'V', {.ctrl = true}, SampleGrid::kFigure, "12.5"},
         {"the older keys",
          "\U0001F600",
          VK_INSERT,
          {.shift = true},
          SampleGrid::kName,
          "\U0001F600"},
-        {"what the form refuses", "x12", 'V', {.ctrl = true}, SampleGrid::kFigure, "1.50%"},
+        {"what the form refuses", "1x2", 'V', {.ctrl = true}, SampleGrid::kFigure, "1.50%"},
         {"where nothing is typed", "1", 'V', {.ctrl = true}, SampleGrid::kLocked, ""},
         {"nothing", "\r\n", 'V', {.ctrl = true}, SampleGrid::kFigure, "1.50%"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         SampleGrid form(2);
-        int asked = 0;
-        form.grid.OnKeyPress = [&](char32_t character) {
-            ++asked;
-            return form.grid.CurrentColumn() == SampleGrid::kFigure && character == U'x';
-        };
+        form.grid.OnPaste = [](const Text& text) { return text.find('x') != text.npos; };
         GridHost window(form, form.grid);
         form.grid.MoveTo(1, c.column);
         kestrel::win32::Clipboard().PutText(c.clipboard);
         window.PressKey(c.key, c.held);
         EXPECT_EQ(form.grid.Text(1, c.column), c.expected);
-        EXPECT_TRUE(form.grid.IsEditing() || asked <= 1) << "one refusal is enough";
+        EXPECT_EQ(window.failure, nullptr);
     }
+}
+
+TEST(GridInputTest, AClipboardThatAnotherHoldsFailsThePasteAndNothingElse) {
+    SampleGrid form(2);
+    GridHost window(form, form.grid);
+    std::promise<void> held, enough;
+    std::thread other([&] {
+        const HWND holder = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                            nullptr, nullptr);
+        EXPECT_TRUE(OpenClipboard(holder));
+        held.set_value();
+        enough.get_future().wait();
+        CloseClipboard();
+        DestroyWindow(holder);
+    });
+    held.get_future().wait();
+    window.PressKey('V', {.ctrl = true});
+    enough.set_value();
+    other.join();
+    ASSERT_NE(window.failure, nullptr);
+    EXPECT_THROW(std::rethrow_exception(window.failure), DataError);
+    EXPECT_EQ(form.grid.Text(1, SampleGrid::kName), "Name 1");
 }
 
 TEST(GridInputTest, TheMouseShowsTextsThatAreTooLongForTheirCells) {

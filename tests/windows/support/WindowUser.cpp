@@ -176,6 +176,12 @@ void WindowUser::Press(WORD held, WORD virtualKey) {
     Send(input);
 }
 
+void WindowUser::Hold(WORD virtualKey, int reports) {
+    std::vector<INPUT> input(static_cast<std::size_t>(reports), KeyInput(virtualKey, false));
+    input.push_back(KeyInput(virtualKey, true));
+    Send(input);
+}
+
 void WindowUser::Type(std::string_view ascii) {
     for (const char c : ascii) {
         const SHORT key = VkKeyScanW(static_cast<wchar_t>(c));

@@ -32,6 +32,8 @@ class WindowUser {
     void Press(WORD virtualKey) { Press({}, virtualKey); }
     /// With one key held down.
     void Press(WORD held, WORD virtualKey);
+    /// Held down until it has been reported so many times.
+    void Hold(WORD virtualKey, int reports);
     void Type(std::string_view ascii);
     /// In the middle of the window, or at a place within it in pixels.
     void Click(HWND window) { ClickAt(window, nullptr); }

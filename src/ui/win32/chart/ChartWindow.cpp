@@ -14,6 +14,7 @@
 #include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
 #include "ui/controls/ChartHints.h"
+#include "ui/win32/FailureBox.h"
 #include "ui/win32/KeyInput.h"
 #include "ui/win32/chart/ChartFonts.h"
 #include "ui/win32/chart/ChartMetafile.h"
@@ -79,7 +80,7 @@ std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM l
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS;
         case WM_KEYDOWN:
-            if (const auto event = KeyEventOf(wParam); event && KeyDown(*event)) return 0;
+            if (const auto event = KeyEventOf(wParam, lParam); event && KeyDown(*event)) return 0;
             return {};
         case WM_SETCURSOR:  // comes ahead of the mouse's move
             FitHints();
@@ -227,9 +228,8 @@ template <class Action>
 void ChartWindow::TellFailure(Action action) {
     try {
         action();
-    } catch (const DataError& failure) {
-        MessageBoxW(context_.formWindow, Wide(failure.what()).c_str(),
-                    Wide(kApplicationTitle).c_str(), MB_OK | MB_ICONWARNING);
+    } catch (...) {
+        ShowFailure(context_.formWindow, std::current_exception());
     }
 }
 

@@ -9,9 +9,8 @@
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/Gdi.h"
 #include "ui/controls/Grid.h"
-#include "ui/win32/ControlView.h"
 #include "ui/win32/KeyInput.h"
-#include "ui/win32/WindowHandle.h"
+#include "ui/win32/OwnWindow.h"
 #include "ui/win32/grid/GridAccess.h"
 #include "ui/win32/grid/GridCaret.h"
 #include "ui/win32/grid/GridHints.h"
@@ -23,32 +22,27 @@ namespace kestrel::ui::win32 {
 
 /// The window of a grid: hands keys, characters and mouse to the form and paints what the grid
 /// then holds. It decides nothing about cells.
-class GridWindow : public ControlView {
+class GridWindow : public OwnWindow {
  public:
     GridWindow(ViewContext& context, Grid& grid);
     ~GridWindow() override;
 
-    HWND Window() const override { return window_; }
     void Update() override;
     void ScaleChanged() override;
 
  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
-                                      LPARAM lParam) noexcept;
-    /// Each answers nothing where the system's own handling is wanted as well. The view may be
-    /// gone afterwards.
+    /// @name As Handle: nothing where the system's own handling is wanted as well
     ///@{
-    std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     ///@}
 
     /// @name Keyboard
     ///@{
-    bool KeyDown(WPARAM virtualKey, bool repeated);
+    bool KeyDown(WPARAM virtualKey, LPARAM details);
     bool SystemKeyDown(WPARAM virtualKey);
     void Character(WPARAM unit);
-    void Paste();
     void FocusGained();
     void FocusLost();
     ///@}
@@ -91,12 +85,9 @@ class GridWindow : public ControlView {
 
     GridScale Scale() const { return {context_.dpi}; }
     GridStyle Style() const { return {Scale(), context_.font, colours_}; }
-    bool HasFocus() const { return GetFocus() == window_; }
+    bool HasFocus() const { return GetFocus() == Window(); }
 
-    ViewContext& context_;
     Grid& grid_;
-    WindowClass class_;
-    HWND window_;  ///< none once its parent has taken it along
     GridScroll scroll_;
     GridCaret caret_;
     GridHints hints_;

@@ -13,7 +13,7 @@ void Tell(HWND window, DWORD event, LONG element) {
 LRESULT GridWindow::AccessibleObject(WPARAM wParam) {
     if (!access_)
         access_ =
-            kestrel::win32::ComPtr<GridAccess>::Attach(new GridAccess(window_, context_, grid_));
+            kestrel::win32::ComPtr<GridAccess>::Attach(new GridAccess(Window(), context_, grid_));
     return LresultFromObject(IID_IAccessible, wParam, access_.Get());
 }
 
@@ -25,12 +25,12 @@ void GridWindow::DisconnectAccess() {
 void GridWindow::AnnounceFocus() const {
     const LONG current = GridElements(grid_).CurrentId();
     // The system has told of the table by itself.
-    if (current != CHILDID_SELF) Tell(window_, EVENT_OBJECT_FOCUS, current);
+    if (current != CHILDID_SELF) Tell(Window(), EVENT_OBJECT_FOCUS, current);
 }
 
 void GridWindow::AnnounceChanges(const GridSnapshot& now) const {
     const GridSnapshot& before = *shown_;
-    if (now.rowCount != before.rowCount) Tell(window_, EVENT_OBJECT_REORDER, CHILDID_SELF);
+    if (now.rowCount != before.rowCount) Tell(Window(), EVENT_OBJECT_REORDER, CHILDID_SELF);
     const bool moved =
         now.currentRow != before.currentRow || now.currentColumn != before.currentColumn;
     if (moved && HasFocus()) AnnounceFocus();
@@ -45,11 +45,11 @@ void GridWindow::AnnounceChanges(const GridSnapshot& now) const {
         selected |= old->selected != row.selected;
         for (std::size_t i = 0; i < row.cells.size(); ++i) {
             if (old->cells[i].text == row.cells[i].text) continue;
-            Tell(window_, row.cells[i].check ? EVENT_OBJECT_STATECHANGE : EVENT_OBJECT_VALUECHANGE,
+            Tell(Window(), row.cells[i].check ? EVENT_OBJECT_STATECHANGE : EVENT_OBJECT_VALUECHANGE,
                  elements.IdOf({row.row, static_cast<int>(i)}));
         }
     }
-    if (selected) Tell(window_, EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF);
+    if (selected) Tell(Window(), EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF);
 }
 
 }  // namespace kestrel::ui::win32

@@ -2,8 +2,8 @@
 // windows.h first
 #include <windowsx.h>
 
+#include "platform/win32/Clipboard.h"
 #include "ui/win32/KeyInput.h"
-#include "ui/win32/grid/GridPaste.h"
 #include "ui/win32/grid/GridWindow.h"
 
 /// What the user does with keyboard and mouse.
@@ -12,8 +12,7 @@ namespace {
 
 using kestrel::win32::WindowDc;
 
-constexpr LPARAM kRepeated = 0x40000000;  // of a key message: the key was down before
-constexpr int kColumnStep = 8;            // units that a key widens a column by
+constexpr int kColumnStep = 8;  // units that a key widens a column by
 
 std::optional<LRESULT> Done(bool used) { return used ? std::optional<LRESULT>(0) : std::nullopt; }
 
@@ -37,7 +36,7 @@ std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam, L
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS;
         case WM_KEYDOWN:
-            return Done(KeyDown(wParam, (lParam & kRepeated) != 0));
+            return Done(KeyDown(wParam, lParam));
         case WM_CHAR:
             Character(wParam);
             return 0;
@@ -60,24 +59,22 @@ std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam, L
     }
 }
 
-bool GridWindow::KeyDown(WPARAM virtualKey, bool repeated) {
+bool GridWindow::KeyDown(WPARAM virtualKey, LPARAM details) {
     if (virtualKey == VK_ADD && IsDown(VK_CONTROL)) {  // as in the system's own lists
         FitAllColumns();
         return true;
     }
-    auto event = KeyEventOf(virtualKey);
+    auto event = KeyEventOf(virtualKey, details);
     if (virtualKey == VK_INSERT && IsDown(VK_CONTROL)) event = Shortcut(U'C');
     if (virtualKey == VK_INSERT && IsDown(VK_SHIFT)) event = Shortcut(U'V');
     if (!event) return false;
     bool used = false;
     ViewContext& context = context_;
     context.Deliver([&] {
-        // Held down, Enter and Esc work on in the grid, but must not answer the next window.
-        const bool gridOnly = repeated && (event->key == Key::Enter || event->key == Key::Escape);
-        used = gridOnly ? grid_.KeyDown(*event) : context.form->KeyDown(*event);
+        used = context.form->KeyDown(*event);
         if (used || !IsShortcut(*event, U'V')) return;
-        Paste();
         used = true;
+        grid_.Paste(kestrel::win32::ClipboardText());
     });
     return used;
 }
@@ -86,15 +83,6 @@ bool GridWindow::SystemKeyDown(WPARAM virtualKey) {
     if (IsDown(VK_CONTROL) || (virtualKey != VK_LEFT && virtualKey != VK_RIGHT)) return false;
     WidenColumn(virtualKey == VK_RIGHT ? kColumnStep : -kColumnStep);
     return true;
-}
-
-/// As if the text were typed, so that the form's rules hold for every character.
-void GridWindow::Paste() {
-    for (const char32_t character : PastedCell(window_)) {
-        context_.form->KeyPress(character);
-        // The cell takes nothing, or not this: what follows would only be refused again.
-        if (!grid_.IsEditing()) return;
-    }
 }
 
 void GridWindow::Character(WPARAM unit) {
@@ -107,7 +95,7 @@ void GridWindow::Character(WPARAM unit) {
 }
 
 void GridWindow::FocusGained() {
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     UpdateCaret();
     AnnounceFocus();
 }
@@ -115,7 +103,7 @@ void GridWindow::FocusGained() {
 void GridWindow::FocusLost() {
     caret_.Hide();
     Update();
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
 
 std::optional<LRESULT> GridWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -148,7 +136,7 @@ void GridWindow::ButtonDown(POINT place, bool doubleClick) {
             BeginDrag(*column, place);
         return;
     }
-    const HWND window = window_;
+    const HWND window = Window();
     SetFocus(window);
     // The control that has lost the keyboard may have closed the form.
     if (GetWindowLongPtrW(window, GWLP_USERDATA) != reinterpret_cast<LONG_PTR>(this)) return;
@@ -171,14 +159,14 @@ void GridWindow::PlaceCaret(POINT place) {
     if (!bounds) return;
     const RECT cell = Scale().Pixels(*bounds);
     if (!PtInRect(&cell, place)) return;
-    const WindowDc dc(window_);
+    const WindowDc dc(Window());
     const GridStyle style = Style();
     grid_.SetCaret(GridPainter(dc.Get(), grid_, style).CaretAt(place.x));
 }
 
 bool GridWindow::SetCursorShape() const {
     POINT place{};
-    if (!GetCursorPos(&place) || !ScreenToClient(window_, &place)) return false;
+    if (!GetCursorPos(&place) || !ScreenToClient(Window(), &place)) return false;
     if (!dragged_ && !EdgeAt(place)) return false;
     SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
     return true;
@@ -198,7 +186,7 @@ std::optional<int> GridWindow::EdgeAt(POINT place) const {
 void GridWindow::BeginDrag(int column, POINT place) {
     const Rect header = grid_.Geometry().CellBounds(0, column).value();
     dragOffset_ = Scale().Units(place.x) - (header.x + header.width);
-    SetCapture(window_);
+    SetCapture(Window());
     dragged_ = column;
 }
 
@@ -216,7 +204,7 @@ void GridWindow::WidenColumn(int units) {
 }
 
 void GridWindow::FitColumn(int column) {
-    const WindowDc dc(window_);
+    const WindowDc dc(Window());
     const GridStyle style = Style();
     grid_.FitColumn(column,
                     Scale().UnitsAtLeast(GridPainter(dc.Get(), grid_, style).ColumnWidth(column)));
