@@ -302,10 +302,13 @@ TEST(GridInputTest, AClipboardThatAnotherHoldsFailsThePasteAndNothingElse) {
     GridHost window(form, form.grid);
     std::promise<void> held, enough;
     std::thread other([&] {
-        EXPECT_TRUE(OpenClipboard(nullptr));
+        const HWND holder = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                            nullptr, nullptr);
+        EXPECT_TRUE(OpenClipboard(holder));
         held.set_value();
         enough.get_future().wait();
         CloseClipboard();
+        DestroyWindow(holder);
     });
     held.get_future().wait();
     window.PressKey('V', {.ctrl = true});
