@@ -130,7 +130,7 @@ TEST(WindowsHelp, TheSystemsViewerIsAskedForTheTopicWithoutOwner) {
     ASSERT_TRUE(CopyFileW(Wide(KESTREL_BINARY_DIR "/hhctrl.ocx").c_str(),
                           (folder + std::wstring(L"\\hhctrl.ocx")).c_str(), FALSE));
     Win32Desktop desktop;
-    const auto lastCall = [] {
+    const auto lastCall = [&folder] {
         const HMODULE viewer = GetModuleHandleW(L"hhctrl.ocx");
         wchar_t path[MAX_PATH] = L"";
         GetModuleFileNameW(viewer, path, MAX_PATH);

@@ -13,10 +13,7 @@ namespace kestrel::test {
 class ListenedHost {
  public:
     ListenedHost() {
-        FakeDesktop desktop;
-        modGlobals globals{desktop};
-        globals.RiskFactors = {Factor("Rain", 100)};
-        SaveRegisterToPlan(globals, offered.Plan());
+        SaveRegisterToPlan({Factor("Rain", 100)}, offered.Plan());
         offered.Plan().TaskAt(1)->UserValues()->PutItem("RiskFactors", "1");
     }
 
