@@ -22,7 +22,7 @@ class GridAccessTest : public testing::Test {
  protected:
     GridAccessTest() : form(30), window(form, form.grid) {
         EXPECT_EQ(AccessibleObjectFromWindow(window.Window(), static_cast<DWORD>(OBJID_CLIENT),
-                                             IID_IAccessible, table.OutVoid()),
+                                             __uuidof(IAccessible), table.OutVoid()),
                   S_OK);
     }
 

@@ -44,7 +44,7 @@ TEST(WindowsFiles, AFileThatMayNotBeWrittenKeepsItsTextAndNothingStaysBeside) {
     expectRefused("write-protected", ERROR_ACCESS_DENIED);
     SetFileAttributesW(wide.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(ReadWholeFile(path), "old");
-    EXPECT_THROW(ReplaceWholeFile("NUL", "x"), DataError);
+    EXPECT_NO_THROW(ReplaceWholeFile("NUL", "x")) << "a device is written straight";
 }
 
 TEST(WindowsFiles, PathsBecomeAbsoluteAndLongOnesGetThePrefix) {

@@ -45,7 +45,7 @@ void GridAccess::Disconnect() noexcept {
 
 HRESULT GridAccess::QueryInterface(REFIID iid, void** object) noexcept {
     if (!object) return E_POINTER;
-    const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == IID_IAccessible;
+    const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(IAccessible);
     *object = known ? static_cast<IAccessible*>(this) : nullptr;
     if (known) AddRef();
     return known ? S_OK : E_NOINTERFACE;

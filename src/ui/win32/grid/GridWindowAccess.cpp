@@ -14,7 +14,7 @@ LRESULT GridWindow::AccessibleObject(WPARAM wParam) {
     if (!access_)
         access_ =
             kestrel::win32::ComPtr<GridAccess>::Attach(new GridAccess(Window(), context_, grid_));
-    return LresultFromObject(IID_IAccessible, wParam, access_.Get());
+    return LresultFromObject(__uuidof(IAccessible), wParam, access_.Get());
 }
 
 void GridWindow::DisconnectAccess() {
