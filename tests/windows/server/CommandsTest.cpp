@@ -5,6 +5,7 @@
 #include "windows/server/FailingAllocations.h"
 #include "windows/server/ListenedHost.h"
 #include "windows/server/ServerTest.h"
+#include "windows/support/DialogScript.h"
 
 // The eight methods, bound early and late, with a host that cannot be reached or does odd things.
 namespace kestrel::test {
@@ -19,6 +20,7 @@ class CommandsTest : public ServerTest {
     }
 
     ComPtr<_clsKestrelDll> addIn_ = dll_.AddIn();
+    DialogScript messages_{{}};  ///< what commands tell, closed
 
     void SetSite(IUnknown* site) {
         EXPECT_EQ(addIn_.As<IObjectWithSite>(IID_IObjectWithSite)->SetSite(site), S_OK);
@@ -29,13 +31,15 @@ class CommandsTest : public ServerTest {
     }
 };
 
-TEST_F(CommandsTest, WithoutAHostCommandsEndQuietlyAndListeningFailsInWords) {
+TEST_F(CommandsTest, WithoutAHostCommandsTellAndListeningFailsInWords) {
     for (const Method& method : kMethods) {
         SCOPED_TRACE(win32::Utf8(method.name));
         EXPECT_EQ((*addIn_.*method.call)(), Expected(method));
         EXPECT_EQ(TakenErrorText().find("Schedulon is not registered on this computer") == 0,
                   FAILED(Expected(method)));
     }
+    ASSERT_EQ(messages_.Seen().size(), 6u);
+    EXPECT_NE(messages_.Seen()[0].text.find("could not be edited"), std::string::npos);
 }
 
 TEST_F(CommandsTest, TheSameThroughDispatch) {

@@ -47,7 +47,6 @@ TEST_F(IdentityTest, CountsEachReferenceOnce) {
     }
     ComPtr<ITypeInfo> type;
     EXPECT_EQ(addIn->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Out()), S_OK);
-    static_cast<void>(addIn->LaunchEdit());
     static_cast<void>(addIn->LaunchStartSchedulon());
     EXPECT_EQ(References(addIn.Get()), 1u);
 }

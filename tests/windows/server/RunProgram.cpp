@@ -26,6 +26,28 @@ std::string Contents(HANDLE file) {
     return text;
 }
 
+/// Closes the message boxes of a process, which nobody else would answer.
+int CloseDialogsOf(DWORD process) {
+    struct Search {
+        DWORD process;
+        int closed = 0;
+    } search{process};
+    EnumWindows(
+        [](HWND window, LPARAM data) {
+            Search& sought = *reinterpret_cast<Search*>(data);
+            DWORD owner = 0;
+            wchar_t className[16] = L"";
+            GetWindowThreadProcessId(window, &owner);
+            GetClassNameW(window, className, 16);
+            if (owner == sought.process && std::wstring_view(className) == L"#32770" &&
+                IsWindowVisible(window) && SendMessageW(window, WM_CLOSE, 0, 0) == 0)
+                ++sought.closed;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.closed;
+}
+
 }  // namespace
 
 ProgramRun RunProgram(std::wstring commandLine) {
@@ -44,8 +66,11 @@ ProgramRun RunProgram(std::wstring commandLine) {
     }
     const win32::Handle process(started.hProcess), thread(started.hThread);
     constexpr DWORD kMinute = 60'000;
-    if (WaitForSingleObject(process.Get(), kMinute) != WAIT_OBJECT_0)
-        TerminateProcess(process.Get(), WAIT_TIMEOUT);
+    const ULONGLONG began = GetTickCount64();
+    while (WaitForSingleObject(process.Get(), 20) != WAIT_OBJECT_0) {
+        run.closedDialogs += CloseDialogsOf(started.dwProcessId);
+        if (GetTickCount64() - began > kMinute) TerminateProcess(process.Get(), WAIT_TIMEOUT);
+    }
     GetExitCodeProcess(process.Get(), &run.exitCode);
     run.output = Contents(output.Get());
     return run;
