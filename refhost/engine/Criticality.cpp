@@ -21,7 +21,6 @@ Criticality::Criticality(const PlanData& plan)
       times_(plan.tasks.size(), {kUnknown, kUnknown}) {
     for (std::uint32_t i = 0; i < plan.tasks.size(); ++i) {
         const TaskData& task = plan.tasks[i];
-        if (task.type == kOrdinary) ordinary_.push_back(i);
         if (task.parent >= 0) {
             const auto parent = static_cast<std::uint32_t>(task.parent);
             parent_[i] = parent;
@@ -59,10 +58,10 @@ void Criticality::FindSlots(const Network& network) {
 void Criticality::Note(const Network& network) {
     if (slot_.empty()) FindSlots(network);
     ++iterations_;
-    double last = kUnknown;
-    for (const std::uint32_t task : ordinary_) last = std::max(last, network.Time(slot_[task] + 1));
-    for (const std::uint32_t task : ordinary_)
-        if (network.Time(slot_[task] + 1) == last) Mark(task);
+    const double last = network.LatestFinish();
+    for (std::uint32_t i = 0; i < network.Steps().size(); ++i)
+        if (network.Time(2 * i + 1) == last && network.Steps()[i].kind == Network::Kind::Ordinary)
+            Mark(network.Steps()[i].task);
     // A binding finish makes the task's start binding and does nothing else.
     for (std::size_t i = 0; i < critical_.size(); ++i) FollowBounds(network, critical_[i]);
     CountCritical();

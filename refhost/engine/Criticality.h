@@ -52,7 +52,6 @@ class Criticality {
 
     std::int64_t iterations_ = 0;
     std::vector<std::int64_t> counts_;     ///< iterations in which it was critical, per task
-    std::vector<std::uint32_t> ordinary_;  ///< tasks, in plan order
     std::vector<std::uint32_t> parent_;    ///< kNone for none
     std::vector<std::uint32_t> linked_;    ///< nearest summary above with links to it, or kNone
     std::vector<std::uint32_t> end_;       ///< per task: behind its last descendant

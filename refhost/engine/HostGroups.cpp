@@ -50,7 +50,7 @@ std::vector<host::MemberPtr> HostMemberCollection::Enumerate() {
     return {members_.begin(), members_.end()};
 }
 
-host::GroupPtr HostGroupCollection::Item(const std::string& name) {
+std::shared_ptr<HostGroup> HostGroupCollection::Find(const std::string& name) const {
     const auto found = orderByName_.find(name);
     return found == orderByName_.end() ? nullptr : groups_.at(found->second);
 }

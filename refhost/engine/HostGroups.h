@@ -54,6 +54,7 @@ class HostMember : public host::Member {
     const HostDistribution* Drawn() const { return distribution_.get(); }
     /// The value drawn for the current iteration.
     void PutSample(double value) { sampled_ = value; }
+    double Sample() const { return sampled_; }
 
  private:
     std::weak_ptr<HostGroupCollection> groups_;
@@ -104,7 +105,8 @@ class HostGroup : public host::Group {
 class HostGroupCollection : public host::GroupCollection,
                             public std::enable_shared_from_this<HostGroupCollection> {
  public:
-    host::GroupPtr Item(const std::string& name) override;
+    host::GroupPtr Item(const std::string& name) override { return Find(name); }
+    std::shared_ptr<HostGroup> Find(const std::string& name) const;
     host::GroupPtr Add(const std::string& name) override;
     void Remove(const std::string& name) override;
     /// In order of creation.

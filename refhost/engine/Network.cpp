@@ -55,7 +55,8 @@ class Network::Pass {
 
     Totals Finish() {
         for (; costsAdded_ < costs_.size(); ++costsAdded_) cost_ += costs_[costsAdded_];
-        return {finish_, cost_};
+        network_.latestFinish_ = finish_;
+        return {std::max(0.0, finish_), cost_};
     }
 
  private:
@@ -126,7 +127,7 @@ class Network::Pass {
     std::size_t next_ = 0;    ///< a step
     std::size_t source_ = 0;  ///< the next that RunAny reads
     std::size_t costsAdded_ = 0;
-    double finish_ = 0;
+    double finish_ = -kInfinity;
     double earliestFinish_ = 0;
     double cost_ = 0;
 };

@@ -61,6 +61,8 @@ class Network {
     ///@{
     const std::vector<Step>& Steps() const { return steps_; }
     const std::vector<Source>& Sources() const { return sources_; }
+    /// The latest finish of an ordinary task, as of the last pass; minus infinity without one.
+    double LatestFinish() const { return latestFinish_; }
     /// A slot's time, as of the last pass; minus infinity where nothing bounds a gate's finish.
     double Time(std::uint32_t slot) const { return times_[slot]; }
     ///@}
@@ -89,6 +91,7 @@ class Network {
     std::vector<Stretch> stretches_;
     /// Start and finish of each step, then the floors that simple steps read.
     std::vector<double> times_;
+    double latestFinish_ = 0;
     std::vector<std::uint32_t> stepOf_;  ///< step of each ordinary task
 };
 

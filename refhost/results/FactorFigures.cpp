@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 
 #include "core/analysis/modPearsons.h"
 
@@ -15,9 +16,15 @@ struct ResultSeries {
           mean(kestrel::CollectionMean(values)),
           deviation(kestrel::CollectionStdDev(values, mean)) {}
 
-    double Aligned(const std::vector<double>& impacts) {
-        if (impacts.size() < samples.size()) return 0;
-        return kestrel::ArrayPearson(samples, impacts, samples.size(), true, mean, deviation);
+    /// Sets the mean and the correlation of up to kSideBySide factors from their impacts.
+    void Follow(const std::vector<kestrel::SideBySide>& impacts, std::span<FactorFigures> factors,
+                double FactorFigures::*meanImpact, double FactorFigures::*correlation) const {
+        if (impacts.size() != samples.size()) return;
+        const auto sums = kestrel::RowsPearson(samples, impacts, mean);
+        for (std::size_t k = 0; k < factors.size(); ++k) {
+            factors[k].*meanImpact = sums[k].Mean(samples.size());
+            factors[k].*correlation = sums[k].Correlation(samples.size(), deviation);
+        }
     }
 
     const std::vector<double>& samples;
@@ -29,17 +36,16 @@ struct ResultSeries {
 
 std::vector<FactorFigures> FiguresOf(const FactorTracker& factors, const AnalysisResults& results) {
     std::vector<FactorFigures> all(factors.Register().size());
-    ResultSeries finish(results.finish);
-    ResultSeries cost(results.cost);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        const std::vector<double>& durations = factors.DurationImpacts(i);
-        const std::vector<double>& costs = factors.CostImpacts(i);
-        all[i].occurrences = factors.Occurrences()[i];
-        all[i].alignedDurSens = finish.Aligned(durations);
-        all[i].alignedCostSens = cost.Aligned(costs);
-        if (durations.empty()) continue;
-        all[i].meanDurationImpact = kestrel::CollectionMean(durations);
-        all[i].meanCostImpact = kestrel::CollectionMean(costs);
+    const ResultSeries finish(results.finish), cost(results.cost);
+    for (std::size_t i = 0; i < all.size(); ++i) all[i].occurrences = factors.Occurrences()[i];
+    for (std::size_t first = 0; first < all.size(); first += kestrel::kSideBySide) {
+        const std::size_t table = first / kestrel::kSideBySide;
+        const auto block =
+            std::span(all).subspan(first, std::min(kestrel::kSideBySide, all.size() - first));
+        finish.Follow(factors.DurationImpacts()[table], block, &FactorFigures::meanDurationImpact,
+                      &FactorFigures::alignedDurSens);
+        cost.Follow(factors.CostImpacts()[table], block, &FactorFigures::meanCostImpact,
+                    &FactorFigures::alignedCostSens);
     }
     return all;
 }

@@ -24,8 +24,10 @@ FactorTracker::FactorTracker(ReferenceHost& application, kestrel::Desktop& deskt
     carried_.assign(Register().size(), false);
     occurred_.assign(Register().size(), false);
     occurrences_.assign(Register().size(), 0);
-    durationImpacts_.resize(Register().size());
-    costImpacts_.resize(Register().size());
+    const std::size_t tables =
+        (Register().size() + kestrel::kSideBySide - 1) / kestrel::kSideBySide;
+    durationImpacts_.resize(tables);
+    costImpacts_.resize(tables);
     FindCarryingTasks();
 }
 
@@ -50,33 +52,37 @@ void FactorTracker::FindCarryingTasks() {
 void FactorTracker::Follow() {
     const std::vector<double>& drawn = application_.OpenPlan()->NumbersHandedOut();
     if (drawn.size() != Register().size()) return;  // no add-in, or one that ended early
-    for (const auto& factor : Register()) factor->ResetRisk();
-    kestrel::ShareRandomNumbers(Register(), drawn);
-    for (std::size_t i = 0; i < Register().size(); ++i) {
-        occurred_[i] = carried_[i] && kestrel::Occurs(*Register()[i]);
-        if (occurred_[i]) ++occurrences_[i];
-    }
-    if (durationMembers_.empty()) {
+    if (!sharing_) {
+        sharing_.emplace(Register());
         durationMembers_ = MembersOf(kestrel::kDurationGroup);
         costMembers_ = MembersOf(kestrel::kCostGroup);
+    }
+    sharing_->Share(drawn);
+    for (std::size_t i = 0; i < Register().size(); ++i) {
+        occurred_[i] = carried_[i] & kestrel::Occurs(*Register()[i]);
+        occurrences_[i] += occurred_[i];
     }
     NoteImpacts(durationMembers_, durationImpacts_);
     NoteImpacts(costMembers_, costImpacts_);
 }
 
 /// The group stands from the preparation, which is before the first iteration, to the next one.
-std::vector<host::MemberPtr> FactorTracker::MembersOf(const char* group) const {
-    const auto found = application_.OpenPlan()->GroupList().Item(group);
-    std::vector<host::MemberPtr> members;
-    if (found) members = found->Members()->Enumerate();
-    return members;
+FactorTracker::Members FactorTracker::MembersOf(const char* group) const {
+    const auto found = application_.OpenPlan()->GroupList().Find(group);
+    if (!found || found->AllMembers().All().size() < Register().size()) return {};
+    return found->AllMembers().All();
 }
 
-void FactorTracker::NoteImpacts(const std::vector<host::MemberPtr>& members,
-                                std::vector<std::vector<double>>& impacts) const {
-    for (std::size_t i = 0; i < std::min(members.size(), impacts.size()); ++i) {
-        const double multipliers[] = {1.0, members[i]->SampledValue() / 10000};
-        impacts[i].push_back(multipliers[occurred_[i]]);
+void FactorTracker::NoteImpacts(const Members& members, Impacts& impacts) const {
+    if (members.empty()) return;
+    for (std::size_t first = 0; first < occurred_.size(); first += kestrel::kSideBySide) {
+        kestrel::SideBySide row{};
+        const std::size_t count = std::min(kestrel::kSideBySide, occurred_.size() - first);
+        for (std::size_t k = 0; k < count; ++k) {
+            const double multipliers[] = {1.0, members[first + k]->Sample() / 10000};
+            row[k] = multipliers[occurred_[first + k]];
+        }
+        impacts[first / kestrel::kSideBySide].push_back(row);
     }
 }
 

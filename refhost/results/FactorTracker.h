@@ -2,8 +2,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "core/analysis/modPearsons.h"
+#include "core/model/Occurrence.h"
 #include "core/model/modGlobals.h"
 #include "refhost/engine/ReferenceHost.h"
 
@@ -25,17 +28,15 @@ class FactorTracker {
     /// Per factor, whether some task carries it.
     const std::vector<bool>& Carried() const { return carried_; }
     /// Of the last iteration, per factor; a factor that no task carries never occurs.
-    const std::vector<bool>& Occurred() const { return occurred_; }
+    const std::vector<std::uint8_t>& Occurred() const { return occurred_; }
     /// Iterations in which the factor has occurred.
     const std::vector<std::int64_t>& Occurrences() const { return occurrences_; }
     /// Impacts in their place: for each iteration the multiplier where the factor occurred and 1
-    /// where it did not, one element whatever number of tasks carry it.
-    const std::vector<double>& DurationImpacts(std::size_t factor) const {
-        return durationImpacts_[factor];
-    }
-    const std::vector<double>& CostImpacts(std::size_t factor) const {
-        return costImpacts_[factor];
-    }
+    /// where it did not, one element whatever number of tasks carry it. Factors stand side by
+    /// side: factor i in column i % kSideBySide of table i / kSideBySide.
+    using Impacts = std::vector<std::vector<kestrel::SideBySide>>;
+    const Impacts& DurationImpacts() const { return durationImpacts_; }
+    const Impacts& CostImpacts() const { return costImpacts_; }
     /// Positions of the ordinary tasks that carry factors, in plan order; none without a register.
     const std::vector<std::size_t>& CarryingTasks() const { return carryingTasks_; }
 
@@ -44,17 +45,18 @@ class FactorTracker {
 
  private:
     void FindCarryingTasks();
-    std::vector<host::MemberPtr> MembersOf(const char* group) const;
-    void NoteImpacts(const std::vector<host::MemberPtr>& members,
-                     std::vector<std::vector<double>>& impacts) const;
+    using Members = std::vector<std::shared_ptr<HostMember>>;
+    Members MembersOf(const char* group) const;
+    void NoteImpacts(const Members& members, Impacts& impacts) const;
 
     ReferenceHost& application_;
     kestrel::modGlobals globals_;
-    std::vector<host::MemberPtr> durationMembers_, costMembers_;  ///< of the running analysis
+    std::optional<kestrel::NumberSharing> sharing_;
+    Members durationMembers_, costMembers_;  ///< of the running analysis
     std::vector<bool> carried_;
-    std::vector<bool> occurred_;
+    std::vector<std::uint8_t> occurred_;
     std::vector<std::int64_t> occurrences_;
-    std::vector<std::vector<double>> durationImpacts_, costImpacts_;
+    Impacts durationImpacts_, costImpacts_;
     std::vector<std::size_t> carryingTasks_;
 };
 

@@ -43,7 +43,7 @@ TEST(Pearson, OfHistoriesSideBySideIsThatOfEachAlone) {
     std::array<const ImpactHistory*, kSideBySide> block;
     for (std::size_t k = 0; k < kSideBySide; ++k) block[k] = &histories[k];
     double mean = ArrayMean(finish, 5), deviation = ArrayStdDev(finish, 5, mean);
-    std::vector<double> rows;
+    std::vector<SideBySide> rows;
     const auto sums = CollectionPearson(finish, block, mean, rows);
     for (const std::size_t k : {0, 1, 3})
         EXPECT_EQ(sums[k].Correlation(5, deviation),
@@ -58,7 +58,7 @@ TEST(Pearson, RaisesInsteadOfLettingGoAFigureThatIsNotFinite) {
     ImpactHistory history;
     history.Append(1.1, 2);
     const ImpactHistory* const histories[] = {&history};
-    std::vector<double> rows;
+    std::vector<SideBySide> rows;
     EXPECT_THROW(CollectionPearson({1, 2, 3}, histories, 2, rows), std::out_of_range);
 }
 

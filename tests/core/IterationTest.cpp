@@ -37,6 +37,7 @@ TEST(Iteration, DecidesOccurrenceByOneNumberPerFactorSharedAlongCorrelations) {
          {0.9, 0.1, 0.1},
          {false, false, true}},
         {"a factor that follows itself", {{50, 1}}, {0.4}, {true}},
+        {"a leader's 0 counts as none", {{10, 0}, {60, 1}}, {0, 0.5}, {false, true}},
         {"a negative correlation draws nothing", {{0, -3}}, {0.9}, {true}},
     };
     for (const Row& row : rows) {
@@ -83,6 +84,8 @@ TEST(Iteration, CombinesTheGroupsOfATask) {
         {"1", {90, 120, 150}, 900, "1000 * A(90.0%)"},
         {"(2(P));(1)", {90, 80, 150}, 900, "1000 * A(90.0%)"},
         {"3", {110, 120, 150}, 1000, "1000"},
+        {"1,2,3", {110, 120, 150}, 1320, "1000 * A(110.0%) * B(120.0%)"},
+        {"(1,2,3(P))", {110, 120, 150}, 1200, "1000 * B(120.0%)"},
         {"(1,3(P))", {90, 120, 150}, 1000, "1000 * A(90.0%)"},
         {"1", {100.05, 100, 100}, 1000, "1000 * A(100.1%)"},
         {"1", {100.15, 100, 100}, 1002, "1000 * A(100.2%)"},

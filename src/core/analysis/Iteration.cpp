@@ -12,9 +12,9 @@ namespace kestrel {
 namespace {
 
 void DecideOccurrences(AnalysisState& state) {
-    for (const auto& factor : state.factors) factor->ResetRisk();
     for (double& number : state.randomNumbers) number = state.riskAnalysis->NextRandom();
-    ShareRandomNumbers(state.factors, state.randomNumbers);
+    if (!state.sharing) state.sharing.emplace(state.factors);
+    state.sharing->Share(state.randomNumbers);
     for (std::size_t i = 0; i < state.factors.size(); ++i) {
         clsRiskFactor& factor = *state.factors[i];
         if (state.visits[i] > 0) factor.ApplyRiskData(state.visits[i]);
@@ -56,25 +56,19 @@ Impact Combine(const Impact* impacts, std::span<const std::uint32_t> series,
 /// everything would have to be read again.
 void CombineImpacts(AnalysisState& state) {
     const Impact* const impacts = state.impacts.data();
-    const std::uint32_t* factors = state.groupFactors.data();
-    const std::uint32_t* const all = factors;
-    for (std::size_t i = 0; i < state.factorTasks.size(); ++i) {
+    for (std::size_t i = 0; i < state.slots.size(); ++i) {
+        const ImpactSlots& slots = state.slots[i];
+        const Impact a = impacts[slots.series[0]], b = impacts[slots.series[1]];
+        const Impact c = impacts[slots.parallel[0]], d = impacts[slots.parallel[1]];
+        state.combined[i] = {std::max(a.duration * b.duration, std::max(c.duration, d.duration)),
+                             (a.cost * b.cost) * (c.cost * d.cost)};
+    }
+    const std::uint32_t* const factors = state.groupFactors.data();
+    for (const std::uint32_t i : state.crowded) {
         const FactorTask& entry = state.factorTasks[i];
-        const std::span series{factors, all + entry.seriesEnd};
-        const std::span parallel{all + entry.seriesEnd, all + entry.parallelEnd};
-        Impact& combined = state.combined[i];
-        if (!entry.ordinary) {
-            combined = {};
-        } else if (series.size() + parallel.size() == 2) {  // most tasks: without loops
-            const Impact first = impacts[factors[0]];
-            const Impact second = impacts[factors[1]];
-            combined.duration = series.size() == 2 ? first.duration * second.duration
-                                                   : std::max(first.duration, second.duration);
-            combined.cost = first.cost * second.cost;
-        } else {
-            combined = Combine(impacts, series, parallel);
-        }
-        factors = all + entry.parallelEnd;
+        const std::uint32_t start = i == 0 ? 0 : state.factorTasks[i - 1].parallelEnd;
+        state.combined[i] = Combine(impacts, {factors + start, factors + entry.seriesEnd},
+                                    {factors + entry.seriesEnd, factors + entry.parallelEnd});
     }
 }
 

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <limits>
+
 #include "base/Checked.h"
 #include "base/Errors.h"
 #include "core/analysis/modAnalysis.h"
@@ -130,6 +133,34 @@ void KeepForIterations(AnalysisState& state, const host::TaskPtr& task, std::str
     state.factorTasks.push_back(std::move(entry));
 }
 
+/// Gives every factor task its slots, behind two neutral impacts at the end of the list: one that
+/// changes nothing, and one in the place of a group that is not there, which never is the largest.
+void AssignSlots(AnalysisState& state) {
+    const auto count = static_cast<std::uint32_t>(state.factors.size());
+    const std::uint32_t unchanged = count, absent = count + 1;
+    state.impacts.assign(count, {});
+    state.impacts.push_back({1.0, 1.0});
+    state.impacts.push_back({-std::numeric_limits<double>::infinity(), 1.0});
+
+    std::uint32_t start = 0;
+    for (std::uint32_t i = 0; i < state.factorTasks.size(); ++i) {
+        const FactorTask& entry = state.factorTasks[i];
+        const std::uint32_t series = entry.seriesEnd - start;
+        const std::uint32_t parallel = entry.parallelEnd - entry.seriesEnd;
+        const std::uint32_t* const factors = state.groupFactors.data() + start;
+        start = entry.parallelEnd;
+        ImpactSlots slots{{unchanged, unchanged}, {absent, absent}};
+        if (entry.ordinary && (series > 2 || parallel > 2)) {
+            state.crowded.push_back(i);
+        } else if (entry.ordinary) {
+            if (series == 0 && parallel > 0) slots.series[0] = absent;
+            std::copy_n(factors, series, slots.series);
+            std::copy_n(factors + series, parallel, slots.parallel);
+        }
+        state.slots.push_back(slots);
+    }
+}
+
 /// Reads every task's field, once. Answers the cost items of the tasks with any text in it.
 CostItems BuildTaskLists(Desktop& desktop, AnalysisState& state, host::Plan& plan) {
     state.visits.assign(state.factors.size(), 0);
@@ -167,7 +198,7 @@ void PrepareAnalysis(modGlobals& globals, AnalysisState& state) {
     state.riskAnalysis = activePlan->RiskAnalysis();
     state.options = plan.RiskAnalysis()->Options();
     state.randomNumbers.resize(state.factors.size());
-    state.impacts.resize(state.factors.size());
+    AssignSlots(state);
     state.combined.resize(state.factorTasks.size());
     activePlan->PutAutoCalculate(true);
 }

@@ -24,7 +24,7 @@ struct ProjectSeries {
         return sums.Correlation(samples.size(), deviation);
     }
 
-    std::vector<double> rows;
+    std::vector<SideBySide> rows;
     const std::vector<double>& samples;
     double mean;
     double deviation;

@@ -58,13 +58,18 @@ double PearsonSums::Correlation(std::size_t n, double deviationX) const {
     return Checked(covariance / Checked(deviationY * deviationX));
 }
 
-void CollectionToArray(const ImpactHistory& history, std::size_t count, double* to,
-                       std::size_t stride) {
-    if (count > history.Count()) throw std::out_of_range("a history is shorter than the series");
+double PearsonSums::Mean(std::size_t n) const {
+    return Checked(Checked(sum) / static_cast<double>(n));
+}
+
+void CollectionToColumn(const ImpactHistory& history, std::vector<SideBySide>& rows,
+                        std::size_t column) {
+    if (rows.size() > history.Count())
+        throw std::out_of_range("a history is shorter than the series");
     auto value = history.Values().begin();
-    for (std::size_t i = 0; i < count; ++value)
-        for (std::int32_t visit = 0; visit < history.Visits() && i < count; ++visit, ++i)
-            to[i * stride] = *value;
+    for (std::size_t i = 0; i < rows.size(); ++value)
+        for (std::int32_t visit = 0; visit < history.Visits() && i < rows.size(); ++visit, ++i)
+            rows[i][column] = *value;
 }
 
 double CollectionMean(const std::vector<double>& collection) {
@@ -75,30 +80,33 @@ double CollectionStdDev(const std::vector<double>& collection, const double& mea
     return ArrayStdDev(collection, collection.size(), mean);
 }
 
-std::array<PearsonSums, kSideBySide> CollectionPearson(
-    const std::vector<double>& x, std::span<const ImpactHistory* const> histories, double meanX,
-    std::vector<double>& rows) {
+std::array<PearsonSums, kSideBySide> RowsPearson(const std::vector<double>& x,
+                                                 const std::vector<SideBySide>& rows,
+                                                 double meanX) {
     const std::size_t n = x.size();
-    rows.assign(n * kSideBySide, 0.0);
-    for (std::size_t k = 0; k < histories.size(); ++k)
-        if (histories[k]->Count() > 0)
-            CollectionToArray(*histories[k], n, rows.data() + k, kSideBySide);
-
     std::array<PearsonSums, kSideBySide> sums;
-    for (const double* row = rows.data(); row != rows.data() + rows.size(); row += kSideBySide)
-        for (std::size_t k = 0; k < kSideBySide; ++k) sums[k].sum += row[k];
+    for (std::size_t i = 0; i < n; ++i)
+        for (std::size_t k = 0; k < kSideBySide; ++k) sums[k].sum += rows[i][k];
     std::array<double, kSideBySide> means;
     for (std::size_t k = 0; k < kSideBySide; ++k) means[k] = sums[k].sum / static_cast<double>(n);
-    const double* row = rows.data();
-    for (std::size_t i = 0; i < n; ++i, row += kSideBySide) {
+    for (std::size_t i = 0; i < n; ++i) {
         const double deviationX = x[i] - meanX;
         for (std::size_t k = 0; k < kSideBySide; ++k) {
-            const double deviation = row[k] - means[k];
+            const double deviation = rows[i][k] - means[k];
             sums[k].squares += deviation * deviation;
             sums[k].products += deviation * deviationX;
         }
     }
     return sums;
+}
+
+std::array<PearsonSums, kSideBySide> CollectionPearson(
+    const std::vector<double>& x, std::span<const ImpactHistory* const> histories, double meanX,
+    std::vector<SideBySide>& rows) {
+    rows.assign(x.size(), {});
+    for (std::size_t k = 0; k < histories.size(); ++k)
+        if (histories[k]->Count() > 0) CollectionToColumn(*histories[k], rows, k);
+    return RowsPearson(x, rows, meanX);
 }
 
 }  // namespace kestrel

@@ -24,11 +24,6 @@ double ArrayStdDev(const std::vector<double>& values, std::size_t n, const doubl
 double ArrayPearson(const std::vector<double>& x, const std::vector<double>& y, std::size_t n,
                     bool xKnown, double& meanX, double& deviationX);
 
-/// Writes the first `count` elements to every `stride`-th place from `to`; std::out_of_range when
-/// the history is shorter.
-void CollectionToArray(const ImpactHistory& history, std::size_t count, double* to,
-                       std::size_t stride);
-
 double CollectionMean(const std::vector<double>& collection);
 double CollectionStdDev(const std::vector<double>& collection, const double& mean);
 
@@ -38,18 +33,30 @@ struct PearsonSums {
     double squares = 0;   ///< of (y - mean of y)^2
     double products = 0;  ///< of (y - mean of y)(x - mean of x)
 
-    /// ArrayPearson over n elements, every step checked.
+    /// ArrayMean and ArrayPearson over n elements, every step checked.
+    double Mean(std::size_t n) const;
     double Correlation(std::size_t n, double deviationX) const;
 };
 
+/// Elements at the same position of four series. Sums run in the order of the elements, so that
+/// each addition waits for the one before: four waits side by side take no longer than one.
 inline constexpr std::size_t kSideBySide = 4;
+using SideBySide = std::array<double, kSideBySide>;
 
-/// The sums of a project series, its mean known, with up to kSideBySide factors' histories, read at
-/// the same positions; std::out_of_range for one that is shorter, unless it is empty. Sums run in
-/// the order of the elements, so that each addition waits for the one before: four waits side by
-/// side take no longer than one. `rows` is room to work in.
+/// The sums of a series, its mean known, with the four of `rows`, at least as many.
+std::array<PearsonSums, kSideBySide> RowsPearson(const std::vector<double>& x,
+                                                 const std::vector<SideBySide>& rows, double meanX);
+
+/// Writes the first `rows.size()` elements into a column; std::out_of_range when the history is
+/// shorter.
+void CollectionToColumn(const ImpactHistory& history, std::vector<SideBySide>& rows,
+                        std::size_t column);
+
+/// RowsPearson with up to kSideBySide factors' histories, read at the same positions as the
+/// project series; std::out_of_range for one that is shorter, unless it is empty. `rows` is room
+/// to work in.
 std::array<PearsonSums, kSideBySide> CollectionPearson(
     const std::vector<double>& x, std::span<const ImpactHistory* const> histories, double meanX,
-    std::vector<double>& rows);
+    std::vector<SideBySide>& rows);
 
 }  // namespace kestrel

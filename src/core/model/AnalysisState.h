@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "core/model/Occurrence.h"
 #include "core/model/clsRiskFactor.h"
 #include "host/HostModel.h"
 
@@ -24,6 +26,13 @@ struct FactorTask {
 struct Impact {
     double duration = 1.0;
     double cost = 1.0;
+};
+
+/// Where the impacts of a task's factors stand: two in series and two in parallel, with neutral
+/// impacts in the places that it leaves free, so that all tasks are reckoned alike.
+struct ImpactSlots {
+    std::uint32_t series[2];
+    std::uint32_t parallel[2];
 };
 
 /// The state of one analysis, made anew by every preparation. What an iteration needs of the host
@@ -51,8 +60,12 @@ struct AnalysisState {
     /// position all the same.
     std::vector<double> baseCosts;
 
+    std::vector<ImpactSlots> slots;      ///< per factor task
+    std::vector<std::uint32_t> crowded;  ///< factor tasks with more than two factors in a group
+    std::optional<NumberSharing> sharing;
+
     std::vector<double> randomNumbers;  ///< per factor: the number drawn in this iteration
-    std::vector<Impact> impacts;        ///< per factor: its impact in this iteration
+    std::vector<Impact> impacts;        ///< per factor: its impact in this iteration; two neutral
     std::vector<Impact> combined;       ///< per factor task: what its factors make together
 
     std::vector<double> ProjectFinishSamples;  ///< plan finish of each iteration, day serials
