@@ -13,7 +13,8 @@ bool IsTerminal(Stream stream);
 /// Bytes that this program may use on this machine.
 std::uint64_t MemoryOfProgram();
 
-/// The folder that the program stands in.
+/// Where samples and help lie: the folder that the program stands in, or share/kestrel beside "bin"
+/// where it is installed on a system that parts the two.
 std::string InstallationFolder();
 
 /// Where the user's settings are kept: $XDG_CONFIG_HOME/kestrel/settings or

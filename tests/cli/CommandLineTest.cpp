@@ -183,6 +183,10 @@ TEST(CommandLine, ExchangesTheRegisterWithATemplate) {
     place.Write("other.kplan", Replaced(kSmall, "Frost", "Strike"));
     ASSERT_EQ(place.Run("factors other.kplan --load template.xml -o other.kplan").exitCode, 0);
     EXPECT_THAT(place.Run("factors other.kplan").output, HasSubstr("Frost"));
+    place.Run("factors other.kplan --load '" KESTREL_BINARY_DIR
+              "/Samples/SampleRiskFactors.xml' -o sample.kplan --save sample.csv");
+    EXPECT_EQ(Lines(place.Read("sample.csv")), 1 + 12);
+    EXPECT_EQ(place.Run("check sample.kplan").output, "");
     place.Run("assign other.kplan A --series 1 -o other.kplan");
     const RunResult refused = place.Run("factors other.kplan --load template.xml -o out");
     EXPECT_EQ(refused.exitCode, 1);

@@ -60,5 +60,27 @@ TEST(PosixDesktop, AnswersThatDestroyNothingAreTheDefault) {
               "Risk Factors: a\nWarning: b\nRisk Factors: c\n");
 }
 
+TEST(PosixHelp, OpensThePageInTheBrowserOrSaysWhereItIs) {
+    const test::TemporaryFolder folder;
+    fs::create_directory(folder.Path() / "help");
+    ReplaceWholeFile(folder / "help/a.html", "page");
+    ReplaceWholeFile(folder / "xdg-open",
+                     "#!/bin/sh\nprintf %s \"$1\" >\"$0.part\"\n"
+                     "mv \"$0.part\" \"$0.asked\"\n");
+    ::chmod((folder / "xdg-open").c_str(), 0755);
+    const std::string path = ::getenv("PATH");
+    PosixDesktop desktop;
+    const std::string topic = folder / "Help.chm::/";
+    ::setenv("PATH", (folder / (":" + path)).c_str(), 1);
+    desktop.ShowHelpTopic(topic + "a.html");
+    for (int i = 0; i < 500 && !fs::exists(folder / "xdg-open.asked"); ++i) ::usleep(10000);
+    ::setenv("PATH", "/nowhere", 1);
+    EXPECT_THROW(desktop.ShowHelpTopic(topic + "a.html"), DataError);
+    ::setenv("PATH", path.c_str(), 1);
+    EXPECT_EQ(ReadWholeFile(folder / "xdg-open.asked"), folder / "help/a.html");
+    EXPECT_THROW(desktop.ShowHelpTopic(topic + "absent.html"), DataError);
+    EXPECT_THROW(desktop.ShowHelpTopic(topic + "../a.html"), DataError);
+}
+
 }  // namespace
 }  // namespace kestrel

@@ -34,7 +34,12 @@ std::uint64_t MemoryOfProgram() {
 std::string InstallationFolder() {
     std::error_code failure;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-    return failure ? "." : program.parent_path().string();
+    if (failure) return ".";
+    const auto folder = program.parent_path();
+    const auto installed = folder.parent_path() / "share/kestrel";
+    return folder.filename() == "bin" && std::filesystem::is_directory(installed, failure)
+               ? installed.string()
+               : folder.string();
 }
 
 std::string SettingsPath() {

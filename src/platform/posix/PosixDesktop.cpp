@@ -2,6 +2,8 @@
 
 #include <langinfo.h>
 #include <locale.h>
+#include <spawn.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,6 +13,7 @@
 
 #include "base/Errors.h"
 #include "platform/Files.h"
+#include "platform/HelpPage.h"
 #include "platform/posix/XmlParser.h"
 
 namespace kestrel {
@@ -28,6 +31,18 @@ std::string SystemDecimalSeparator() {
 std::string NativePath(std::string path) {
     std::replace(path.begin(), path.end(), '\\', '/');
     return path;
+}
+
+/// Does not wait for the browser, which may end with this very window.
+bool OpenInBrowser(const std::string& page) {
+    std::string shell = "sh", option = "-c", path = page;
+    std::string script =
+        "command -v xdg-open >/dev/null || exit 1; xdg-open \"$0\" </dev/null >/dev/null 2>&1 &";
+    char* const words[] = {shell.data(), option.data(), script.data(), path.data(), nullptr};
+    pid_t child = 0;
+    int status = 0;
+    return ::posix_spawn(&child, "/bin/sh", nullptr, nullptr, words, environ) == 0 &&
+           ::waitpid(child, &status, 0) == child && status == 0;
 }
 
 }  // namespace
@@ -86,8 +101,13 @@ std::optional<RegistryValue> PosixDesktop::UserRegistryValue(const std::string&,
 }
 
 void PosixDesktop::ShowHelpTopic(const std::string& location) {
-    throw DataError("There is no viewer here for the help topic '" + location +
-                    "'; open the help file on Windows.");
+    const std::string page = NativePath(HelpPage(location));
+    if (page.empty() || !FileIsThere(page))
+        throw DataError("There is no page for the help topic '" + location +
+                        "'; see whether the folder help is there.");
+    if (!OpenInBrowser(page))
+        throw DataError("There is no browser that xdg-open could show the help in; open '" + page +
+                        "' yourself.");
 }
 
 }  // namespace kestrel

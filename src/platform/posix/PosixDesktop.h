@@ -44,7 +44,7 @@ class PosixDesktop : public Desktop {
     void SetClipboardText(const std::string& text) override { clipboard_ = text; }
     const std::string& ClipboardText() const { return clipboard_; }
 
-    /// There is no help viewer: raises DataError naming the topic.
+    /// In the user's browser, by xdg-open.
     void ShowHelpTopic(const std::string& location) override;
 
  private:

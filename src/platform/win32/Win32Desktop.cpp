@@ -3,17 +3,18 @@
 #include <windows.h>
 // windows.h first
 #include <htmlhelp.h>
+#include <shellapi.h>
 
 #include <array>
 #include <string>
 
 #include "base/Errors.h"
 #include "platform/Files.h"
+#include "platform/HelpPage.h"
 #include "platform/win32/Clipboard.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/MsxmlParser.h"
 #include "platform/win32/Paths.h"
-#include "platform/win32/SystemMessage.h"
 #include "platform/win32/WideText.h"
 
 namespace kestrel::win32 {
@@ -63,6 +64,12 @@ HWND DisplayTopic(HMODULE viewer, const std::string& location) {
         return reinterpret_cast<decltype(&HtmlHelpW)>(reinterpret_cast<void*>(show))(
             nullptr, Wide(location).c_str(), HH_DISPLAY_TOPIC, 0);
     return nullptr;
+}
+
+bool OpenInBrowser(const std::string& page) {
+    const auto answer = reinterpret_cast<INT_PTR>(
+        ShellExecuteW(nullptr, nullptr, SystemPath(page).c_str(), nullptr, nullptr, SW_SHOWNORMAL));
+    return answer > 32;  // its sign of success
 }
 
 }  // namespace
@@ -136,10 +143,11 @@ void Win32Desktop::ShowHelpTopic(const std::string& location) {
     // The viewer's window lives in this process and may outlive the add-in, so its module is
     // never let go. It is part of the system: a file of its name beside the host is not it.
     const HMODULE viewer = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (!viewer) throw DataError("The help viewer cannot be opened: " + LastErrorMessage() + ".");
-    if (!DisplayTopic(viewer, location))
-        throw DataError("The help topic '" + location +
-                        "' cannot be shown; see whether the help file is there.");
+    if (viewer && DisplayTopic(viewer, location)) return;
+    const std::string page = HelpPage(location);
+    if (!page.empty() && FileIsThere(page) && OpenInBrowser(page)) return;
+    throw DataError("The help topic '" + location +
+                    "' cannot be shown; see whether the help file is there.");
 }
 
 }  // namespace kestrel::win32
