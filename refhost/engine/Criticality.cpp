@@ -38,7 +38,7 @@ void Criticality::AddBounds(const PlanData& plan) {
         for (const Link& link : task.links) {
             const std::uint32_t from = byID.at(link.from);
             bounds_.push_back(
-                {static_cast<double>(link.lag), from,
+                {static_cast<double>(link.lag), from, kNone,
                  link.type == LinkType::FinishToStart || link.type == LinkType::FinishToFinish,
                  link.type == LinkType::FinishToFinish || link.type == LinkType::StartToFinish,
                  plan.tasks[from].type != kOrdinary});
@@ -53,15 +53,18 @@ void Criticality::FindSlots(const Network& network) {
     for (std::uint32_t i = 0; i < network.Steps().size(); ++i)
         if (network.Steps()[i].kind == Network::Kind::Ordinary)
             slot_[network.Steps()[i].task] = 2 * i;
+    for (Bound& bound : bounds_) bound.slot = slot_[bound.from] + (bound.fromFinish ? 1 : 0);
 }
 
 void Criticality::Note(const Network& network) {
     if (slot_.empty()) FindSlots(network);
     ++iterations_;
     const double last = network.LatestFinish();
-    for (std::uint32_t i = 0; i < network.Steps().size(); ++i)
-        if (network.Time(2 * i + 1) == last && network.Steps()[i].kind == Network::Kind::Ordinary)
-            Mark(network.Steps()[i].task);
+    std::uint32_t finish = 1;
+    for (const Network::Step& step : network.Steps()) {
+        if (network.Time(finish) == last && step.kind == Network::Kind::Ordinary) Mark(step.task);
+        finish += 2;
+    }
     // A binding finish makes the task's start binding and does nothing else.
     for (std::size_t i = 0; i < critical_.size(); ++i) FollowBounds(network, critical_[i]);
     CountCritical();
@@ -76,7 +79,7 @@ void Criticality::FollowBounds(const Network& network, std::uint32_t task) {
             const Bound& bound = bounds_[b];
             const double made = bound.fromSummary
                                     ? SummaryTime(network, bound.from, bound.fromFinish)
-                                    : network.Time(slot_[bound.from] + (bound.fromFinish ? 1 : 0));
+                                    : network.Time(bound.slot);
             if (made + bound.lag - (bound.onFinish ? duration : 0) != start) continue;
             if (bound.fromSummary)
                 MarkBelow(network, bound, made);

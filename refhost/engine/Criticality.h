@@ -32,6 +32,7 @@ class Criticality {
     struct Bound {
         double lag;
         std::uint32_t from;
+        std::uint32_t slot;  ///< of the time that it reads; without meaning for a summary's
         bool fromFinish;
         bool onFinish;
         bool fromSummary;
