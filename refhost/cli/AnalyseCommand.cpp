@@ -1,5 +1,3 @@
-#include "refhost/cli/AnalyseCommand.h"
-
 #include <filesystem>
 #include <optional>
 
@@ -58,37 +56,10 @@ AnalysisResults RunWithAddIn(Session& session, const AnalysisSettings& settings,
     return RunAnalysis(session.Host(), settings, &watcher);
 }
 
-Report MakeReport(Session& session, const AnalysisSettings& settings,
-                  const AnalysisResults& results, const FactorTracker& factors) {
-    Report report;
-    report.planName = session.Plan().Name();
-    report.settings = settings;
-    report.deterministicFinish = results.deterministicFinish;
-    report.deterministicCost = results.deterministicCost;
-    report.finish = Summarise(results.finish);
-    report.cost = Summarise(results.cost);
-    report.factors = FactorTracker::ReadRegister(session.Host(), session.Desktop());
-    report.figures = FiguresOf(factors, results);
-    return report;
-}
-
-std::vector<TaskShare> SharesOf(const PlanData& plan, const Criticality& criticality) {
-    std::vector<TaskShare> shares;
-    for (std::size_t i = 0; i < plan.tasks.size(); ++i)
-        if (plan.tasks[i].type == kOrdinary)
-            shares.push_back({plan.tasks[i].id, plan.tasks[i].name, criticality.Of(i)});
-    return shares;
-}
-
-/// "2027-10-01T17:00", seconds or not, "T" or a blank; a date alone stands for its end.
 std::optional<Minute> TargetFinish(const Arguments& arguments) {
     const auto text = arguments.Option("--target-finish");
     if (!text) return std::nullopt;
-    if (const auto day = ReadDate(*text)) return (Minute{*day} + 1) * kMinutesPerDay;
-    std::string whole = *text;
-    if (whole.size() > 10 && whole[10] == ' ') whole[10] = 'T';
-    if (whole.size() == 16) whole += ":00";
-    if (const auto instant = ReadDateTime(whole)) return instant;
+    if (const auto date = ReadTargetDate(*text)) return date;
     throw UsageError("'" + *text + "' is no value for --target-finish; give a date as 2027-10-01 " +
                      "or 2027-10-01T17:00");
 }
@@ -127,8 +98,13 @@ class Charts {
     Outputs::File* finish_ = nullptr;
 };
 
-}  // namespace
+struct Analysed {
+    AnalysisResults results;
+    Report report;
+};
 
+/// Analyses the session's plan with the add-in attached. The trace may be nullptr. Raises
+/// kestrel::DataError when the user cancels.
 Analysed AnalyseSession(Session& session, const AnalysisSettings& settings, FactorTracker& factors,
                         TraceWriter* trace, bool withCriticality) {
     LivePlan& plan = session.Plan().Live();
@@ -144,10 +120,13 @@ Analysed AnalyseSession(Session& session, const AnalysisSettings& settings, Fact
         throw kestrel::DataError("The analysis was cancelled after " +
                                  std::to_string(analysed.results.finish.size()) +
                                  " iterations; nothing is written.");
-    analysed.report = MakeReport(session, settings, analysed.results, factors);
+    analysed.report =
+        MakeReport(session.Host(), session.Desktop(), settings, analysed.results, factors);
     if (criticality) analysed.report.tasks = SharesOf(plan.Data(), *criticality);
     return analysed;
 }
+
+}  // namespace
 
 void Analyse(const Arguments& arguments, Outputs& outputs) {
     Charts charts(arguments, outputs);

@@ -6,10 +6,9 @@
 #include "refhost/cli/Report.h"
 #include "refhost/cli/Session.h"
 #include "refhost/files/Csv.h"
-#include "refhost/files/RegisterTable.h"
 #include "refhost/results/FactorTracker.h"
+#include "refhost/results/RegisterExchange.h"
 #include "store/RegisterDocument.h"
-#include "store/TaskField.h"
 #include "ui/editor/frmEditRiskFactors.h"
 
 namespace refhost {
@@ -79,43 +78,21 @@ void SaveTemplate(Session& session, const std::string& path, Outputs::File* outp
 
 void SaveRegister(Session& session, const std::string& path, Outputs::File& output) {
     if (!IsTableFile(path)) return SaveTemplate(session, path, &output);
-    output.Write(RegisterTableText(FactorTracker::ReadRegister(session.Host(), session.Desktop()),
-                                   SeparatorFor(path)));
-}
-
-/// The register with the sensitivities of those factors that stay as they are called, so that a
-/// table that says what the plan says changes nothing. Tasks name factors by number: a number that
-/// some task carries must go on meaning the same factor.
-void KeepMeaning(Session& session, const FactorList& factors) {
-    const FactorTracker before(session.Host(), session.Desktop());
-    for (std::size_t i = 0; i < before.Register().size(); ++i) {
-        const kestrel::clsRiskFactor& old = *before.Register()[i];
-        if (i < factors.size() && factors[i]->strDescription == old.strDescription) {
-            factors[i]->dblDurSens = old.dblDurSens;
-            factors[i]->m_dCostSens = old.m_dCostSens;
-        } else if (before.Carried()[i]) {
-            throw DataError("Tasks carry risk factor " + old.strID + " - " + old.strDescription +
-                            ", which is not number " + old.strID +
-                            " of the table; keep it in its place, or take it from the tasks.");
-        }
-    }
+    output.Write(RegisterAsTable(session.Host(), session.Desktop(), SeparatorFor(path)));
 }
 
 void LoadTable(Session& session, const std::string& path) {
-    RegisterTableReading reading;
+    std::vector<std::string> complaints;
     try {
-        reading = ReadRegisterTable(session.Desktop().ReadFile(path));
+        complaints = ReplaceRegisterByTable(session.Host(), session.Desktop(),
+                                            session.Desktop().ReadFile(path));
     } catch (const DataError& error) {
         throw DataError(path + ": " + error.what());
     }
-    if (!reading.complaints.empty()) {
-        for (const std::string& complaint : reading.complaints) TellError(path + ": " + complaint);
-        throw DataError(path + " cannot be read (" + std::to_string(reading.complaints.size()) +
-                        " complaints); nothing is changed.");
-    }
-    KeepMeaning(session, reading.factors);
-    kestrel::EnsureTextField(session.Plan(), kestrel::kRiskFactorsField);
-    kestrel::SaveRegisterToPlan(reading.factors, session.Plan());
+    if (complaints.empty()) return;
+    for (const std::string& complaint : complaints) TellError(path + ": " + complaint);
+    throw DataError(path + " cannot be read (" + std::to_string(complaints.size()) +
+                    " complaints); nothing is changed.");
 }
 
 std::string RegisterText(Session& session) {

@@ -93,20 +93,7 @@ double PercentileOf(const Arguments& arguments) {
     return *number;
 }
 
-}  // namespace
-
-PriorityQuestion QuestionOf(const Arguments& arguments, Session& session) {
-    PriorityQuestion question;
-    question.settings =
-        SettingsOf(arguments, session.Plan().Live().Data(),
-                   FactorTracker::ReadRegister(session.Host(), session.Desktop()).size());
-    question.outcome = arguments.Has("--cost") ? Outcome::Cost : Outcome::Finish;
-    question.percentile = PercentileOf(arguments);
-    const auto cores = std::max(1u, std::thread::hardware_concurrency());
-    question.threads = static_cast<unsigned>(arguments.Number("--threads", 1, 256).value_or(cores));
-    return question;
-}
-
+/// With progress on a terminal; kestrel::DataError when the user cancels.
 Priorities RunPrioritise(const PlanData& plan, const PriorityQuestion& question,
                          kestrel::Desktop& desktop) {
     std::optional<Progress> progress;
@@ -120,6 +107,20 @@ Priorities RunPrioritise(const PlanData& plan, const PriorityQuestion& question,
     if (found.cancelled)
         throw kestrel::DataError("The analyses were cancelled; nothing is written.");
     return found;
+}
+
+}  // namespace
+
+PriorityQuestion QuestionOf(const Arguments& arguments, Session& session) {
+    PriorityQuestion question;
+    question.settings =
+        SettingsOf(arguments, session.Plan().Live().Data(),
+                   FactorTracker::ReadRegister(session.Host(), session.Desktop()).size());
+    question.outcome = arguments.Has("--cost") ? Outcome::Cost : Outcome::Finish;
+    question.percentile = PercentileOf(arguments);
+    const auto cores = std::max(1u, std::thread::hardware_concurrency());
+    question.threads = static_cast<unsigned>(arguments.Number("--threads", 1, 256).value_or(cores));
+    return question;
 }
 
 void PrioritiseFactors(const Arguments& arguments, Outputs& outputs) {

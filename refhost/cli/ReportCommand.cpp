@@ -1,8 +1,12 @@
-#include "refhost/cli/AnalyseCommand.h"
+#include <optional>
+#include <utility>
+
+#include "base/Errors.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/MuteDesktop.h"
 #include "refhost/cli/PrioritiseCommand.h"
-#include "refhost/results/ReportPage.h"
+#include "refhost/cli/Progress.h"
+#include "refhost/results/ReportRun.h"
 #include "util/modToolBox.h"
 
 namespace refhost {
@@ -34,18 +38,23 @@ void WriteReport(const Arguments& arguments, Outputs& outputs) {
     const ReportAssumptions assumptions = AssumptionsOf(arguments);
     Session session(arguments.Word("PLAN"), outputs);
     const PlanData plan = session.Plan().Live().Snapshot();
-    PriorityQuestion question = QuestionOf(arguments, session);
+    const PriorityQuestion question = QuestionOf(arguments, session);
 
-    FactorTracker factors(session.Host(), session.Desktop());
-    const auto [results, report] =
-        AnalyseSession(session, question.settings, factors, nullptr, true);
-    MuteDesktop mute;  // the analysis has told what there is to tell
-    const AnalysisResults without = AnalyseWithoutFactors(plan, question.settings, mute);
-    const Priorities finish = RunPrioritise(plan, question, mute);
-    question.outcome = Outcome::Cost;
-    const Priorities cost = RunPrioritise(plan, question, mute);
-    outputs.Find("-o")->Write(
-        ReportPage({plan, report, results, without, finish, cost, assumptions}));
+    std::optional<Progress> progress;
+    const char* shown = nullptr;
+    const auto page = MakeReportPage(
+        plan, question, assumptions, session.Desktop(),
+        [] { return std::make_unique<MuteDesktop>(); },
+        [&](const char* what, std::int32_t done, std::int32_t of) {
+            if (std::exchange(shown, what) != what) {
+                progress.reset();
+                progress.emplace(of, 1);
+            }
+            progress->Show(done);
+            return !progress->CancelRequested();
+        });
+    if (!page) throw kestrel::DataError("The analyses were cancelled; nothing is written.");
+    outputs.Find("-o")->Write(*page);
 }
 
 }  // namespace refhost

@@ -122,18 +122,17 @@ bool PlanDocument::SaveAs() {
     FileDialog dialog;
     dialog.title = "Save Plan As";
     dialog.defaultExtension = "kplan";
-    dialog.initialFile = ProposedPath();
+    dialog.initialFile = path_.empty() ? PathBeside(".kplan") : path_;
     dialog.filters = {{"Plans (*.kplan)", "*.kplan"}, {"All Files (*.*)", "*.*"}};
     const std::string path = desktop_.SaveFile(dialog);
     return !path.empty() && Write(path);
 }
 
-std::string PlanDocument::ProposedPath() const {
-    if (!path_.empty()) return path_;
+std::string PlanDocument::PathBeside(const std::string& extension) const {
     const std::size_t point = source_.find_last_of("./\\");
     return (point == std::string::npos || source_[point] != '.' ? source_
                                                                 : source_.substr(0, point)) +
-           ".kplan";
+           extension;
 }
 
 bool PlanDocument::MayReplace(const std::string& path) {

@@ -27,6 +27,9 @@ class PlanDocument {
     /// "Harbour crane* - Kestrel", the mark only with unsaved changes; "Kestrel" without a plan.
     std::string Title();
     RecentFiles& Recent() { return recent_; }
+    /// Where a file about the plan is proposed: beside the plan, named after it, `extension` with
+    /// its point.
+    std::string PathBeside(const std::string& extension) const;
 
     /// Each answers whether it came to its end: not when the user cancels or the file cannot be
     /// read or written, which the user has been told then.
@@ -44,7 +47,6 @@ class PlanDocument {
     /// Another window or program may have written the file meanwhile: then the user decides.
     bool MayReplace(const std::string& path);
     bool Write(const std::string& path);
-    std::string ProposedPath() const;
     void Tell(const std::string& text);
 
     ReferenceHost& host_;

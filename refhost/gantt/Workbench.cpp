@@ -4,6 +4,8 @@
 #include "refhost/charts/FigureText.h"
 #include "refhost/engine/Statistics.h"
 #include "refhost/gantt/AnalysisProgress.h"
+#include "refhost/gantt/ReportWriter.h"
+#include "refhost/gantt/TableExchange.h"
 #include "refhost/gantt/frmResults.h"
 #include "refhost/gantt/frmRunAnalysis.h"
 
@@ -114,6 +116,9 @@ bool Workbench::RunFileCommand(Command command) {
         case Command::ShowResults:
             ShowResults();
             return true;
+        case Command::WriteReport:
+            WriteReportByDialog(parts_, document_);
+            return true;
         default:
             return false;
     }
@@ -135,6 +140,12 @@ bool Workbench::RunFactorCommand(Command command) {
             return true;
         case Command::LoadFactors:
             parts_.addIn.LaunchLoad();
+            return true;
+        case Command::ImportTable:
+            ImportTableByDialog(parts_);
+            return true;
+        case Command::ExportTable:
+            ExportTableByDialog(parts_, document_);
             return true;
         case Command::FactorOptions:
             parts_.addIn.LaunchOptions();

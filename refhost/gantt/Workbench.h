@@ -9,6 +9,7 @@
 #include "refhost/gantt/PlanView.h"
 #include "refhost/gantt/ResultsView.h"
 #include "refhost/gantt/WorkbenchCommand.h"
+#include "refhost/results/LaboratoryPool.h"
 
 namespace refhost {
 
@@ -33,7 +34,7 @@ class WorkbenchWindow {
 /// of title and status bar. Failures are told to the user and go no further.
 class Workbench {
  public:
-    /// All must outlive the workbench.
+    /// All that is referred to must outlive the workbench.
     struct Parts {
         ReferenceHost& host;
         Settings& settings;
@@ -41,6 +42,7 @@ class Workbench {
         kestrel::ui::FormRunner& runner;
         AddInCommands& addIn;
         WorkbenchWindow& window;
+        DesktopMaker threadDesktops;  ///< for analyses on other threads
     };
     explicit Workbench(const Parts& parts);
 

@@ -20,6 +20,9 @@ class Laboratory {
     AnalysisResults Run(const std::string& registerText, const AnalysisSettings& settings,
                         AnalysisWatcher* watcher);
 
+    /// With the copy open.
+    ReferenceHost& Host() { return host_; }
+
  private:
     class NoForms : public kestrel::ui::FormRunner {
         void ShowModal(kestrel::ui::Form& form) override { form.Close(); }

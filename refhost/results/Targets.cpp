@@ -1,5 +1,7 @@
 #include "refhost/results/Targets.h"
 
+#include "refhost/files/ValueText.h"
+
 namespace refhost {
 
 Target ChancesOf(const AnalysisResults& results, std::optional<Minute> finish,
@@ -23,6 +25,13 @@ Target ChancesOf(const AnalysisResults& results, std::optional<Minute> finish,
     target.chanceCost = share(within);
     target.chanceBoth = share(both);
     return target;
+}
+
+std::optional<Minute> ReadTargetDate(std::string text) {
+    if (const auto day = ReadDate(text)) return (Minute{*day} + 1) * kMinutesPerDay;
+    if (text.size() > 10 && text[10] == ' ') text[10] = 'T';
+    if (text.size() == 16) text += ":00";
+    return ReadDateTime(text);
 }
 
 }  // namespace refhost

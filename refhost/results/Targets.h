@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "refhost/engine/Analysis.h"
 
@@ -19,5 +20,9 @@ struct Target {
 /// The chances of a target; what is not given is what the plan says. At least one iteration.
 Target ChancesOf(const AnalysisResults& results, std::optional<Minute> finish,
                  std::optional<double> cost);
+
+/// "2027-10-01T17:00", seconds or not, "T" or a blank; a date alone stands for its end. Nothing
+/// for any other text.
+std::optional<Minute> ReadTargetDate(std::string text);
 
 }  // namespace refhost

@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "host/clsKestrelDll.h"
 #include "platform/Files.h"
+#include "refhost/cli/Commands.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/frmResults.h"
 #include "refhost/gantt/frmRunAnalysis.h"
@@ -120,7 +121,8 @@ class WorkbenchTest : public testing::Test {
                                desktop, runner};
     LinkedAddIn addIn{dll};
     BlindWindow window;
-    Workbench bench{{host, settings, desktop, runner, addIn, window}};
+    Workbench bench{{host, settings, desktop, runner, addIn, window,
+                     [] { return std::make_unique<kestrel::test::FakeDesktop>(); }}};
     std::string saveAnswer = "cmdCancel";
     std::function<void(User&)> onForm;
     std::vector<std::string> captions;  ///< of the forms shown
@@ -170,6 +172,70 @@ TEST_F(WorkbenchTest, ACancelledOrFailedAnalysisKeepsNoResults) {
     bench.Run(Command::RunAnalysis);
     EXPECT_EQ(desktop.MessageText(), "The add-in is not there.");
     EXPECT_EQ(bench.Results(), nullptr);
+}
+
+TEST_F(WorkbenchTest, TheReportIsThatOfTheCommandLineAndLeavesThePlan) {
+    const std::string path = Example();
+    bench.Open(path);
+    ASSERT_EQ(RunCommandLine({"report", path, "-o", folder + "/line.html", "--assumptions",
+                              "percentages,assignments"}),
+              0);
+    const std::string page = folder + "/ferry.html";
+    const struct {
+        const char* button;
+        bool chooses, cancels, written;
+    } rows[] = {{"cmdCancel", true, false, false},
+                {"cmdOk", false, false, false},
+                {"cmdOk", true, true, false},
+                {"cmdOk", true, false, true}};
+    for (const auto& row : rows) {
+        onForm = [&](User& user) {
+            user.Click("cmdHelp");
+            user.Click("chkDistributions");
+            user.Click(row.button);
+        };
+        desktop.chosenFiles.clear();
+        if (row.chooses) desktop.chosenFiles = {page};
+        window.cancels = row.cancels;
+        bench.Run(Command::WriteReport);
+        EXPECT_EQ(captions.back(), "Risk Factors and Duration Distributions Report");
+        EXPECT_EQ(std::filesystem::exists(page), row.written) << row.button;
+    }
+    EXPECT_EQ(kestrel::ReadWholeFile(page), kestrel::ReadWholeFile(folder + "/line.html"));
+    EXPECT_EQ(desktop.saveDialogs.back().initialFile, page);
+    EXPECT_EQ(desktop.helpTopics.size(), 4u);
+    EXPECT_EQ(desktop.messages.size(), 2u) << desktop.MessageText();
+    EXPECT_FALSE(bench.Document().HasChanges());
+}
+
+TEST_F(WorkbenchTest, ATableReplacesTheRegisterOnceConfirmedAndWhole) {
+    bench.Open(Example());
+    const std::string table = folder + "/ferry-risks.csv";
+    desktop.chosenFiles = {table};
+    bench.Run(Command::ExportTable);
+    EXPECT_EQ(desktop.saveDialogs.back().initialFile, table);
+    const std::string text = kestrel::ReadWholeFile(table);
+    const std::string before = host.OpenPlan()->GetText("RiskFactors");
+    const struct {
+        std::string table;
+        MessageAnswer answer;
+        const char* told;
+        bool changed;
+    } rows[] = {{text, MessageAnswer::Yes, "", false},
+                {text + "Strike,90,100,x\n", MessageAnswer::Yes, "line 17, column Dur Max", false},
+                {text.substr(0, text.find('\n') + 1) + "Strike\n", MessageAnswer::Yes,
+                 "Tasks carry risk factor 1", false},
+                {text + "Strike\n", MessageAnswer::No, "", false},
+                {text + "Strike\n", MessageAnswer::Yes, "", true}};
+    for (const auto& row : rows) {
+        kestrel::ReplaceWholeFile(table, row.table);
+        desktop.messages.clear();
+        desktop.answers = {row.answer};
+        desktop.chosenFiles = {table};
+        bench.Run(Command::ImportTable);
+        EXPECT_NE(desktop.MessageText().find(row.told), std::string::npos) << desktop.MessageText();
+        EXPECT_EQ(host.OpenPlan()->GetText("RiskFactors") != before, row.changed) << row.told;
+    }
 }
 
 TEST_F(WorkbenchTest, UnsavedChangesAreGivenUpOnlyOnRequest) {
@@ -269,11 +335,11 @@ TEST_F(WorkbenchTest, RunDialogRefusesWhatIsNoNumber) {
         const char *iterations, *seed;
         bool accepted;
     } rows[] = {
-        {"1", "0", true},        {" 500 ", " 18446744073709551615 ", true},
-        {"0", "1", false},       {"-5", "1", false},
+        {"1", "0", true},         {" 500 ", " 18446744073709551615 ", true},
+        {"0", "1", false},        {"-5", "1", false},
         {"10000001", "1", false}, {"1e3", "1", false},
-        {"", "1", false},        {"10", "", false},
-        {"10", "-1", false},     {"10", "18446744073709551616", false},
+        {"", "1", false},         {"10", "", false},
+        {"10", "-1", false},      {"10", "18446744073709551616", false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.iterations) + ", " + row.seed);

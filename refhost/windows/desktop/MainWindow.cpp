@@ -6,6 +6,7 @@
 #include <exception>
 
 #include "platform/win32/WideText.h"
+#include "refhost/cli/MuteDesktop.h"
 #include "refhost/windows/desktop/Resources.h"
 #include "ui/win32/Dpi.h"
 
@@ -35,7 +36,8 @@ WNDCLASSEXW ClassOf(HINSTANCE module, WNDPROC procedure) {
 
 MainWindow::MainWindow(const Parts& parts)
     : parts_(parts),
-      bench_({parts.host, parts.settings, parts.desktop, parts.runner, parts.addIn, *this}),
+      bench_({parts.host, parts.settings, parts.desktop, parts.runner, parts.addIn, *this,
+              [] { return std::make_unique<MuteDesktop>(); }}),
       class_(ClassOf(parts.module, Procedure)) {
     context_.module = parts.module;
     context_.afterEvent = [this] { Refresh(); };

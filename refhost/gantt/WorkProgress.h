@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "refhost/gantt/Workbench.h"
+#include "ui/progress/frmProgress.h"
+
+namespace refhost {
+
+/// Shows how far work has come that goes through several stages, several times a second. The user
+/// cancels it by closing the form.
+class WorkProgress {
+ public:
+    WorkProgress(WorkbenchWindow& window, const std::string& caption);
+    ~WorkProgress() { window_.HideProgress(); }
+    WorkProgress(const WorkProgress&) = delete;
+    WorkProgress& operator=(const WorkProgress&) = delete;
+
+    /// `what` names the stage and lives as long as it. False when the user has cancelled.
+    bool Show(const char* what, std::int32_t done, std::int32_t of);
+
+ private:
+    WorkbenchWindow& window_;
+    kestrel::ui::frmProgress form_;
+    const char* stage_ = nullptr;
+    std::chrono::steady_clock::time_point nextUpdate_;
+};
+
+}  // namespace refhost
