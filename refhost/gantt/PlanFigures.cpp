@@ -35,6 +35,12 @@ PlanFigures::PlanFigures(LivePlan& plan)
     AddToParents(plan.Data());
 }
 
+void PlanFigures::SetCriticality(std::span<const double> shares) {
+    for (std::size_t task = 0; task < tasks_.size(); ++task)
+        tasks_[task].criticality =
+            shares.empty() ? std::nullopt : std::optional<double>(shares[task]);
+}
+
 void PlanFigures::AddToParents(const PlanData& plan) {
     for (std::size_t task = tasks_.size(); task-- > 0;)
         if (const std::int32_t parent = plan.tasks[task].parent; parent >= 0)

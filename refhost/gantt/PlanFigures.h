@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "refhost/engine/LivePlan.h"
@@ -13,6 +15,8 @@ struct TaskFigures {
     Minute finish = 0;
     std::int64_t duration = 0;  ///< working minutes from start to finish
     double cost = 0;            ///< of a summary: with everything below it
+    /// Share of the last analysis's iterations, 0 to 1; nothing before one.
+    std::optional<double> criticality{};
 };
 
 /// Dates, durations and costs of all tasks as the plan stands, fetched at once so that painting
@@ -21,6 +25,9 @@ class PlanFigures {
  public:
     /// Raises kestrel::DataError for a plan whose dates lie beyond the calendar.
     explicit PlanFigures(LivePlan& plan);
+
+    /// One share a task, or none at all.
+    void SetCriticality(std::span<const double> shares);
 
     const TaskFigures& operator[](std::size_t task) const { return tasks_[task]; }
     Minute Start() const { return start_; }

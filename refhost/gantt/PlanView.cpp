@@ -29,6 +29,7 @@ bool PlanView::Sync() {
     if (planChanges_ != plan_->Live().Changes()) {
         planChanges_ = plan_->Live().Changes();
         figures_ = PlanFigures(plan_->Live());
+        figures_.SetCriticality(criticality_);
         Changed();
     }
     if (shownRow_ != plan_->SelectedRow()) {
@@ -40,6 +41,12 @@ bool PlanView::Sync() {
         Changed();
     }
     return changes_ != before;
+}
+
+void PlanView::ShowCriticality(std::vector<double> shares) {
+    criticality_ = std::move(shares);
+    figures_.SetCriticality(criticality_);
+    Changed();
 }
 
 void PlanView::Resize(int width, int height) {

@@ -54,6 +54,8 @@ class PlanView {
     /// Takes over what has changed in the plan and which task is selected. Answers whether there is
     /// anything to repaint. Not for the middle of an analysis.
     bool Sync();
+    /// What the last analysis found, one share a task; none without one.
+    void ShowCriticality(std::vector<double> shares);
     /// Rises with every change that a user could see.
     std::uint64_t Changes() const { return changes_; }
 
@@ -126,6 +128,7 @@ class PlanView {
     std::shared_ptr<HostPlan> plan_;
     refhost::Outline outline_;
     PlanFigures figures_;
+    std::vector<double> criticality_;  ///< one a task, or none
     std::vector<TaskLink> links_;
     TaskTable table_;
     TimeScale scale_;

@@ -13,7 +13,8 @@ namespace refhost {
 struct PlanResults {
     std::string planName;
     AnalysisSettings settings;
-    AnalysisResults results;  ///< at least one iteration
+    AnalysisResults results;          ///< at least one iteration
+    std::vector<double> criticality;  ///< one share a task, in plan order
 };
 
 struct ResultRow {

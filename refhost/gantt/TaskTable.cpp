@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "base/NumberText.h"
 #include "refhost/charts/FigureText.h"
 
 namespace refhost {
 
 const char* TaskTable::Title(TaskColumn column) {
-    constexpr std::array<const char*, kColumns> kTitles = {"ID",     "Name", "Duration",   "Start",
-                                                           "Finish", "Cost", "RiskFactors"};
+    constexpr std::array<const char*, kColumns> kTitles = {
+        "ID", "Name", "Duration", "Start", "Finish", "Cost", "Critical", "RiskFactors"};
     return kTitles[Index(column)];
 }
 
@@ -29,6 +30,9 @@ std::string TaskTable::Text(const LivePlan& plan, const PlanFigures& figures, st
             return DateAndTimeText(figures[task].finish);
         case TaskColumn::Cost:
             return figures[task].cost == 0 ? "" : WholeMoneyText(figures[task].cost);
+        case TaskColumn::Critical:
+            return figures[task].criticality ? kestrel::PercentText(*figures[task].criticality)
+                                             : std::string();
         case TaskColumn::RiskFactors: {
             const std::string* text = FindText(data.userValues, "RiskFactors");
             return text ? *text : std::string();

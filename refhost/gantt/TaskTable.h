@@ -7,18 +7,19 @@
 
 namespace refhost {
 
-enum class TaskColumn { Id, Name, Duration, Start, Finish, Cost, RiskFactors };
+enum class TaskColumn { Id, Name, Duration, Start, Finish, Cost, Critical, RiskFactors };
 
 /// The columns beside the bars: their titles and widths, and the text of each cell.
 class TaskTable {
  public:
-    static constexpr int kColumns = 7;
+    static constexpr int kColumns = 8;
     static constexpr int kLeastWidth = 24;
 
     static const char* Title(TaskColumn column);
     /// Figures stand at the right of their cells.
     static bool IsFigure(TaskColumn column) {
-        return column == TaskColumn::Duration || column == TaskColumn::Cost;
+        return column == TaskColumn::Duration || column == TaskColumn::Cost ||
+               column == TaskColumn::Critical;
     }
 
     /// The name comes without its indentation.
@@ -39,7 +40,7 @@ class TaskTable {
  private:
     static std::size_t Index(TaskColumn column) { return static_cast<std::size_t>(column); }
 
-    std::array<int, kColumns> widths_{46, 244, 64, 116, 116, 88, 92};
+    std::array<int, kColumns> widths_{46, 244, 64, 116, 116, 88, 60, 92};
 };
 
 }  // namespace refhost

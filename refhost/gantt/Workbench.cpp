@@ -2,6 +2,7 @@
 
 #include "base/Errors.h"
 #include "refhost/charts/FigureText.h"
+#include "refhost/engine/Criticality.h"
 #include "refhost/engine/Statistics.h"
 #include "refhost/gantt/AnalysisProgress.h"
 #include "refhost/gantt/ReportWriter.h"
@@ -33,6 +34,31 @@ constexpr const char* kKeys =
     "F9\trun the analysis\n"
     "F10, Alt\tmenu\n"
     "Ctrl+O, Ctrl+S, Ctrl+Shift+S\topen, save, save as";
+
+/// An analysis as the window follows it: its progress and the tasks that are critical.
+class FollowedAnalysis : public AnalysisWatcher {
+ public:
+    FollowedAnalysis(WorkbenchWindow& window, std::int32_t iterations, LivePlan& plan)
+        : progress_(window, iterations), plan_(plan), criticality_(plan.Data()) {}
+
+    bool AfterIteration(std::int32_t number, std::span<const std::int32_t> drawn,
+                        const AnalysisResults& soFar) override {
+        criticality_.Note(plan_.Scheduled());
+        return progress_.AfterIteration(number, drawn, soFar);
+    }
+
+    std::vector<double> Criticality() const {
+        std::vector<double> shares;
+        for (std::size_t task = 0; task < plan_.TaskCount(); ++task)
+            shares.push_back(criticality_.Of(task));
+        return shares;
+    }
+
+ private:
+    AnalysisProgress progress_;
+    LivePlan& plan_;
+    refhost::Criticality criticality_;
+};
 
 /// True for as long as it lives.
 class Flag {
@@ -207,17 +233,20 @@ void Workbench::RunAnalysisCommand() {
     parts_.runner.ShowModal(ask);
     if (!ask.Result()) return;
     parts_.addIn.LaunchStartSchedulon();
-    results_.reset();
-    AnalysisResults found;
+    PlanResults found{plan.Name(), *ask.Result(), {}, {}};
     {
         const Flag analysing(analysing_);
-        AnalysisProgress progress(parts_.window, ask.Result()->iterations);
-        found = refhost::RunAnalysis(parts_.host, *ask.Result(), &progress);
+        FollowedAnalysis watcher(parts_.window, found.settings.iterations, plan.Live());
+        found.results = refhost::RunAnalysis(parts_.host, found.settings, &watcher);
+        found.criticality = watcher.Criticality();
     }
-    if (found.cancelled)
-        return Tell("The analysis was cancelled after " + std::to_string(found.finish.size()) +
-                    " iterations; its results are not kept.");
-    results_ = PlanResults{plan.Name(), *ask.Result(), std::move(found)};
+    if (found.results.cancelled)
+        return Tell("The analysis was cancelled after " +
+                    std::to_string(found.results.finish.size()) +
+                    " iterations; its results are not kept" +
+                    (results_ ? ", those of the one before are." : "."));
+    results_ = std::move(found);
+    view_->ShowCriticality(results_->criticality);
     const Summary finish = Summarise(results_->results.finish);
     resultText_ = std::to_string(results_->settings.iterations) + " iterations, seed " +
                   std::to_string(results_->settings.seed) + ": P50 " +

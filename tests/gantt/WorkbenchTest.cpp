@@ -141,12 +141,24 @@ TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
     EXPECT_EQ(bench.StatusText(), "1000 iterations, seed 1: P50 2027-10-07, P80 2027-11-01");
     EXPECT_EQ(bench.FinishText(), "Finish 2027-08-11 16:00") << "durations are put back";
     EXPECT_EQ(window.progress, nullptr);
+    const auto critical = [&](std::size_t task) {
+        return TaskTable::Text(host.OpenPlan()->Live(), bench.View()->Figures(), task,
+                               TaskColumn::Critical);
+    };
+    // As 'analyse --criticality' tells; a summary's is not its tasks' sum.
+    EXPECT_EQ(critical(0) + " " + critical(1) + " " + critical(2), "100.0% 0.0% 0.0%");
     EXPECT_EQ(bench.Document().Title(), "Eastmere ferry terminal* - Kestrel");
 
     bench.Run(Command::ShowDrivingRisks);
     EXPECT_EQ(captions.back(), "Driving Risks");
     EXPECT_EQ(desktop.MessageText(), "") << "the results are up to date";
+    window.cancels = true;
+    const PlanResults* results = bench.Results();
+    bench.Run(Command::RunAnalysis);
+    EXPECT_EQ(bench.Results(), results) << "a cancelled analysis leaves them";
+    desktop.messages.clear();
     Change();
+    EXPECT_EQ(critical(0), "100.0%") << "what the analysis found stays";
     EXPECT_EQ(bench.StatusText(),
               "1000 iterations, seed 1: P50 2027-10-07, P80 2027-11-01 (out of date)");
     bench.Run(Command::ShowDrivingRisks);
@@ -356,7 +368,7 @@ TEST_F(WorkbenchTest, RunDialogRefusesWhatIsNoNumber) {
 }
 
 TEST_F(WorkbenchTest, ResultsShowEitherMeasureAndCopyTheTable) {
-    PlanResults results{"Plan", {.iterations = 3}, {}};
+    PlanResults results{"Plan", {.iterations = 3}, {}, {}};
     results.results.finish = {46003.0, 46001.0, 46002.0};
     results.results.cost = {30, 10, 20.5};
     results.results.deterministicFinish = 46001 * kMinutesPerDay;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "refhost/windows/desktop/PlanPainter.h"
 
@@ -7,7 +8,15 @@ namespace {
 
 constexpr int kLabelGap = 6;  ///< from a bar to what stands beside it
 constexpr int kSummaryTop = 6, kSummaryHeight = 6, kHook = 6;
-constexpr double kDiamond = 6.5;  ///< half a milestone
+constexpr double kDiamond = 6.5;    ///< half a milestone
+constexpr int kCriticalHeight = 4;  ///< of the shade along a task's bar
+
+/// Between two colours: `from` at 0, `to` at 1.
+COLORREF Mixed(COLORREF from, COLORREF to, double share) {
+    const auto part = [share](int a, int b) { return a + std::lround(share * (b - a)); };
+    return RGB(part(GetRValue(from), GetRValue(to)), part(GetGValue(from), GetGValue(to)),
+               part(GetBValue(from), GetBValue(to)));
+}
 
 /// Paints the chart of one view.
 class GanttPainter {
@@ -110,10 +119,7 @@ class GanttPainter {
                 PaintSummary(bar);
                 break;
             case BarKind::Task:
-                tools_.Frame({PixelX(bar.left), PixelY(bar.top + kBarTop), PixelX(bar.right),
-                              PixelY(bar.top + kBarTop + kBarHeight)},
-                             factors.empty() ? colours_.barEdge : colours_.riskBarEdge,
-                             factors.empty() ? colours_.bar : colours_.riskBar);
+                PaintTask(bar, !factors.empty());
         }
         const double left = X(end) + kLabelGap;
         tools_.Label(factors,
@@ -121,12 +127,29 @@ class GanttPainter {
                      tools_.Fonts().small.Get(), colours_.riskText, RowGround(bar.task));
     }
 
+    void PaintTask(const GanttBar& bar, bool carriesFactors) const {
+        const COLORREF inside = carriesFactors ? colours_.riskBar : colours_.bar;
+        RECT area{PixelX(bar.left), PixelY(bar.top + kBarTop), PixelX(bar.right),
+                  PixelY(bar.top + kBarTop + kBarHeight)};
+        tools_.Frame(area, carriesFactors ? colours_.riskBarEdge : colours_.barEdge, inside);
+        const COLORREF shade = Shaded(inside, bar.task);
+        if (shade == inside) return;
+        InflateRect(&area, -1, -1);
+        area.top = PixelY(bar.top + kBarTop + kBarHeight - kCriticalHeight);
+        if (area.right > area.left) tools_.Fill(area, shade);
+    }
+
+    COLORREF Shaded(COLORREF colour, std::size_t task) const {
+        const auto share = view_.Figures()[task].criticality;
+        return share && colours_.critical ? Mixed(colour, *colours_.critical, *share) : colour;
+    }
+
     void PaintDiamond(const GanttBar& bar) const {
         const int x = PixelX(bar.left);
         const int y = PixelY(bar.top + kBarTop + kBarHeight / 2.0);
         const int half = tools_.Pixel(kDiamond);
         const POINT points[] = {{x, y - half}, {x + half, y}, {x, y + half}, {x - half, y}};
-        tools_.Polygon(points, 4, colours_.milestone);
+        tools_.Polygon(points, 4, Shaded(colours_.milestone, bar.task));
     }
 
     /// A bracket over what it sums up: a bar whose ends point down.
@@ -134,14 +157,15 @@ class GanttPainter {
         const int left = PixelX(bar.left), right = PixelX(bar.right);
         const int top = PixelY(bar.top + kSummaryTop);
         const int bottom = PixelY(bar.top + kSummaryTop + kSummaryHeight);
-        tools_.Fill({left, top, right, bottom}, colours_.summary);
+        const COLORREF colour = Shaded(colours_.summary, bar.task);
+        tools_.Fill({left, top, right, bottom}, colour);
         const int hook = std::min(tools_.Pixel(kHook), (right - left) / 2);
         const POINT leftHook[] = {
             {left, bottom - 1}, {left + hook, bottom - 1}, {left, bottom + hook}};
         const POINT rightHook[] = {
             {right - 1, bottom - 1}, {right - 1 - hook, bottom - 1}, {right - 1, bottom + hook}};
-        tools_.Polygon(leftHook, 3, colours_.summary);
-        tools_.Polygon(rightHook, 3, colours_.summary);
+        tools_.Polygon(leftHook, 3, colour);
+        tools_.Polygon(rightHook, 3, colour);
     }
 
     void PaintLink(const GanttLink& link) const {

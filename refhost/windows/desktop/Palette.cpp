@@ -50,6 +50,7 @@ Palette Palette::Current() {
     colours.milestone = RGB(31, 41, 55);
     colours.link = RGB(140, 149, 162);
     colours.today = RGB(220, 62, 62);
+    colours.critical = RGB(190, 18, 60);
     return colours;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+// windows.h first
+#include <optional>
 
 namespace refhost::win32 {
 
@@ -13,6 +15,8 @@ struct Palette {
     COLORREF bar, barEdge;
     COLORREF riskBar, riskBarEdge, riskText;  ///< of tasks that carry risk factors
     COLORREF summary, milestone, link, today;
+    /// What bars are shaded with, the more often critical the stronger; nothing in high contrast.
+    std::optional<COLORREF> critical;
 
     /// The program's own colours or, for users of high contrast, the system's alone.
     static Palette Current();
