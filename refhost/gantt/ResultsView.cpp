@@ -6,54 +6,148 @@
 #include "refhost/charts/FigureText.h"
 #include "refhost/charts/FinishDistribution.h"
 #include "refhost/engine/Statistics.h"
+#include "refhost/files/ValueText.h"
+#include "refhost/results/PriorityTexts.h"
+#include "refhost/results/Targets.h"
 
 namespace refhost {
 namespace {
 
 constexpr int kPercentiles[] = {5, 10, 20, 30, 40, 50, 60, 70, 80, 90, 95};
 
-/// Share of the ascending values that are no larger.
-std::string ChanceText(const std::vector<double>& ascending, double value) {
-    const auto kept = std::upper_bound(ascending.begin(), ascending.end(), value);
-    return kestrel::PercentText(static_cast<double>(kept - ascending.begin()) /
-                                static_cast<double>(ascending.size()));
+std::vector<double> Ascending(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values;
 }
+
+/// The rows of percentiles, and of mean and ends.
+class FigureRows {
+ public:
+    FigureRows(const AnalysisResults& results, ResultTable& table)
+        : plannedFinish_(DateSerial(results.deterministicFinish)),
+          plannedCost_(results.deterministicCost),
+          table_(table) {}
+
+    void Add(const std::string& name, double finish, double cost) {
+        table_.rows.push_back({name, SerialText(finish),
+                               DifferenceText(Outcome::Finish, finish - plannedFinish_),
+                               MoneyText(cost), WholeMoneyText(cost - plannedCost_)});
+    }
+
+ private:
+    double plannedFinish_;
+    double plannedCost_;
+    ResultTable& table_;
+};
 
 }  // namespace
 
-std::vector<ResultRow> ResultRows(const AnalysisResults& results) {
-    std::vector<double> finish(results.finish), cost(results.cost);
-    std::sort(finish.begin(), finish.end());
-    std::sort(cost.begin(), cost.end());
-    const Summary finishSummary = Summarise(results.finish);
-    const Summary costSummary = Summarise(results.cost);
-
-    std::vector<ResultRow> rows;
-    rows.push_back({"As planned", DateAndTimeText(results.deterministicFinish),
-                    MoneyText(results.deterministicCost)});
-    rows.push_back({"Chance to keep that",
-                    ChanceText(finish, DateSerial(results.deterministicFinish)),
-                    ChanceText(cost, results.deterministicCost)});
-    rows.push_back({"Mean", SerialText(finishSummary.mean), MoneyText(costSummary.mean)});
-    rows.push_back({"Standard deviation", kestrel::FixedText(finishSummary.sd, 1) + " days",
-                    MoneyText(costSummary.sd)});
-    rows.push_back({"Least", SerialText(finish.front()), MoneyText(cost.front())});
+ResultTable DistributionTable(const AnalysisResults& results) {
+    const std::vector<double> finish = Ascending(results.finish), cost = Ascending(results.cost);
+    const Summary finishSummary = Summarise(results.finish), costSummary = Summarise(results.cost);
+    const Target planned = ChancesOf(results, std::nullopt, std::nullopt);
+    ResultTable table{{{"Result", 128},
+                       {"Finish", 112, true},
+                       {"Contingency", 84, true},
+                       {"Cost", 104, true},
+                       {"Contingency", 84, true}},
+                      {}};
+    table.rows.push_back({"As planned", DateAndTimeText(results.deterministicFinish), "",
+                          MoneyText(results.deterministicCost), ""});
+    table.rows.push_back({"Chance to keep that", kestrel::PercentText(planned.chanceFinish), "",
+                          kestrel::PercentText(planned.chanceCost), ""});
+    table.rows.push_back({"Standard deviation", kestrel::FixedText(finishSummary.sd, 1) + " days",
+                          "", MoneyText(costSummary.sd), ""});
+    FigureRows figures(results, table);
+    figures.Add("Mean", finishSummary.mean, costSummary.mean);
+    figures.Add("Least", finish.front(), cost.front());
     for (const int percent : kPercentiles)
-        rows.push_back({"P" + std::to_string(percent),
-                        SerialText(Percentile(finish, percent / 100.0)),
-                        MoneyText(Percentile(cost, percent / 100.0))});
-    rows.push_back({"Most", SerialText(finish.back()), MoneyText(cost.back())});
-    return rows;
+        figures.Add("P" + std::to_string(percent), Percentile(finish, percent / 100.0),
+                    Percentile(cost, percent / 100.0));
+    figures.Add("Most", finish.back(), cost.back());
+    return table;
 }
 
-kestrel::ui::ChartDrawing ResultDrawing(const PlanResults& results, ResultMeasure measure,
-                                        int width, int height) {
+ResultTable FactorTable(const Priorities& priorities) {
+    const Outcome outcome = priorities.question.outcome;
+    const std::string percentile = PercentileName(priorities.question.percentile);
+    ResultTable table{{{"ID", 36, true},
+                       {"Risk factor", 250},
+                       {"It alone costs", 100, true},
+                       {percentile + " without it", 126, true}},
+                      {}};
+    std::vector<FactorCost> factors = priorities.factors;
+    std::stable_sort(factors.begin(), factors.end(),
+                     [](const FactorCost& a, const FactorCost& b) { return a.saved > b.saved; });
+    for (const FactorCost& factor : factors)
+        table.rows.push_back({std::to_string(factor.id), factor.name,
+                              DifferenceText(outcome, factor.saved),
+                              FigureText(outcome, factor.without)});
+    return table;
+}
+
+ResultTable CriticalTaskTable(const PlanResults& results) {
+    ResultTable table{{{"ID", 90}, {"Task", 700}, {"Critical", 90, true}}, {}};
+    const std::vector<TaskData>& tasks = results.plan.tasks;
+    std::vector<std::size_t> ranked;
+    for (std::size_t task = 0; task < tasks.size(); ++task)
+        if (tasks[task].type == kOrdinary && results.criticality[task] > 0) ranked.push_back(task);
+    std::stable_sort(ranked.begin(), ranked.end(), [&](std::size_t a, std::size_t b) {
+        return results.criticality[a] > results.criticality[b];
+    });
+    for (const std::size_t task : ranked)
+        table.rows.push_back(
+            {tasks[task].id, tasks[task].name, kestrel::PercentText(results.criticality[task])});
+    return table;
+}
+
+kestrel::ui::ChartDrawing ResultDrawing(const PlanResults& results, Outcome measure, int width,
+                                        int height) {
     const std::string title =
-        results.planName + ": " + std::to_string(results.settings.iterations) + " iterations";
-    if (measure == ResultMeasure::Cost)
-        return CostDistribution(results.results.cost, title, width, height);
+        results.plan.name + ": " + std::to_string(results.settings.iterations) + " iterations";
+    const AnalysisResults& found = results.results;
+    DistributionContext context;
+    if (measure == Outcome::Cost) {
+        context.planned = found.deterministicCost;
+        if (results.without) context.without = Ascending(results.without->cost);
+        return CostDistribution(found.cost, title, width, height, context);
+    }
+    context.planned = DateSerial(found.deterministicFinish);
+    if (results.without) context.without = Ascending(results.without->finish);
     const auto date = [](double serial) { return SerialText(serial).substr(0, 10); };
-    return FinishDistribution(results.results.finish, title, date, width, height);
+    return FinishDistribution(found.finish, title, date, width, height, context);
+}
+
+kestrel::ui::ChartDrawing FactorDrawing(const Priorities& priorities, int width, int height) {
+    Staircase chart = PriorityStaircase(priorities);
+    kestrel::ui::ChartDrawing drawing = DrawStaircase(chart, width);
+    if (drawing.height > height) {
+        chart.singles.clear();  // the table beside the chart has them
+        drawing = DrawStaircase(chart, width);
+    }
+    constexpr std::size_t kLevels = 3;  // today, without any factor, as planned
+    for (int joined = 2; drawing.height > height && chart.rows.size() > kLevels + 1; ++joined) {
+        const auto last = chart.rows.end() - 3;
+        StaircaseRow& into = *(last - 1);
+        into.to = last->to;
+        into.label = "without " + std::to_string(joined) + " more";
+        into.note = DifferenceText(priorities.question.outcome, into.to - into.from);
+        chart.rows.erase(last);
+        drawing = DrawStaircase(chart, width);
+    }
+    return drawing;
+}
+
+std::string TargetText(const AnalysisResults& results, const std::string& finish,
+                       const std::string& cost) {
+    const auto date = ReadTargetDate(finish);
+    if (!date) return "Give the target finish as 2027-10-01 or 2027-10-01 17:00.";
+    const auto amount = ReadNumber(cost);
+    if (!amount) return "Give the target cost as 31500000.";
+    const Target target = ChancesOf(results, date, amount);
+    return "Chance to finish by then " + kestrel::PercentText(target.chanceFinish) +
+           ", to cost no more " + kestrel::PercentText(target.chanceCost) + ", both " +
+           kestrel::PercentText(target.chanceBoth);
 }
 
 }  // namespace refhost

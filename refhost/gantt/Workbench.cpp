@@ -1,5 +1,8 @@
 #include "refhost/gantt/Workbench.h"
 
+#include <algorithm>
+#include <thread>
+
 #include "base/Errors.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/engine/Criticality.h"
@@ -7,6 +10,7 @@
 #include "refhost/gantt/AnalysisProgress.h"
 #include "refhost/gantt/ReportWriter.h"
 #include "refhost/gantt/TableExchange.h"
+#include "refhost/gantt/WorkProgress.h"
 #include "refhost/gantt/frmResults.h"
 #include "refhost/gantt/frmRunAnalysis.h"
 
@@ -58,6 +62,21 @@ class FollowedAnalysis : public AnalysisWatcher {
     AnalysisProgress progress_;
     LivePlan& plan_;
     refhost::Criticality criticality_;
+};
+
+class StageWatcher : public AnalysisWatcher {
+ public:
+    StageWatcher(const char* what, std::int32_t iterations, WorkProgress& progress)
+        : what_(what), iterations_(iterations), progress_(progress) {}
+    bool AfterIteration(std::int32_t number, std::span<const std::int32_t>,
+                        const AnalysisResults&) override {
+        return progress_.Show(what_, number, iterations_);
+    }
+
+ private:
+    const char* what_;
+    std::int32_t iterations_;
+    WorkProgress& progress_;
 };
 
 /// True for as long as it lives.
@@ -233,7 +252,10 @@ void Workbench::RunAnalysisCommand() {
     parts_.runner.ShowModal(ask);
     if (!ask.Result()) return;
     parts_.addIn.LaunchStartSchedulon();
-    PlanResults found{plan.Name(), *ask.Result(), {}, {}};
+    PlanResults found;
+    found.plan = plan.Live().Snapshot();
+    found.settings = *ask.Result();
+    found.when = parts_.window.Now();
     {
         const Flag analysing(analysing_);
         FollowedAnalysis watcher(parts_.window, found.settings.iterations, plan.Live());
@@ -247,6 +269,7 @@ void Workbench::RunAnalysisCommand() {
                     (results_ ? ", those of the one before are." : "."));
     results_ = std::move(found);
     view_->ShowCriticality(results_->criticality);
+    AnalyseWithout();
     const Summary finish = Summarise(results_->results.finish);
     resultText_ = std::to_string(results_->settings.iterations) + " iterations, seed " +
                   std::to_string(results_->settings.seed) + ": P50 " +
@@ -257,8 +280,35 @@ void Workbench::RunAnalysisCommand() {
     ShowResults();
 }
 
+/// The same analysis in which no factor occurs; left out when the user cancels it.
+void Workbench::AnalyseWithout() {
+    const std::unique_ptr<kestrel::Desktop> mute = parts_.threadDesktops();  // all has been told
+    WorkProgress progress(parts_.window, "Risk Analysis");
+    StageWatcher watcher("Without risk factors", results_->settings.iterations, progress);
+    AnalysisResults without =
+        AnalyseWithoutFactors(results_->plan, results_->settings, *mute, &watcher);
+    if (!without.cancelled) results_->without = std::move(without);
+}
+
+std::optional<Priorities> Workbench::Calculate(Outcome outcome) {
+    PriorityQuestion question;
+    question.settings = results_->settings;
+    question.outcome = outcome;
+    question.threads = std::max(1u, std::thread::hardware_concurrency());
+    const std::unique_ptr<kestrel::Desktop> mute = parts_.threadDesktops();
+    WorkProgress progress(parts_.window, "Risk Factors");
+    Priorities found =
+        Prioritise(results_->plan, question, *mute, parts_.threadDesktops,
+                   [&](std::int32_t done, std::int32_t atMost) {
+                       return progress.Show("What each risk factor costs", done, atMost);
+                   });
+    if (found.cancelled) return std::nullopt;
+    return found;
+}
+
 void Workbench::ShowResults() {
-    frmResults form(parts_.desktop, *results_);
+    frmResults form(parts_.desktop, *results_, parts_.host.OpenPlan()->Live().ResultsUpToDate(),
+                    [this](Outcome outcome) { return Calculate(outcome); });
     parts_.runner.ShowModal(form);
 }
 

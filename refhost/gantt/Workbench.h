@@ -75,6 +75,8 @@ class Workbench {
     bool RunFactorCommand(WorkbenchCommand command);
     void RunViewCommand(WorkbenchCommand command);
     void RunAnalysisCommand();
+    void AnalyseWithout();
+    std::optional<Priorities> Calculate(Outcome outcome);
     void ShowResults();
     void PlanOpened();
     /// Runs a command and tells its failure.

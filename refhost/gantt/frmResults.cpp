@@ -1,5 +1,7 @@
 #include "refhost/gantt/frmResults.h"
 
+#include "base/NumberText.h"
+#include "refhost/charts/FigureText.h"
 #include "util/Trapped.h"
 #include "util/modGridCopy.h"
 
@@ -8,71 +10,157 @@ namespace {
 
 using namespace kestrel::ui;
 
-constexpr int kWidth = 1040, kHeight = 520, kMargin = 10;
-constexpr int kGridWidth = 390, kRowHeight = 24, kButtonHeight = 26;
+constexpr int kWidth = 1180, kHeight = 580, kMargin = 10, kGap = 6;
+constexpr int kGridWidth = 532, kRowHeight = 24, kButtonHeight = 26;
+
+void Fill(Grid& grid, const ResultTable& table) {
+    const RedrawPause pause(grid);
+    const int columns = static_cast<int>(table.columns.size());
+    grid.Clear(columns, 1, false);
+    grid.Geometry().headerHeight = kRowHeight;
+    for (int column = 0; column < columns; ++column) {
+        const ResultColumn& shown = table.columns[static_cast<std::size_t>(column)];
+        grid.SetText(0, column, shown.heading);
+        grid.Geometry().SetColumnWidth(column, shown.width);
+        grid.Geometry().SetColumnAlignment(column,
+                                           shown.figure ? Alignment::Right : Alignment::Left);
+    }
+    for (const std::vector<std::string>& texts : table.rows) {
+        const int row = grid.AddRow();
+        for (int column = 0; column < columns; ++column) {
+            grid.SetText(row, column, texts[static_cast<std::size_t>(column)]);
+            grid.SetEditable(row, column, false);
+        }
+    }
+}
+
+ChartDrawing Sentence(const std::string& text, int width, int height) {
+    ChartDrawing drawing;
+    drawing.width = width;
+    drawing.height = height;
+    drawing.title = text;
+    drawing.texts.push_back(
+        {text, "", width / 2, height / 2, 13, ChartAlign::Centre, false, kChartSubtle});
+    return drawing;
+}
 
 }  // namespace
 
-frmResults::frmResults(kestrel::Desktop& desktop, const PlanResults& results)
-    : Form("Analysis Results", kWidth, kHeight), desktop_(desktop), results_(results) {
+frmResults::frmResults(kestrel::Desktop& desktop, PlanResults& results, bool upToDate,
+                       Calculator calculator)
+    : Form("Analysis Results", kWidth, kHeight),
+      desktop_(desktop),
+      results_(results),
+      calculator_(std::move(calculator)) {
     PlaceControls();
+    lblAnalysis.SetCaption(std::to_string(results.settings.iterations) + " iterations, seed " +
+                           std::to_string(results.settings.seed) + ", " +
+                           DateAndTimeText(results.when) +
+                           (upToDate ? "" : ". The plan has changed since."));
+    plotResult.Attributes().Set("PrintDocumentName", results.plan.name);
+    Fill(gridTasks, CriticalTaskTable(results));
+    gridTasks.Geometry().SetStretchColumn(1);
+    txtTargetFinish.SetText(DateAndTimeText(results.results.deterministicFinish));
+    txtTargetCost.SetText(kestrel::FixedText(results.results.deterministicCost, 2));
+    ShowChances();
+    OptionDistribution.Select();
     OptionFinish.Select();
-    plotResult.Attributes().Set("PrintDocumentName", results.planName);
-    FillGrid();
-    DrawChart();
-    OptionFinish.Click = OptionCost.Click = [this] { DrawChart(); };
-    cmdCopyToClip.Click = [this] {
-        kestrel::TrappedAndTold(desktop_, "The table could not be copied.", [this] {
-            bool leadingLine = false;
-            kestrel::CopyGridToClipboard(desktop_, gridResults, leadingLine);
-        });
-    };
-    cmdClose.Click = [this] { Close(); };
+    ShowPage();
+    ConnectHandlers();
     SetDefaultButton(cmdClose);
     SetCancelButton(cmdClose);
 }
 
 void frmResults::PlaceControls() {
     const int buttonsTop = kHeight - kMargin - kButtonHeight;
-    const int bodyTop = 2 * kMargin + kRowHeight;
-    const int bodyHeight = buttonsTop - kMargin - bodyTop;
+    const int targetsTop = buttonsTop - kMargin - kRowHeight;
+    const int bodyTop = kMargin + kRowHeight + kGap;
+    const int bodyHeight = targetsTop - kMargin - bodyTop;
     const int gridLeft = kWidth - kMargin - kGridWidth;
-    Add(OptionFinish, {kMargin, kMargin, 90, kRowHeight});
-    Add(OptionCost, {kMargin + 100, kMargin, 90, kRowHeight});
+    Add(OptionDistribution, {kMargin, kMargin, 110, kRowHeight});
+    Add(OptionFactors, {124, kMargin, 110, kRowHeight});
+    Add(OptionTasks, {238, kMargin, 80, kRowHeight});
+    Add(OptionFinish, {370, kMargin, 80, kRowHeight});
+    Add(OptionCost, {454, kMargin, 80, kRowHeight});
+    Add(lblAnalysis, {gridLeft, kMargin + 4, kGridWidth, kRowHeight - 4},
+        kAnchorTop | kAnchorRight);
     Add(plotResult, {kMargin, bodyTop, gridLeft - 2 * kMargin, bodyHeight}, kAnchorAll);
     Add(gridResults, {gridLeft, bodyTop, kGridWidth, bodyHeight},
         kAnchorTop | kAnchorRight | kAnchorBottom);
-    Add(cmdCopyToClip, {kMargin, buttonsTop, 170, kButtonHeight}, kAnchorLeft | kAnchorBottom);
+    Add(gridTasks, {kMargin, bodyTop, kWidth - 2 * kMargin, bodyHeight}, kAnchorAll);
+
+    constexpr unsigned kBelow = kAnchorLeft | kAnchorBottom;
+    Add(lblTargetFinish, {kMargin, targetsTop + 4, 90, kRowHeight - 4}, kBelow);
+    Add(txtTargetFinish, {104, targetsTop, 130, kRowHeight}, kBelow);
+    Add(lblTargetCost, {252, targetsTop + 4, 82, kRowHeight - 4}, kBelow);
+    Add(txtTargetCost, {338, targetsTop, 130, kRowHeight}, kBelow);
+    Add(lblChances, {484, targetsTop + 4, kWidth - 484 - kMargin, kRowHeight - 4},
+        kBelow | kAnchorRight);
+    Add(cmdCopyToClip, {kMargin, buttonsTop, 170, kButtonHeight}, kBelow);
+    Add(cmdCalculate, {kMargin + 180, buttonsTop, 110, kButtonHeight}, kBelow);
     Add(cmdClose, {kWidth - kMargin - 100, buttonsTop, 100, kButtonHeight},
         kAnchorRight | kAnchorBottom);
 }
 
-void frmResults::FillGrid() {
-    const RedrawPause pause(gridResults);
-    gridResults.Clear(3, 1, false);
-    gridResults.SetText(0, 0, "Result");
-    gridResults.SetText(0, 1, "Finish");
-    gridResults.SetText(0, 2, "Cost");
-    for (const ResultRow& result : ResultRows(results_.results)) {
-        const int row = gridResults.AddRow();
-        gridResults.SetText(row, 0, result.name);
-        gridResults.SetText(row, 1, result.finish);
-        gridResults.SetText(row, 2, result.cost);
-        for (int column = 0; column < 3; ++column) gridResults.SetEditable(row, column, false);
-    }
-    gridResults.Geometry().headerHeight = 24;
-    for (const auto& [column, width] : {std::pair{0, 130}, std::pair{1, 120}, std::pair{2, 120}})
-        gridResults.Geometry().SetColumnWidth(column, width);
-    for (const int column : {1, 2})
-        gridResults.Geometry().SetColumnAlignment(column, Alignment::Right);
+void frmResults::ConnectHandlers() {
+    for (OptionButton* choice :
+         {&OptionDistribution, &OptionFactors, &OptionTasks, &OptionFinish, &OptionCost})
+        choice->Click = [this] { ShowPage(); };
+    txtTargetFinish.OnChange = txtTargetCost.OnChange = [this] { ShowChances(); };
+    cmdCopyToClip.Click = [this] { CopyToClip(); };
+    cmdCalculate.Click = [this] { Calculate(); };
+    cmdClose.Click = [this] { Close(); };
 }
 
-void frmResults::DrawChart() {
-    const ResultMeasure measure =
-        OptionFinish.Selected() ? ResultMeasure::Finish : ResultMeasure::Cost;
-    plotResult.SetPainter([this, measure](int width, int height) {
+void frmResults::ShowPage() {
+    const bool tasks = OptionTasks.Selected();
+    plotResult.SetVisible(!tasks);
+    gridResults.SetVisible(!tasks);
+    gridTasks.SetVisible(tasks);
+    OptionFinish.SetEnabled(!tasks);
+    OptionCost.SetEnabled(!tasks);
+    cmdCalculate.SetVisible(OptionFactors.Selected() && !Costs());
+    if (OptionDistribution.Selected()) ShowDistribution();
+    if (OptionFactors.Selected()) ShowFactors();
+}
+
+void frmResults::ShowDistribution() {
+    Fill(gridResults, DistributionTable(results_.results));
+    plotResult.SetPainter([this, measure = Measure()](int width, int height) {
         return ResultDrawing(results_, measure, width, height);
     });
+}
+
+void frmResults::ShowFactors() {
+    const std::optional<Priorities>& costs = Costs();
+    Priorities none;
+    none.question.outcome = Measure();
+    Fill(gridResults, FactorTable(costs ? *costs : none));
+    plotResult.SetPainter([&costs](int width, int height) {
+        return costs ? FactorDrawing(*costs, width, height)
+                     : Sentence("Calculate analyses the plan again without each risk factor.",
+                                width, height);
+    });
+}
+
+void frmResults::ShowChances() {
+    lblChances.SetCaption(
+        TargetText(results_.results, txtTargetFinish.Text(), txtTargetCost.Text()));
+}
+
+void frmResults::CopyToClip() {
+    kestrel::TrappedAndTold(desktop_, "The table could not be copied.", [this] {
+        bool leadingLine = false;
+        kestrel::CopyGridToClipboard(desktop_, OptionTasks.Selected() ? gridTasks : gridResults,
+                                     leadingLine);
+    });
+}
+
+void frmResults::Calculate() {
+    kestrel::TrappedAndTold(desktop_, "What each risk factor costs could not be calculated.",
+                            [this] { Costs() = calculator_(Measure()); });
+    ShowPage();
+    if (Costs()) gridResults.SetFocus();  // the button that had the keyboard is gone
 }
 
 }  // namespace refhost

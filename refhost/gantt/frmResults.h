@@ -1,12 +1,16 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/Desktop.h"
 #include "refhost/gantt/ResultsView.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"
+#include "ui/controls/Label.h"
 #include "ui/controls/OptionButton.h"
+#include "ui/controls/TextBox.h"
 
 namespace refhost {
 
@@ -29,28 +33,70 @@ class DrawnChart : public kestrel::ui::Chart {
     Painter painter_;
 };
 
-/// What an analysis found: the distribution of finish or cost as a chart, and beside it both as a
-/// table of percentiles.
+/// A text box that tells what is typed.
+class HeardTextBox : public kestrel::ui::TextBox {
+ public:
+    using TextBox::TextBox;
+    std::function<void()> OnChange;
+
+ protected:
+    void Changed() override {
+        TextBox::Changed();
+        if (OnChange) OnChange();
+    }
+};
+
+/// What an analysis found, on three pages: the distribution of finish or cost with a table of
+/// percentiles; what each risk factor costs, calculated when asked for; the tasks by how often
+/// they are critical. Below them the chances of a target that can be typed.
 class frmResults : public kestrel::ui::Form {
  public:
-    /// `results` must outlive the form.
-    frmResults(kestrel::Desktop& desktop, const PlanResults& results);
+    /// Finds out what each factor costs; nothing when the user cancels.
+    using Calculator = std::function<std::optional<Priorities>(Outcome)>;
 
-    kestrel::ui::OptionGroup Measures;
-    kestrel::ui::OptionButton OptionFinish{Measures, "OptionFinish", "&Finish"};
-    kestrel::ui::OptionButton OptionCost{Measures, "OptionCost", "C&ost"};
+    /// `results` must outlive the form, which adds to them what it has calculated.
+    frmResults(kestrel::Desktop& desktop, PlanResults& results, bool upToDate,
+               Calculator calculator);
+
+ private:
+    kestrel::ui::OptionGroup pages_, measures_;
+
+ public:
+    kestrel::ui::OptionButton OptionDistribution{pages_, "OptionDistribution", "&Distribution"};
+    kestrel::ui::OptionButton OptionFactors{pages_, "OptionFactors", "&Risk factors"};
+    kestrel::ui::OptionButton OptionTasks{pages_, "OptionTasks", "&Tasks"};
+    kestrel::ui::OptionButton OptionFinish{measures_, "OptionFinish", "&Finish"};
+    kestrel::ui::OptionButton OptionCost{measures_, "OptionCost", "C&ost"};
+    kestrel::ui::Label lblAnalysis{"lblAnalysis"};
     DrawnChart plotResult{"plotResult"};
     kestrel::ui::Grid gridResults{"gridResults"};
+    kestrel::ui::Grid gridTasks{"gridTasks"};
+    kestrel::ui::Label lblTargetFinish{"lblTargetFinish", "Target finis&h:"};
+    HeardTextBox txtTargetFinish{"txtTargetFinish"};
+    kestrel::ui::Label lblTargetCost{"lblTargetCost", "Target co&st:"};
+    HeardTextBox txtTargetCost{"txtTargetCost"};
+    kestrel::ui::Label lblChances{"lblChances"};
     kestrel::ui::Button cmdCopyToClip{"cmdCopyToClip", "&Copy Data to clipboard"};
+    kestrel::ui::Button cmdCalculate{"cmdCalculate", "Ca&lculate"};
     kestrel::ui::Button cmdClose{"cmdClose", "Close"};
 
  private:
     void PlaceControls();
-    void FillGrid();
-    void DrawChart();
+    void ConnectHandlers();
+    void ShowPage();
+    void ShowDistribution();
+    void ShowFactors();
+    void ShowChances();
+    void CopyToClip();
+    void Calculate();
+    Outcome Measure() const { return OptionCost.Selected() ? Outcome::Cost : Outcome::Finish; }
+    std::optional<Priorities>& Costs() {
+        return Measure() == Outcome::Cost ? results_.costCosts : results_.finishCosts;
+    }
 
     kestrel::Desktop& desktop_;
-    const PlanResults& results_;
+    PlanResults& results_;
+    Calculator calculator_;
 };
 
 }  // namespace refhost

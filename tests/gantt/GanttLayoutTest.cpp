@@ -28,13 +28,17 @@ constexpr const char* kSmallPlan =
 
 TEST(PlanFiguresTest, CellsTellDatesDurationsAndCosts) {
     LivePlan plan(Parse(PlanText(kSmallPlan)));
-    const PlanFigures figures(plan);
+    PlanFigures figures(plan);
+    EXPECT_EQ(TaskTable::Text(plan, figures, 0, TaskColumn::Critical), "");
+    figures.SetCriticality(std::vector<double>{1, 1.0 / 3, 1, 0, 0});
     const char* expected[][TaskTable::kColumns] = {
-        {"10", "Build", "2d 3h 30m", "2026-01-05 08:00", "2026-01-07 11:30", "4,003,001", ""},
-        {"11", "Walls", "1d", "2026-01-05 08:00", "2026-01-05 17:00", "3,001", ""},
-        {"12", "Roof", "1d 3h 30m", "2026-01-06 08:00", "2026-01-07 11:30", "4,000,000", "(1)"},
-        {"13", "Roofed", "0d", "2026-01-07 11:30", "2026-01-07 11:30", "", ""},
-        {"20", "Paint", "2d", "2026-01-12 11:30", "2026-01-14 11:30", "", ""},
+        {"10", "Build", "2d 3h 30m", "2026-01-05 08:00", "2026-01-07 11:30", "4,003,001", "100.0%",
+         ""},
+        {"11", "Walls", "1d", "2026-01-05 08:00", "2026-01-05 17:00", "3,001", "33.3%", ""},
+        {"12", "Roof", "1d 3h 30m", "2026-01-06 08:00", "2026-01-07 11:30", "4,000,000", "100.0%",
+         "(1)"},
+        {"13", "Roofed", "0d", "2026-01-07 11:30", "2026-01-07 11:30", "", "0.0%", ""},
+        {"20", "Paint", "2d", "2026-01-12 11:30", "2026-01-14 11:30", "", "0.0%", ""},
     };
     for (std::size_t task = 0; task < std::size(expected); ++task)
         for (int column = 0; column < TaskTable::kColumns; ++column)

@@ -133,11 +133,11 @@ TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
     bench.Run(Command::RunAnalysis);
     ASSERT_NE(bench.Results(), nullptr) << desktop.MessageText();
     EXPECT_EQ(captions, (std::vector<std::string>{"Run Risk Analysis", "Analysis Results"}));
-    const auto rows = ResultRows(bench.Results()->results);
+    const auto rows = DistributionTable(bench.Results()->results).rows;
     // The figures that the example's story tells.
-    EXPECT_EQ(rows[0].finish, "2027-08-11 16:00");
-    EXPECT_EQ(rows[2].finish, "2027-10-10 16:50");
-    EXPECT_EQ(rows[2].cost, "31,251,974.45");
+    EXPECT_EQ(rows[0][1], "2027-08-11 16:00");
+    EXPECT_EQ(rows[3][1], "2027-10-10 16:50");
+    EXPECT_EQ(rows[3][3], "31,251,974.45");
     EXPECT_EQ(bench.StatusText(), "1000 iterations, seed 1: P50 2027-10-07, P80 2027-11-01");
     EXPECT_EQ(bench.FinishText(), "Finish 2027-08-11 16:00") << "durations are put back";
     EXPECT_EQ(window.progress, nullptr);
@@ -145,8 +145,9 @@ TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
         return TaskTable::Text(host.OpenPlan()->Live(), bench.View()->Figures(), task,
                                TaskColumn::Critical);
     };
-    // As 'analyse --criticality' tells; a summary's is not its tasks' sum.
-    EXPECT_EQ(critical(0) + " " + critical(1) + " " + critical(2), "100.0% 0.0% 0.0%");
+    // As 'analyse --criticality' tells; a summary is critical with any task below it.
+    EXPECT_EQ(critical(3) + " " + critical(6), "0.0% 71.8%");
+    EXPECT_EQ(critical(0) + " " + critical(4), "92.1% 85.4%");
     EXPECT_EQ(bench.Document().Title(), "Eastmere ferry terminal* - Kestrel");
 
     bench.Run(Command::ShowDrivingRisks);
@@ -158,7 +159,7 @@ TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
     EXPECT_EQ(bench.Results(), results) << "a cancelled analysis leaves them";
     desktop.messages.clear();
     Change();
-    EXPECT_EQ(critical(0), "100.0%") << "what the analysis found stays";
+    EXPECT_EQ(critical(0), "92.1%") << "what the analysis found stays";
     EXPECT_EQ(bench.StatusText(),
               "1000 iterations, seed 1: P50 2027-10-07, P80 2027-11-01 (out of date)");
     bench.Run(Command::ShowDrivingRisks);
@@ -368,32 +369,72 @@ TEST_F(WorkbenchTest, RunDialogRefusesWhatIsNoNumber) {
 }
 
 TEST_F(WorkbenchTest, ResultsShowEitherMeasureAndCopyTheTable) {
-    PlanResults results{"Plan", {.iterations = 3}, {}, {}};
+    PlanResults results;
+    results.settings.iterations = 3;
     results.results.finish = {46003.0, 46001.0, 46002.0};
     results.results.cost = {30, 10, 20.5};
     results.results.deterministicFinish = 46001 * kMinutesPerDay;
     results.results.deterministicCost = 5;
-    frmResults form(desktop, results);
+    results.without = results.results;
+    bool cancels = true;
+    frmResults form(desktop, results, false, [&](Outcome outcome) {
+        Priorities found;
+        found.question.outcome = outcome;
+        for (int id = 1; id <= 60; ++id) {
+            found.factors.push_back({id, "Factor", 100.0 - id, 1});
+            found.sequence.push_back({id, 100.0 - id, 1});
+        }
+        found.all = 100;
+        return cancels ? std::nullopt : std::optional(found);
+    });
     form.Open();
     User user(form);
     const auto drawn = [&] {
+        const auto drawing = form.plotResult.Draw(600, 400, kestrel::ui::TextWidth);
+        EXPECT_LE(drawing.height, 400);
         std::string texts;
-        for (const auto& text : form.plotResult.Draw(600, 400, kestrel::ui::TextWidth).texts)
-            texts += text.text + "|";
+        for (const auto& text : drawing.texts) texts += text.text + "|";
         return texts;
     };
     EXPECT_NE(drawn().find("Project finish"), std::string::npos);
+    EXPECT_NE(form.lblAnalysis.Caption().find("The plan has changed"), std::string::npos);
     const auto before = form.plotResult.Changes();
     user.Click("OptionCost");
     EXPECT_GT(form.plotResult.Changes(), before);
     EXPECT_NE(drawn().find("Project cost"), std::string::npos);
     EXPECT_NE(drawn().find("P50 21"), std::string::npos) << drawn();
-    const std::string first[][3] = {{"As planned", "2025-12-10 00:00", "5.00"},
-                                    {"Chance to keep that", "33.3%", "0.0%"},
-                                    {"Mean", "2025-12-11 00:00", "20.17"}};
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 3; ++column)
+    const std::string first[][5] = {{"As planned", "2025-12-10 00:00", "", "5.00", ""},
+                                    {"Chance to keep that", "33.3%", "", "0.0%", ""},
+                                    {"Standard deviation", "1.0 days", "", "10.00", ""},
+                                    {"Mean", "2025-12-11 00:00", "1.0 days", "20.17", "15"}};
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 5; ++column)
             EXPECT_EQ(form.gridResults.Text(row + 1, column), first[row][column]);
+
+    const struct {
+        const char *finish, *cost, *said;
+    } targets[] = {
+        {"2025-12-11 00:00", "10", "by then 66.7%, to cost no more 33.3%, both 33.3%"},
+        {"2025-12-10", "30", "by then 66.7%, to cost no more 100.0%, both 66.7%"},
+        {"soon", "30", "Give the target finish as"},
+        {"2025-12-10", "3,0", "Give the target cost as"},
+    };
+    for (const auto& row : targets) {
+        form.txtTargetFinish.SetText(row.finish);
+        form.txtTargetCost.SetText(row.cost);
+        EXPECT_NE(form.lblChances.Caption().find(row.said), std::string::npos)
+            << form.lblChances.Caption();
+    }
+
+    user.Click("OptionFactors");
+    user.Click("cmdCalculate");
+    EXPECT_FALSE(results.costCosts) << "cancelled";
+    cancels = false;
+    user.Click("cmdCalculate");
+    ASSERT_TRUE(results.costCosts);
+    EXPECT_EQ(form.Focus(), &form.gridResults);
+    EXPECT_EQ(form.gridResults.RowCount(), 61);
+    EXPECT_NE(drawn().find(" more|"), std::string::npos) << "what has no room stands in one";
 }
 
 TEST(RecentFilesTest, TheLatestStandFirstOnce) {
