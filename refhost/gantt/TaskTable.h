@@ -40,7 +40,7 @@ class TaskTable {
  private:
     static std::size_t Index(TaskColumn column) { return static_cast<std::size_t>(column); }
 
-    std::array<int, kColumns> widths_{46, 244, 64, 116, 116, 88, 60, 92};
+    std::array<int, kColumns> widths_{46, 228, 64, 116, 116, 88, 60, 92};
 };
 
 }  // namespace refhost
