@@ -26,25 +26,27 @@ std::string Contents(HANDLE file) {
     return text;
 }
 
+struct DialogSearch {
+    DWORD process;
+    int closed = 0;
+};
+
+BOOL CALLBACK CloseIfDialog(HWND window, LPARAM data) {
+    DialogSearch& sought = *reinterpret_cast<DialogSearch*>(data);
+    DWORD owner = 0;
+    wchar_t className[16] = L"";
+    GetWindowThreadProcessId(window, &owner);
+    GetClassNameW(window, className, 16);
+    if (owner == sought.process && std::wstring_view(className) == L"#32770" &&
+        IsWindowVisible(window) && SendMessageW(window, WM_CLOSE, 0, 0) == 0)
+        ++sought.closed;
+    return TRUE;
+}
+
 /// Closes the message boxes of a process, which nobody else would answer.
 int CloseDialogsOf(DWORD process) {
-    struct Search {
-        DWORD process;
-        int closed = 0;
-    } search{process};
-    EnumWindows(
-        [](HWND window, LPARAM data) {
-            Search& sought = *reinterpret_cast<Search*>(data);
-            DWORD owner = 0;
-            wchar_t className[16] = L"";
-            GetWindowThreadProcessId(window, &owner);
-            GetClassNameW(window, className, 16);
-            if (owner == sought.process && std::wstring_view(className) == L"#32770" &&
-                IsWindowVisible(window) && SendMessageW(window, WM_CLOSE, 0, 0) == 0)
-                ++sought.closed;
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    DialogSearch search{process};
+    EnumWindows(CloseIfDialog, reinterpret_cast<LPARAM>(&search));
     return search.closed;
 }
 

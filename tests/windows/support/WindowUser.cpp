@@ -73,16 +73,21 @@ INPUT MouseInput(DWORD what) {
     return input;
 }
 
-void CloseWindows(DWORD thread) {
-    EnumThreadWindows(
-        thread,
-        [](HWND window, LPARAM) -> BOOL {
-            if (IsWindowVisible(window) && IsWindowEnabled(window))
-                PostMessageW(window, WM_CLOSE, 0, 0);
-            return TRUE;
-        },
-        0);
+// Functions, not lambdas: those have no calling convention of the system's on 32 bits.
+BOOL CALLBACK CloseUsable(HWND window, LPARAM) {
+    if (IsWindowVisible(window) && IsWindowEnabled(window)) PostMessageW(window, WM_CLOSE, 0, 0);
+    return TRUE;
 }
+
+BOOL CALLBACK DescribeOwn(HWND window, LPARAM into) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == GetCurrentProcessId())
+        Describe(window, 0, *reinterpret_cast<std::string*>(into));
+    return TRUE;
+}
+
+void CloseWindows(DWORD thread) { EnumThreadWindows(thread, CloseUsable, 0); }
 
 /// Ends the process when nobody calls it off in time.
 class Watchdog {
@@ -111,15 +116,7 @@ class Watchdog {
 
 std::string WindowTree() {
     std::string tree;
-    EnumWindows(
-        [](HWND window, LPARAM into) -> BOOL {
-            DWORD process = 0;
-            GetWindowThreadProcessId(window, &process);
-            if (process == GetCurrentProcessId())
-                Describe(window, 0, *reinterpret_cast<std::string*>(into));
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&tree));
+    EnumWindows(DescribeOwn, reinterpret_cast<LPARAM>(&tree));
     return tree;
 }
 
