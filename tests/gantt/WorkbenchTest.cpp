@@ -305,6 +305,24 @@ TEST_F(WorkbenchTest, WhatCannotBeReadOrWrittenIsToldAndChangesNothing) {
     EXPECT_TRUE(bench.Document().HasChanges());
 }
 
+TEST_F(WorkbenchTest, AFileThatSomebodyElseHasChangedIsOverwrittenOnlyWhenTheUserAgrees) {
+    const std::string path = Example();
+    bench.Open(path);
+    Change();
+    kestrel::ReplaceWholeFile(path, "theirs");
+    bench.Run(Command::Save);  // not agreed to
+    EXPECT_EQ(desktop.messages.size(), 1u) << desktop.MessageText();
+    EXPECT_EQ(kestrel::ReadWholeFile(path), "theirs");
+    EXPECT_TRUE(bench.Document().HasChanges());
+    desktop.answers = {kestrel::MessageAnswer::Yes};
+    bench.Run(Command::Save);
+    EXPECT_FALSE(bench.Document().HasChanges());
+    EXPECT_NE(kestrel::ReadWholeFile(path), "theirs");
+    Change();
+    bench.Run(Command::Save);
+    EXPECT_EQ(desktop.messages.size(), 2u) << "its own file is no news";
+}
+
 TEST_F(WorkbenchTest, AProjectFileIsSavedAsAPlanBesideIt) {
     const std::string project = folder + "/garage.v2.xml";
     kestrel::ReplaceWholeFile(
@@ -312,12 +330,13 @@ TEST_F(WorkbenchTest, AProjectFileIsSavedAsAPlanBesideIt) {
         "<Project xmlns=\"http://schemas.example.com/project\"><Name>Garage</Name>"
         "<StartDate>2026-01-05T08:00:00</StartDate><Tasks><Task><UID>1</UID><ID>1</ID>"
         "<Name>Build</Name><OutlineLevel>1</OutlineLevel><Duration>PT8H0M0S</Duration>"
+        "<Start>2026-01-06T08:00:00</Start><Finish>2026-01-06T17:00:00</Finish>"
         "<Deadline>2026-02-05T08:00:00</Deadline></Task></Tasks></Project>");
     desktop.chosenFiles = {project};
     bench.Run(Command::Open);
     ASSERT_NE(bench.View(), nullptr) << desktop.MessageText();
-    EXPECT_NE(desktop.MessageText().find("1 x deadline"), std::string::npos)
-        << desktop.MessageText();
+    for (const char* told : {"0 of 1 task", "1 day earlier, 1 Build", "1 x deadline"})
+        EXPECT_NE(desktop.MessageText().find(told), std::string::npos) << desktop.MessageText();
     EXPECT_EQ(bench.Document().Path(), "");
     desktop.chosenFiles = {folder + "/garage.kplan"};
     bench.Run(Command::Save);

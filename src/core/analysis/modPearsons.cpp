@@ -62,8 +62,8 @@ double PearsonSums::Mean(std::size_t n) const {
     return Checked(Checked(sum) / static_cast<double>(n));
 }
 
-void CollectionToColumn(const ImpactHistory& history, std::vector<SideBySide>& rows,
-                        std::size_t column) {
+void CollectionToArray(const ImpactHistory& history, std::vector<SideBySide>& rows,
+                       std::size_t column) {
     if (rows.size() > history.Count())
         throw std::out_of_range("a history is shorter than the series");
     auto value = history.Values().begin();
@@ -105,7 +105,7 @@ std::array<PearsonSums, kSideBySide> CollectionPearson(
     std::vector<SideBySide>& rows) {
     rows.assign(x.size(), {});
     for (std::size_t k = 0; k < histories.size(); ++k)
-        if (histories[k]->Count() > 0) CollectionToColumn(*histories[k], rows, k);
+        if (histories[k]->Count() > 0) CollectionToArray(*histories[k], rows, k);
     return RowsPearson(x, rows, meanX);
 }
 

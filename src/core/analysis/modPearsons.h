@@ -49,8 +49,8 @@ std::array<PearsonSums, kSideBySide> RowsPearson(const std::vector<double>& x,
 
 /// Writes the first `rows.size()` elements into a column; std::out_of_range when the history is
 /// shorter.
-void CollectionToColumn(const ImpactHistory& history, std::vector<SideBySide>& rows,
-                        std::size_t column);
+void CollectionToArray(const ImpactHistory& history, std::vector<SideBySide>& rows,
+                       std::size_t column);
 
 /// RowsPearson with up to kSideBySide factors' histories, read at the same positions as the
 /// project series; std::out_of_range for one that is shorter, unless it is empty. `rows` is room
