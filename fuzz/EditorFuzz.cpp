@@ -63,7 +63,7 @@ class EditorSession {
 
     void Act(User& user) {
         MouseEvent how;
-        switch (input_.Below(8)) {
+        switch (input_.Below(9)) {
             case 0: {
                 const unsigned bits = input_.Byte();
                 const auto key = static_cast<Key>(1 + bits % 15);
@@ -96,6 +96,9 @@ class EditorSession {
                 break;
             case 7:
                 user.PressLetter("DLSO"[input_.Below(4)], false, true);
+                break;
+            case 8:
+                grid_->Paste(input_.Text(input_.Byte()));
                 break;
         }
         desktop_.chosenFiles.clear();

@@ -97,7 +97,9 @@ double PlanView::TimeTo() const {
 }
 
 void PlanView::ScrollTimeTo(double left) {
-    timeLeft_ = std::round(std::clamp(left, TimeFrom(), TimeTo() - ChartWidth()));
+    // What is left of the width after adding and taking it off may be less by a rounding.
+    const double last = std::max(TimeFrom(), TimeTo() - ChartWidth());
+    timeLeft_ = std::round(std::clamp(left, TimeFrom(), last));
     Changed();
 }
 

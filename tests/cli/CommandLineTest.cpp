@@ -2,7 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 #include "TestPaths.h"
+#include "refhost/cli/SettingsFile.h"
 #include "util/modToolBox.h"
 
 namespace refhost::test {
@@ -361,6 +364,21 @@ TEST(CommandLine, KeepsTheReportApartFromAFileOnStandardOutput) {
     EXPECT_EQ(result.output.back(), '\n');
     EXPECT_THAT(result.output, Not(HasSubstr("iterations, seed")));
     EXPECT_THAT(result.errors, HasSubstr("Deterministic"));
+}
+
+TEST(CommandLine, OptionsThatSeveralProgramsSaveAtOnceAllStay) {
+    const Workplace place;
+    const auto save = [&place](const std::string& program) {
+        SettingsFile settings(place.Path("settings"));
+        for (int i = 0; i < 50; ++i) settings.Save("Kestrel", program, std::to_string(i), "=\n");
+    };
+    std::thread other(save, "window");
+    save("command line");
+    other.join();
+    SettingsFile settings(place.Path("settings"));
+    for (const char* program : {"window", "command line"})
+        for (int i = 0; i < 50; ++i)
+            EXPECT_EQ(settings.Get("Kestrel", program, std::to_string(i), "lost"), "=\n") << i;
 }
 
 }  // namespace

@@ -29,10 +29,6 @@ bool Strikes() {
     return true;
 }
 
-bool FindsNoMemory() {
-    return armed && ++allocations == strikesAt && armedFault == Fault::AllocationFails;
-}
-
 }  // namespace
 
 void Arm(Fault fault, int n) {
@@ -90,5 +86,8 @@ extern "C" ssize_t read(int file, void* bytes, size_t size) {
 
 #ifndef __SANITIZE_ADDRESS__  // which has a memory of its own
 extern "C" void* __libc_malloc(size_t size);
-extern "C" void* malloc(size_t size) { return FindsNoMemory() ? nullptr : __libc_malloc(size); }
+extern "C" void* malloc(size_t size) {
+    const bool fails = armed && ++allocations == strikesAt && armedFault == Fault::AllocationFails;
+    return fails ? nullptr : __libc_malloc(size);
+}
 #endif
