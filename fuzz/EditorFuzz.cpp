@@ -98,7 +98,7 @@ class EditorSession {
                 user.PressLetter("DLSO"[input_.Below(4)], false, true);
                 break;
             case 8:
-                grid_->Paste(input_.Text(input_.Byte()));
+                grid_->Paste(std::string(input_.Text(input_.Byte())));
                 break;
         }
         desktop_.chosenFiles.clear();
