@@ -122,6 +122,7 @@ TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {
         {"unknown encoding", "<?xml version='1.0' encoding='nope'?><a/>"},
         {"control character", "<a>\x01</a>"},
         {"zero byte", "<a>\0</a>"s},
+        {"zero byte behind the end", "<a/>\0<b/>"s},
         {"attribute twice", "<a b='1' b='2'/>"},
         {"namespace on no prefix", "<a xmlns:p=''/>"},
         {"tag in a value", "<a b='<c/>'/>"},

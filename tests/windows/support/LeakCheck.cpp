@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <vector>
 
 namespace kestrel::test {
@@ -20,21 +21,22 @@ std::size_t CountHandles() {
 
 /// An entry of the table of GDI objects that the system shows to each process.
 struct GdiEntry {
-    void* object;
+    std::uint64_t object;
     WORD process;  ///< 0: this one, or everybody's
     WORD reserved;
     WORD generation;
     BYTE type;  ///< 0: free
     BYTE flags;
-    void* userData;
+    std::uint64_t userData;
 };
 
 std::size_t CountGdiObjects() {
     if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return count;
     const auto blockOfProcess = reinterpret_cast<const char*(WINAPI*)()>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb")));
-    // Where the process environment block keeps the table's address, in 64 bits.
-    const auto* table = *reinterpret_cast<const GdiEntry* const*>(blockOfProcess() + 0xF8);
+    // Where the process environment block keeps the table's address.
+    constexpr int kOffset = sizeof(void*) == 8 ? 0xF8 : 0x94;
+    const auto* table = *reinterpret_cast<const GdiEntry* const*>(blockOfProcess() + kOffset);
     std::size_t found = 0;
     for (int i = 0; table && i < 0x10000; ++i)
         if (table[i].type != 0) ++found;
