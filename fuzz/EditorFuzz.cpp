@@ -98,7 +98,7 @@ class EditorSession {
                 user.PressLetter("DLSO"[input_.Below(4)], false, true);
                 break;
             case 8:
-                grid_->Paste(std::string(input_.Text(input_.Byte())));
+                grid_->Paste(input_.Text(input_.Byte()));
                 break;
         }
         desktop_.chosenFiles.clear();
@@ -130,11 +130,7 @@ class EditorSession {
     }
 
     static void CheckText(std::string_view text) {
-        while (!text.empty()) {
-            const std::size_t length = XmlCharacterLength(text);
-            Require(length > 0, "a cell's text is one that can be stored");
-            text.remove_prefix(length);
-        }
+        Require(XmlTextLength(text) == text.size(), "a cell's text is one that can be stored");
     }
 
     /// The register in the plan can be read, has a factor for each row that the grid showed, and

@@ -5,6 +5,7 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "base/OneLine.h"
+#include "base/Text.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/Session.h"
 #include "refhost/cli/TaskList.h"
@@ -35,7 +36,7 @@ kestrel::RiskIDs TypedIDs(const std::string& list, std::size_t held) {
     kestrel::RiskIDs ids;
     for (int piece = 1; piece <= kestrel::CountListItems(list, ","); ++piece) {
         const std::string item = kestrel::GetListItem(list, piece, ",");
-        if (item.find_first_not_of(' ') == std::string::npos) {
+        if (kestrel::IsBlank(item)) {
             if (kestrel::CountListItems(list, ",") == 1) return ids;
             throw UsageError("'" + list + "' has an empty place; write IDs as in 1,3");
         }

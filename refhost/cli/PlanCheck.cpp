@@ -4,6 +4,7 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "core/model/clsRiskFactor.h"
 #include "refhost/engine/LivePlan.h"
 #include "store/RegisterDocument.h"
@@ -70,7 +71,7 @@ void CheckCorrelation(const Factors& factors, const kestrel::clsRiskFactor& fact
 void CheckRegister(const Factors& factors, Complaints& complaints) {
     for (const kestrel::clsRiskFactor& factor : factors) {
         const std::string who = "Risk factor " + factor.strID + " - " + factor.strDescription;
-        if (factor.strDescription.find_first_not_of(' ') == std::string::npos)
+        if (kestrel::IsBlank(factor.strDescription))
             complaints.push_back("Risk factor " + factor.strID +
                                  " has no description; give it one.");
         if (!(factor.dblProb >= 0 && factor.dblProb <= 100))
@@ -94,7 +95,7 @@ void CheckAssignments(const TaskData& task, const std::string& field, std::size_
             const std::size_t comma = std::min(list.find(',', start), list.size());
             const std::string item = list.substr(start, comma - start);
             start = comma + 1;
-            if (item.find_first_not_of(' ') == std::string::npos) continue;
+            if (kestrel::IsBlank(item)) continue;
             any = true;
             const std::int32_t id = kestrel::ToInt32(kestrel::LeadingNumber(item)).value_or(0);
             if (id < 1 || static_cast<std::size_t>(id) > held)

@@ -4,19 +4,10 @@
 #include <cstdint>
 
 #include "base/OneLine.h"
+#include "base/Text.h"
 
 namespace refhost {
 namespace {
-
-/// Reads one UTF-8 character at `position` and moves past it.
-char32_t NextCharacter(const std::string& text, std::size_t& position) {
-    const auto lead = static_cast<unsigned char>(text[position++]);
-    const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-    char32_t character = more == 0 ? lead : lead & (0x3Fu >> more);
-    for (int i = 0; i < more && position < text.size(); ++i)
-        character = (character << 6) | (static_cast<unsigned char>(text[position++]) & 0x3Fu);
-    return character;
-}
 
 std::size_t CharacterWidth(char32_t c) {
     const bool combining =
@@ -32,8 +23,11 @@ std::size_t CharacterWidth(char32_t c) {
 
 std::size_t DisplayWidth(const std::string& text) {
     std::size_t width = 0;
-    for (std::size_t position = 0; position < text.size();)
-        width += CharacterWidth(NextCharacter(text, position));
+    for (std::string_view rest = text; !rest.empty();) {
+        const kestrel::Utf8Character next = kestrel::CharacterOrByte(rest);
+        width += CharacterWidth(next.code);
+        rest.remove_prefix(next.length);
+    }
     return width;
 }
 
@@ -57,8 +51,8 @@ std::string Table::Text() const {
             if (c > 0) line += "  ";
             line += columns_[c].align == Align::Right ? padding + cell : cell + padding;
         }
-        line.erase(line.find_last_not_of(' ') + 1);
-        text += line + "\n";
+        text += kestrel::TrimmedEnd(line, " ");
+        text += '\n';
     };
     addRow([&](std::size_t c) -> const std::string& { return columns_[c].header; });
     for (const auto& row : rows_)

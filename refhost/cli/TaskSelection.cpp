@@ -5,24 +5,22 @@
 #include <utility>
 
 #include "base/Errors.h"
+#include "base/Text.h"
 #include "util/modToolBox.h"
 
 namespace refhost {
 namespace {
 
-std::string Trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 /// First and last position of the task or the range; nothing when it names neither.
 std::optional<std::pair<std::size_t, std::size_t>> RangeOf(HostPlan& plan,
                                                            const std::string& word) {
     if (const auto task = plan.Find(word)) return std::pair{*task, *task};
+    const auto trimmed = [](std::string_view text) {
+        return std::string(kestrel::Trimmed(text, " "));
+    };
     for (std::size_t dash = word.find('-'); dash != word.npos; dash = word.find('-', dash + 1)) {
-        const auto from = plan.Find(Trimmed(word.substr(0, dash)));
-        const auto to = plan.Find(Trimmed(word.substr(dash + 1)));
+        const auto from = plan.Find(trimmed(word.substr(0, dash)));
+        const auto to = plan.Find(trimmed(word.substr(dash + 1)));
         if (!from || !to) continue;
         if (*from > *to)
             throw kestrel::DataError("In '" + word +
@@ -51,7 +49,8 @@ std::vector<std::size_t> SelectedTasks(HostPlan& plan, const std::string& words)
     };
     if (!add(words))
         for (int piece = 1; piece <= kestrel::CountListItems(words, ","); ++piece) {
-            const std::string word = Trimmed(kestrel::GetListItem(words, piece, ","));
+            const std::string item = kestrel::GetListItem(words, piece, ",");
+            const std::string word(kestrel::Trimmed(item, " "));
             if (!add(word))
                 throw kestrel::DataError("the plan has no task '" + word +
                                          "'; name a task by its ID.");

@@ -1,9 +1,9 @@
 #include "refhost/files/Csv.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "base/Errors.h"
+#include "base/Text.h"
 
 namespace refhost {
 namespace {
@@ -20,20 +20,6 @@ bool IsFormula(std::string_view text) {
 std::string Unguarded(std::string cell) {
     if (cell.size() > 1 && cell[0] == '\'' && IsFormula(cell)) cell.erase(0, 1);
     return cell;
-}
-
-/// Bytes of the character that begins here; 0 where none does.
-std::size_t CharacterLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const std::size_t length = byte(0) < 0x80                       ? 1
-                               : byte(0) >= 0xC2 && byte(0) < 0xE0  ? 2
-                               : byte(0) >= 0xE0 && byte(0) < 0xF0  ? 3
-                               : byte(0) >= 0xF0 && byte(0) <= 0xF4 ? 4
-                                                                    : 0;
-    if (length == 0 || length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-    return length;
 }
 
 [[noreturn]] void Refuse(int line, const std::string& why) {
@@ -69,7 +55,7 @@ class Reader {
             } while (Take(table_.separator));
             EndLine();
             const auto filled = [](const std::string& cell) {
-                return cell.find_first_not_of(" \t\r\n") != cell.npos;
+                return !kestrel::Trimmed(cell).empty();
             };
             if (std::any_of(row.cells.begin(), row.cells.end(), filled))
                 table_.rows.push_back(std::move(row));
@@ -95,7 +81,7 @@ class Reader {
     }
 
     void Character(std::string& cell) {
-        const std::size_t length = CharacterLength(text_.substr(at_));
+        const std::size_t length = kestrel::FirstCharacter(text_.substr(at_)).length;
         if (length == 0) Refuse(line_, "the file is no UTF-8 text; save it as UTF-8.");
         cell.append(text_, at_, length);
         at_ += length;
@@ -130,12 +116,6 @@ class Reader {
     CsvTable table_;
 };
 
-std::string Lowered(std::string_view text) {
-    std::string lowered(text);
-    for (char& c : lowered) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return lowered;
-}
-
 }  // namespace
 
 CsvTable ReadCsv(std::string_view bytes) {
@@ -161,10 +141,12 @@ std::string CsvLine(const std::vector<std::string>& cells, char separator) {
     return line + "\r\n";
 }
 
-char SeparatorFor(std::string_view path) { return Lowered(path).ends_with(".tsv") ? '\t' : ','; }
+char SeparatorFor(std::string_view path) {
+    return kestrel::Lowered(path).ends_with(".tsv") ? '\t' : ',';
+}
 
 bool IsTableFile(std::string_view path) {
-    const std::string name = Lowered(path);
+    const std::string name = kestrel::Lowered(path);
     return name.ends_with(".csv") || name.ends_with(".tsv");
 }
 

@@ -7,6 +7,7 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "refhost/files/Csv.h"
 
 namespace refhost {
@@ -35,13 +36,6 @@ std::string Bare(std::string_view heading) {
         if (!std::isspace(static_cast<unsigned char>(c)))
             bare += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return bare;
-}
-
-std::string Trimmed(const std::string& text) {
-    constexpr const char* kBlank = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlank);
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
 }
 
 /// Nothing where the text is no number, or could be read as two.
@@ -80,7 +74,7 @@ class Reader {
         for (const std::string& heading : headings.cells) {
             columns_.push_back(KnownHeading(heading));
             any |= columns_.back() != nullptr;
-            if (!columns_.back() && !Trimmed(heading).empty())
+            if (!columns_.back() && !kestrel::Trimmed(heading).empty())
                 reading_.complaints.push_back("line " + std::to_string(headings.line) +
                                               ": there is no column '" + heading + "'.");
             if (columns_.back() &&
@@ -114,7 +108,7 @@ class Reader {
         factor->strDescription.clear();
         factor->strID = std::to_string(reading_.factors.size() + 1);
         for (std::size_t i = 0; i < row.cells.size(); ++i) {
-            const std::string text = Trimmed(row.cells[i]);
+            const std::string text(kestrel::Trimmed(row.cells[i]));
             if (text.empty()) continue;
             if (i >= columns_.size())
                 Complain(row, std::to_string(i + 1).c_str(),

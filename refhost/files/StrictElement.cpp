@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Errors.h"
+#include "base/Text.h"
 
 namespace refhost {
 namespace {
@@ -14,13 +15,6 @@ bool Contains(StrictElement::Names names, std::string_view name) {
 }
 
 }  // namespace
-
-std::string_view Trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 std::string Quoted(std::string_view text) {
     std::string quoted(1, '\'');
@@ -51,7 +45,7 @@ void StrictElement::Allow(Names attributes, Names children) const {
                 StrictElement(child, *path_)
                     .Fail("unknown element " + Quoted(child.name) + " in " + node_->name +
                           kRemoveOrCorrect);
-        } else if (const auto text = Trimmed(child.text); !text.empty()) {
+        } else if (const auto text = kestrel::Trimmed(child.text); !text.empty()) {
             Fail("text " + Quoted(text) + " in " + node_->name + ", which holds none; remove it.");
         }
     }

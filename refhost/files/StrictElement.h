@@ -57,9 +57,6 @@ class StrictElement {
     const std::string* path_;
 };
 
-/// The text without surrounding white space.
-std::string_view Trimmed(std::string_view text);
-
 /// "'text'", for messages.
 std::string Quoted(std::string_view text);
 

@@ -4,6 +4,7 @@
 
 #include "base/Errors.h"
 #include "base/OneLine.h"
+#include "base/Text.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/PlanFigures.h"
 #include "refhost/gantt/frmSaveChanges.h"
@@ -29,9 +30,7 @@ bool TellsFailures(kestrel::Desktop& desktop, const std::function<void()>& work)
 bool IsPlanFile(const std::string& path) {
     const std::size_t point = path.find_last_of("./\\");
     if (point == std::string::npos) return false;
-    std::string extension = path.substr(point);
-    for (char& c : extension) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-    return extension == ".kplan";
+    return kestrel::Lowered(path.substr(point)) == ".kplan";
 }
 
 std::size_t Hash(std::string_view bytes) { return std::hash<std::string_view>()(bytes); }

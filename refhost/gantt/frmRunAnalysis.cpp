@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string>
 
+#include "base/Text.h"
 #include "refhost/engine/Analysis.h"
 
 namespace refhost {
@@ -16,9 +17,7 @@ constexpr int kButtonWidth = 90, kButtonHeight = 26;
 /// A whole number, blanks around it skipped; nothing for anything else.
 template <class Number>
 std::optional<Number> WholeNumber(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return std::nullopt;
-    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+    text = kestrel::Trimmed(text, " ");
     Number number{};
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (failure != std::errc{} || end != text.data() + text.size()) return std::nullopt;

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "base/Errors.h"
+#include "base/Text.h"
 
 namespace kestrel {
 namespace {
@@ -90,7 +91,7 @@ std::string Fixed(DecimalText decimal, int decimals) {
     return (decimal.negative && !isZero ? "-" : "") + digits;
 }
 
-bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+constexpr std::string_view kAroundNumbers = " \t\n\v\f\r";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -122,11 +123,6 @@ Reading ReadNumber(std::string_view text) {
     if (!reading.inRange) reading.value = 0;
     if (negative) reading.value = -reading.value;
     return reading;
-}
-
-std::string_view SkipBlanks(std::string_view text) {
-    const auto first = std::find_if_not(text.begin(), text.end(), IsBlank);
-    return text.substr(static_cast<std::size_t>(first - text.begin()));
 }
 
 template <typename Integer>
@@ -163,8 +159,7 @@ std::string PercentText(double value) {
 }
 
 double ParseNumber(std::string_view text) {
-    std::string_view number = SkipBlanks(text);
-    while (!number.empty() && IsBlank(number.back())) number.remove_suffix(1);
+    const std::string_view number = Trimmed(text, kAroundNumbers);
     const Reading reading = ReadNumber(number);
     if (reading.length == 0 || reading.length != number.size())
         throw DataError("\"" + std::string(text) + "\" is not a number; write it like 12.5.");
@@ -176,7 +171,7 @@ double ParseNumber(std::string_view text) {
 double LeadingNumber(std::string_view text) { return FindLeadingNumber(text).value_or(0); }
 
 std::optional<double> FindLeadingNumber(std::string_view text) {
-    const Reading reading = ReadNumber(SkipBlanks(text));
+    const Reading reading = ReadNumber(Trimmed(text, kAroundNumbers));
     if (reading.length == 0 || !reading.inRange) return std::nullopt;
     return reading.value;
 }

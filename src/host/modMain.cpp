@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/SaveLoadCommands.h"
@@ -89,12 +90,6 @@ bool HostIsRecentEnough(modGlobals& globals) {
     return CheckHostVersion(*globals.application, globals.desktop, 8, 0, 100, true);
 }
 
-std::string LowerCase(std::string word) {
-    for (char& c : word)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return word;
-}
-
 }  // namespace
 
 void RunCommand(modGlobals& globals, ui::FormRunner& runner, const CommandWindows& windows,
@@ -105,7 +100,7 @@ void RunCommand(modGlobals& globals, ui::FormRunner& runner, const CommandWindow
         if (!picker.Confirmed()) return;
         command = picker.Command();
     }
-    command = LowerCase(std::move(command));
+    command = Lowered(command);
     const auto entry = std::find_if(std::begin(kCommands), std::end(kCommands),
                                     [&](const CommandEntry& e) { return command == e.word; });
     if (entry == std::end(kCommands)) return;

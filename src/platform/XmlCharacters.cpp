@@ -5,6 +5,8 @@
 #include <charconv>
 #include <utility>
 
+#include "base/Text.h"
+
 namespace kestrel {
 namespace {
 
@@ -30,21 +32,14 @@ bool IsXmlCharacter(std::uint32_t character) {
 }
 
 std::size_t XmlCharacterLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) {
-        return i < text.size() ? static_cast<unsigned char>(text[i]) : std::uint32_t{0};
-    };
-    const std::uint32_t lead = byte(0);
-    if (lead < 0x80) return IsXmlCharacter(lead) ? 1 : 0;
+    const Utf8Character first = FirstCharacter(text);
+    return IsXmlCharacter(first.code) ? first.length : 0;
+}
 
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    std::uint32_t character = lead & (0xFFu >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-        character = character << 6 | (byte(i) & 0x3F);
-    }
-    constexpr std::uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool wellFormed = lead >= 0xC2 && lead <= 0xF4 && character >= kSmallest[length];
-    return wellFormed && IsXmlCharacter(character) ? length : 0;
+std::size_t XmlTextLength(std::string_view text) {
+    std::size_t read = 0;
+    while (const std::size_t length = XmlCharacterLength(text.substr(read))) read += length;
+    return read;
 }
 
 std::uint32_t XmlReferredCharacter(std::string_view reference) {
@@ -74,26 +69,6 @@ bool IsXmlName(std::string_view text) {
     };
     return !text.empty() && isLetter(text.front()) &&
            std::all_of(text.begin(), text.end(), mayFollow);
-}
-
-void AppendUtf8(std::string& text, std::uint32_t character) {
-    const auto append = [&](std::uint32_t byte) { text += static_cast<char>(byte); };
-    const auto trail = [&](int shift) { append(0x80 | (character >> shift & 0x3F)); };
-    if (character < 0x80) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0 | character >> 6);
-        trail(0);
-    } else if (character < 0x10000) {
-        append(0xE0 | character >> 12);
-        trail(6);
-        trail(0);
-    } else {
-        append(0xF0 | character >> 18);
-        trail(12);
-        trail(6);
-        trail(0);
-    }
 }
 
 XmlEncodingMark EncodingMarkOf(std::string_view bytes) {

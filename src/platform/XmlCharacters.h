@@ -15,6 +15,8 @@ bool IsXmlCharacter(std::uint32_t character);
 /// Length of the UTF-8 character at the start of `text`, or 0 when there is none that an XML
 /// document can hold, or ill-formed bytes.
 std::size_t XmlCharacterLength(std::string_view text);
+/// Bytes at the beginning of `text` that an XML document can hold.
+std::size_t XmlTextLength(std::string_view text);
 
 /// The character that a reference ("amp", "#233", "#xE9") stands for, or kNoXmlCharacter.
 inline constexpr std::uint32_t kNoXmlCharacter = 0xFFFF;
@@ -22,8 +24,6 @@ std::uint32_t XmlReferredCharacter(std::string_view reference);
 
 /// Whether the text may be the name of an element or attribute, as far as ASCII goes.
 bool IsXmlName(std::string_view text);
-
-void AppendUtf8(std::string& text, std::uint32_t character);
 
 /// How the first bytes of a document show the width and order of its characters.
 struct XmlEncodingMark {

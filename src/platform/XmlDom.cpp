@@ -2,12 +2,12 @@
 
 #include <utility>
 
+#include "base/Text.h"
+
 namespace kestrel {
 namespace {
 
-bool IsBlankText(const XmlNode& node) {
-    return !node.IsElement() && node.text.find_first_not_of(" \t\r\n") == std::string::npos;
-}
+bool IsBlankText(const XmlNode& node) { return !node.IsElement() && Trimmed(node.text).empty(); }
 
 void AppendText(const XmlNode& node, std::string& text) {
     text += node.text;

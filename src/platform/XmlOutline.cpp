@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/Text.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlErrors.h"
 #include "platform/XmlMarkupText.h"
@@ -10,7 +11,6 @@
 namespace kestrel {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kTagEnds = "/><";  // of a tag that is complete or broken off
 
 std::string_view PrefixOf(std::string_view name) {

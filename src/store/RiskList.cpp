@@ -4,17 +4,12 @@
 #include <optional>
 
 #include "base/NumberText.h"
+#include "base/Text.h"
 
 namespace kestrel {
 namespace {
 
 constexpr std::string_view kParallelMark = "(P)";
-
-std::string_view Trim(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 std::string Without(std::string_view text, std::string_view characters) {
     std::string kept;
@@ -25,7 +20,7 @@ std::string Without(std::string_view text, std::string_view characters) {
 
 std::string Wrapped(std::string_view list, std::string_view end) {
     std::string text = "(";
-    text += Trim(list);
+    text += Trimmed(list);
     return text.append(end);
 }
 
@@ -61,7 +56,7 @@ std::size_t FindToken(std::string_view list, std::string_view token, std::size_t
 std::vector<RiskListItem> RiskListItems(std::string_view list) {
     std::vector<RiskListItem> items;
     for (const std::string_view piece : Pieces(list)) {
-        const std::string_view text = Trim(piece);
+        const std::string_view text = Trimmed(piece);
         if (!text.empty()) items.push_back({text, ToInt32(LeadingNumber(text)).value_or(0)});
     }
     return items;
@@ -73,8 +68,8 @@ std::string GetRiskList(std::string_view fieldText, bool inSeries) {
     const bool isSplit = separator != fieldText.npos;
     if (!hasParallel) return inSeries ? Without(fieldText, "()") : std::string();
     if (!inSeries)
-        return Without(isSplit ? Trim(fieldText.substr(0, separator)) : fieldText, "()P");
-    return isSplit ? Without(Trim(fieldText.substr(separator + 1)), "()") : std::string();
+        return Without(isSplit ? Trimmed(fieldText.substr(0, separator)) : fieldText, "()P");
+    return isSplit ? Without(Trimmed(fieldText.substr(separator + 1)), "()") : std::string();
 }
 
 std::string MakeRiskFieldText(std::string& parallelList, std::string& seriesList) {
@@ -118,7 +113,7 @@ std::string RenumberRiskList(std::string_view list, std::int32_t deleted) {
         const auto id = number ? ToInt32(*number) : std::nullopt;
         if (id)
             renumbered += std::to_string(*id > deleted ? *id - 1 : *id);
-        else if (!Trim(piece).empty())
+        else if (!Trimmed(piece).empty())
             renumbered += piece;
     }
     return renumbered;

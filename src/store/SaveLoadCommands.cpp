@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
@@ -23,14 +24,6 @@ ui::frmBrowse Browse(modGlobals& globals, const char* title) {
     browse.DefaultExt = "XML";
     browse.Filter = "RiskFactors (*.xml)|*.xml";
     return browse;
-}
-
-/// Files laid out by hand hold line breaks around their texts.
-std::string Trimmed(const std::string& text) {
-    constexpr const char* kBlanks = " \t\r\n";
-    const std::size_t from = text.find_first_not_of(kBlanks);
-    if (from == std::string::npos) return {};
-    return text.substr(from, text.find_last_not_of(kBlanks) - from + 1);
 }
 
 void AppendAssignments(XmlNode& task, const RiskIDs& ids, const char* inSeries) {
@@ -57,7 +50,8 @@ std::string FieldText(const XmlNode& element) {
     std::string parallel, series;
     for (const XmlNode& child : element.children) {
         if (child.name != "AssignedRiskFactor" || child.children.empty()) continue;
-        const std::string id = Trimmed(child.children.front().TextContent());
+        const std::string text = child.children.front().TextContent();
+        const std::string_view id = Trimmed(text);  // files laid out by hand hold line breaks
         if (id.empty()) continue;
         const bool inSeries = LeadingNumber(child.children.back().TextContent()) != 0;
         std::string& list = inSeries ? series : parallel;
@@ -73,7 +67,7 @@ host::TaskPtr FindTask(host::TaskCollection& tasks, const std::string& id) {
         return FoundOrNothing([&] { return tasks.Item(text); });
     };
     if (host::TaskPtr task = find(id)) return task;
-    const std::string trimmed = Trimmed(id);
+    const std::string trimmed(Trimmed(id));
     return trimmed == id ? nullptr : find(trimmed);
 }
 

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <tuple>
 
+#include "base/Text.h"
+
 namespace kestrel {
 
 bool FileExists(Desktop& desktop, const std::string& path, bool showMessage) {
@@ -23,9 +25,7 @@ std::string BrowseForFile(Desktop& desktop, const std::string& title,
         return {};
     }
     std::erase(path, '\0');
-    const auto first = path.find_first_not_of(' ');
-    if (first == path.npos) return {};
-    return path.substr(first, path.find_last_not_of(' ') - first + 1);
+    return std::string(Trimmed(path, " "));
 }
 
 bool CheckHostVersion(host::Application& application, Desktop& desktop, std::int32_t major,

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Errors.h"
+#include "base/Text.h"
 #include "platform/SystemDesktop.h"
 #include "platform/XmlCharacters.h"
 

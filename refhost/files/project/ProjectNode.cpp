@@ -1,5 +1,6 @@
 #include "refhost/files/project/ProjectNode.h"
 
+#include "base/Text.h"
 #include "refhost/files/StrictElement.h"
 #include "refhost/files/ValueText.h"
 #include "refhost/files/project/ProjectText.h"
@@ -46,7 +47,7 @@ std::string ProjectNode::Text(std::string_view child) const {
 
 std::string ProjectNode::Word(std::string_view child) const {
     const std::string text = Text(child);
-    return std::string(Trimmed(text));
+    return std::string(kestrel::Trimmed(text));
 }
 
 bool ProjectNode::Flag(std::string_view child) const {
@@ -57,7 +58,7 @@ bool ProjectNode::Flag(std::string_view child) const {
 bool ProjectNode::Says(std::string_view child) const {
     for (const ProjectNode& found : Children(child)) {
         const std::string text = found.node_->TextContent();
-        if (!IsNothing(Trimmed(text))) return true;
+        if (!IsNothing(kestrel::Trimmed(text))) return true;
     }
     return false;
 }

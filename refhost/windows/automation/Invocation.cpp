@@ -111,15 +111,12 @@ std::string Invocation::Text(unsigned parameter) const {
 
 std::string Invocation::StoredText(unsigned parameter) const {
     const std::string text = Text(parameter);
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t length = kestrel::XmlCharacterLength(std::string_view(text).substr(at));
-        if (length == 0)
-            throw kestrel::HostError("The text holds the character number " +
-                                     std::to_string(static_cast<unsigned char>(text[at])) +
-                                     " at its byte " + std::to_string(at + 1) +
-                                     ", which no plan file can hold; leave it out.");
-        at += length;
-    }
+    const std::size_t at = kestrel::XmlTextLength(text);
+    if (at < text.size())
+        throw kestrel::HostError("The text holds the character number " +
+                                 std::to_string(static_cast<unsigned char>(text[at])) +
+                                 " at its byte " + std::to_string(at + 1) +
+                                 ", which no plan file can hold; leave it out.");
     return text;
 }
 

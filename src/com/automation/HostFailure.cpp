@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Errors.h"
+#include "base/Text.h"
 #include "platform/win32/Bstr.h"
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/SystemMessage.h"
@@ -28,13 +29,6 @@ const char* VerbFor(HostAction action) {
     return "The host could not run ";
 }
 
-/// Without blanks and full stops at its end.
-std::string Trimmed(std::string text) {
-    const auto last = text.find_last_not_of(" \t\r\n.");
-    text.erase(last == std::string::npos ? 0 : last + 1);
-    return text;
-}
-
 /// What the object itself left in the thread's error object. An object that does not say that it
 /// leaves one may have met somebody else's, of an earlier failure.
 std::string ErrorObjectText(IDispatch* object) {
@@ -44,7 +38,7 @@ std::string ErrorObjectText(IDispatch* object) {
     Bstr text;
     if (GetErrorInfo(0, error.Out()) != S_OK || FAILED(error->GetDescription(text.Out())))
         return {};
-    return Trimmed(text.Utf8());
+    return text.Utf8();
 }
 
 HRESULT CodeOf(HRESULT result, const ExceptionInfo& info) {
@@ -58,10 +52,11 @@ std::string Reason(HRESULT result, const ExceptionInfo& info, IDispatch* object)
     std::string text;
     if (result == DISP_E_EXCEPTION) {
         if (info.bstrDescription)
-            text = Trimmed(win32::Utf8({info.bstrDescription, SysStringLen(info.bstrDescription)}));
+            text = win32::Utf8({info.bstrDescription, SysStringLen(info.bstrDescription)});
     } else {
         text = ErrorObjectText(object);
     }
+    text = TrimmedEnd(text, kSentenceEnd);
     return text.empty() ? win32::SystemMessage(CodeOf(result, info)) : text;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "com/automation/HostFailure.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/Variant.h"
@@ -23,11 +24,7 @@ std::string TextIn(const VARIANT& value) {
 /// Text that a message quotes; a long one only at its start.
 std::string Quoted(std::string text) {
     constexpr std::size_t kShown = 60;
-    if (text.size() > kShown) {
-        std::size_t end = kShown;
-        while (end > 0 && (text[end] & 0xC0) == 0x80) --end;  // inside a character
-        text = text.substr(0, end) + "...";
-    }
+    if (text.size() > kShown) text = text.substr(0, WholeCharacterAt(text, kShown)) + "...";
     return "the text \"" + text + "\"";
 }
 

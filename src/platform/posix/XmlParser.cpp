@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Text.h"
 #include "platform/XmlErrors.h"
 
 namespace kestrel {
@@ -52,9 +53,10 @@ class TreeBuilder {
         if (failure_) return;
         try {
             if (error.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
-            std::string message = error.message ? error.message : "the document is malformed";
-            message.erase(message.find_last_not_of(" \t\r\n") + 1);
-            throw XmlErrorAtLine(error.line > 0 ? error.line : CurrentLine(), message);
+            const std::string_view message =
+                error.message ? error.message : "the document is malformed";
+            throw XmlErrorAtLine(error.line > 0 ? error.line : CurrentLine(),
+                                 std::string(TrimmedEnd(message)));
         } catch (...) {
             failure_ = std::current_exception();
         }

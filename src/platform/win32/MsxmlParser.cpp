@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Text.h"
 #include "platform/XmlErrors.h"
 #include "platform/XmlOutline.h"
 #include "platform/win32/Bstr.h"
@@ -73,12 +74,11 @@ void Load(IXMLDOMDocument2& document, std::string_view bytes) {
     Bstr reason;
     CheckDom(error->get_line(&line));
     CheckDom(error->get_reason(reason.Out()));
-    std::string message = reason.Utf8();
-    message.erase(message.find_last_not_of(" .\r\n") + 1);
+    const std::string message = reason.Utf8();
     // Some versions tell neither line nor reason. What the outline lets pass is mostly a matter of
     // the encoding, which the first line declares.
     if (line <= 0) throw XmlErrorAtLine(1, "the document or its encoding cannot be read");
-    throw XmlErrorAtLine(static_cast<int>(line), message);
+    throw XmlErrorAtLine(static_cast<int>(line), std::string(TrimmedEnd(message, kSentenceEnd)));
 }
 
 XmlDocument Parse(IXMLDOMDocument2& document, std::string_view bytes, XmlOutline outline) {

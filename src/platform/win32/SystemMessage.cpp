@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "base/Text.h"
 #include "platform/win32/WideText.h"
 
 namespace kestrel::win32 {
@@ -14,9 +15,9 @@ std::string SystemMessage(DWORD error) {
     const DWORD length = FormatMessageW(
         FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
         nullptr, error, 0, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
-    std::string message = Utf8({buffer.data(), length});
-    message.erase(message.find_last_not_of(" .\r\n") + 1);
-    if (!message.empty()) return message;
+    const std::string text = Utf8({buffer.data(), length});
+    if (const auto message = TrimmedEnd(text, kSentenceEnd); !message.empty())
+        return std::string(message);
     std::array<char, 32> number;
     std::snprintf(number.data(), number.size(), "error 0x%08lX", error);
     return number.data();

@@ -9,9 +9,6 @@
 /// before a whole character or at the end.
 namespace kestrel::ui {
 
-/// The offset itself where it is a place for the caret, else the next such place before it.
-std::size_t WholeCharacterAt(const std::string& text, std::size_t offset);
-
 void InsertAtCaret(std::string& text, std::size_t& caret, char32_t character);
 
 /// Removes the character before the caret, if any. Answers whether there was one.

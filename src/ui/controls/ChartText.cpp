@@ -5,6 +5,8 @@
 #include <iterator>
 #include <vector>
 
+#include "base/Text.h"
+
 namespace kestrel::ui {
 namespace {
 
@@ -59,16 +61,9 @@ double WidthOf(char32_t c) {
 
 /// The character that starts at `position`, which moves behind it. A stray byte counts as one.
 char32_t Next(std::string_view text, std::size_t& position) {
-    const auto lead = static_cast<unsigned char>(text[position++]);
-    const int tail = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-    char32_t character = tail == 0 ? lead : lead & (0x3Fu >> tail);
-    for (int i = 0; i < tail && position < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[position]);
-        if ((byte & 0xC0u) != 0x80u) break;
-        character = character << 6 | (byte & 0x3Fu);
-        ++position;
-    }
-    return character;
+    const Utf8Character next = CharacterOrByte(text.substr(position));
+    position += next.length;
+    return next.code;
 }
 
 }  // namespace

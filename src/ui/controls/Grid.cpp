@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/Text.h"
 #include "ui/controls/CaretText.h"
 
 namespace kestrel::ui {
@@ -104,15 +105,12 @@ void Grid::CancelEdit() {
 
 bool Grid::Type(char32_t character) {
     std::string bytes;
-    std::size_t end = 0;
-    InsertAtCaret(bytes, end, character);
+    AppendUtf8(bytes, character);
     return Insert(bytes);
 }
 
-bool Grid::Paste(const std::string& copied) {
-    constexpr const char* kAround = " \t\r\n";
-    const std::size_t start = std::min(copied.find_first_not_of(kAround), copied.size());
-    const std::string text = copied.substr(start, copied.find_last_not_of(kAround) + 1 - start);
+bool Grid::Paste(std::string_view copied) {
+    const std::string text(Trimmed(copied));
     return (OnPaste && OnPaste(text)) || (!text.empty() && Insert(text));
 }
 

@@ -73,7 +73,7 @@ class Grid : public Control, public GridTable {
     bool Type(char32_t character);
     /// Puts in the whole text, as if it were typed, less blanks, tabs and line breaks around it,
     /// which copied cells have. Asks OnPaste first. Answers whether anything made use of it.
-    bool Paste(const std::string& copied);
+    bool Paste(std::string_view copied);
     /// Anywhere within a character counts as before it, beyond the text as behind it.
     void SetCaret(std::size_t offset);
     /// Removes the character before the caret, which stands behind the text when an edit begins.

@@ -5,20 +5,12 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "platform/XmlCharacters.h"
 #include "store/GridRegister.h"
 
 namespace kestrel::ui {
 namespace {
-
-bool CanBeStored(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = XmlCharacterLength(text);
-        if (length == 0) return false;
-        text.remove_prefix(length);
-    }
-    return true;
-}
 
 std::string WhyLocked(int column) {
     return column == kLikelihoodColumn
@@ -29,8 +21,6 @@ std::string WhyLocked(int column) {
 }
 
 }  // namespace
-
-bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == text.npos; }
 
 bool AcceptsCharacter(int column, bool locked, char32_t code) {
     constexpr char32_t kBackspace = 8, kFirstPrintable = 32, kLastPrintable = 126;
@@ -51,7 +41,7 @@ std::string WhyNotPasted(int column, bool locked, std::string_view text) {
     if (text.find_first_of("\t\r\n") != text.npos)
         return "There is more than one cell or line on the clipboard; copy and paste one at a "
                "time.";
-    if (!CanBeStored(text))
+    if (XmlTextLength(text) < text.size())
         return "The text on the clipboard holds control characters, which no cell can hold.";
     if (column == kDescriptionColumn)
         return text.find('|') == text.npos ? "" : "A description cannot hold the character \"|\".";

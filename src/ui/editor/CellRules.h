@@ -8,9 +8,6 @@
 /// What the texts of the editor's cells may be. Nothing here knows the grid.
 namespace kestrel::ui {
 
-/// Nothing but blanks.
-bool IsBlank(std::string_view text);
-
 /// Whether a typed character reaches a cell of the column. The set of the number columns holds a
 /// few strays (":", "%" to "(") on purpose. Backspace (8) counts as a character.
 bool AcceptsCharacter(int column, bool locked, char32_t code);

@@ -1,5 +1,6 @@
 #include <vector>
 
+#include "base/Text.h"
 #include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
 #include "ui/editor/frmEditRiskFactors.h"

@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
 #include "ui/editor/frmEditRiskFactors.h"

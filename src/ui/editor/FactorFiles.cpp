@@ -1,5 +1,6 @@
 #include "ui/editor/FactorFiles.h"
 
+#include "base/Text.h"
 #include "store/GridRegister.h"
 #include "store/RegisterDocument.h"
 #include "ui/editor/CellRules.h"

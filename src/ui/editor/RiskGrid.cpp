@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Text.h"
 #include "ui/editor/CellRules.h"
 
 namespace kestrel::ui {
