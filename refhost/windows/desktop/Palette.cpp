@@ -1,14 +1,9 @@
 #include "refhost/windows/desktop/Palette.h"
 
+#include "ui/win32/OwnWindow.h"
+
 namespace refhost::win32 {
 namespace {
-
-bool HighContrast() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
-}
 
 Palette SystemPalette() {
     Palette colours{};
@@ -28,7 +23,7 @@ Palette SystemPalette() {
 }  // namespace
 
 Palette Palette::Current() {
-    if (HighContrast()) return SystemPalette();
+    if (kestrel::ui::win32::HighContrast()) return SystemPalette();
     Palette colours{};
     colours.paper = RGB(255, 255, 255);
     colours.text = RGB(31, 41, 55);

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "refhost/windows/desktop/PlanPainter.h"
-#include "ui/win32/KeyInput.h"
 
 namespace refhost::win32 {
 namespace {
@@ -24,40 +24,23 @@ PlanPane::PlanPane(kestrel::ui::win32::ViewContext& context, Workbench& bench)
       fonts_(context.dpi),
       rows_(Window(), context.module, true),
       table_(Window(), context.module, false),
-      time_(Window(), context.module, false) {
+      time_(Window(), context.module, false),
+      parts_(context, bench) {
     Begin();
 }
 
 std::optional<LRESULT> PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT:
-            Paint();
-            return 0;
-        case WM_PRINTCLIENT:
-            PaintPlanInto(reinterpret_cast<HDC>(wParam));
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;  // every pixel is painted
         case WM_SIZE:
             LayOut();
             return 0;
         case WM_SETFOCUS:
-        case WM_KILLFOCUS:
-            InvalidateRect(Window(), nullptr, FALSE);
+            if (toldFocus_ != 0) Tell(EVENT_OBJECT_FOCUS, toldFocus_);
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
             palette_ = Palette::Current();
-            InvalidateRect(Window(), nullptr, FALSE);
             return 0;
-        case WM_KEYDOWN:
-        case WM_SYSKEYDOWN: {
-            const auto event = kestrel::ui::win32::KeyEventOf(wParam, lParam);
-            if (event && AnswersAgain(*event)) return 0;
-            if (!event || !bench_.View() || !bench_.View()->KeyDown(*event)) return std::nullopt;
-            AfterInput();
-            return 0;
-        }
         case WM_VSCROLL:
         case WM_HSCROLL:
             Scroll(reinterpret_cast<HWND>(lParam), LOWORD(wParam));
@@ -71,6 +54,12 @@ std::optional<LRESULT> PlanPane::Handle(UINT message, WPARAM wParam, LPARAM lPar
         default:
             return HandleMouse(message, wParam, lParam);
     }
+}
+
+bool PlanPane::KeyDown(const kestrel::ui::KeyEvent& event) {
+    if (!bench_.View() || !bench_.View()->KeyDown(event)) return false;
+    AfterInput();
+    return true;
 }
 
 std::optional<LRESULT> PlanPane::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -105,8 +94,7 @@ std::optional<LRESULT> PlanPane::HandleMouse(UINT message, WPARAM wParam, LPARAM
 int PlanPane::Units(int pixels) const { return static_cast<int>(std::floor(pixels / Scale())); }
 
 RECT PlanPane::PlanArea() const {
-    RECT area{};
-    GetClientRect(Window(), &area);
+    RECT area = Client();
     area.right = std::max<LONG>(1, area.right - BarWidth());
     area.bottom = std::max<LONG>(1, area.bottom - BarHeight());
     return area;
@@ -160,30 +148,27 @@ void PlanPane::Update() {
     UpdateScrollBars();
     const RECT area = PlanArea();
     InvalidateRect(Window(), &area, FALSE);
+    Announce();
 }
 
-void PlanPane::Paint() {
-    const kestrel::win32::PaintScope paint(Window());
-    const RECT area = PlanArea();
-    if (!picture_ || pictureSize_.cx != area.right || pictureSize_.cy != area.bottom) {
-        picture_.reset();
-        picture_.emplace(paint.Dc(), area.right, area.bottom);
-        pictureSize_ = {area.right, area.bottom};
-    }
-    PaintPlanInto(picture_->Dc());
-    picture_->CopyTo(paint.Dc(), area);
-    RECT corner{};  // between the scroll bars
-    GetClientRect(Window(), &corner);
-    corner = {area.right, area.bottom, corner.right, corner.bottom};
-    FillRect(paint.Dc(), &corner, GetSysColorBrush(COLOR_3DFACE));
+void PlanPane::Announce() {
+    const long focus = parts_.FocusedPart(), count = parts_.PartCount();
+    const bool rows = std::exchange(toldCount_, count) != count;
+    if (rows) Tell(EVENT_OBJECT_REORDER, CHILDID_SELF);
+    const bool moved = std::exchange(toldFocus_, focus) != focus;
+    if (moved && HasFocus()) Tell(EVENT_OBJECT_FOCUS, focus);
+    if (moved) Tell(EVENT_OBJECT_SELECTION, focus);
+    if (rows && !moved) Tell(EVENT_OBJECT_STATECHANGE, focus);  // expanded or collapsed
 }
 
-void PlanPane::PaintPlanInto(HDC dc) {
-    const RECT area = PlanArea();
+void PlanPane::PaintInto(HDC dc, const RECT&) {
+    const RECT area = PlanArea(), client = Client();
+    const RECT corner{area.right, area.bottom, client.right, client.bottom};
+    FillRect(dc, &corner, GetSysColorBrush(COLOR_3DFACE));  // between the scroll bars
     const PlanView* view = bench_.View();
     if (!view) return PaintNothingOpen(dc, area);
     const PaintTools tools(dc, context_.dpi, palette_, fonts_);
-    PaintPlan(tools, *view, {GetFocus() == Window(), bench_.Now()}, area.right / Scale(),
+    PaintPlan(tools, *view, {HasFocus(), bench_.Now()}, area.right / Scale(),
               area.bottom / Scale());
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <optional>
 
 #include "refhost/gantt/Workbench.h"
 #include "refhost/windows/desktop/PaintTools.h"
+#include "refhost/windows/desktop/PlanParts.h"
 #include "refhost/windows/desktop/ScrollBar.h"
 #include "ui/win32/OwnWindow.h"
 
@@ -18,6 +17,7 @@ class PlanPane : public kestrel::ui::win32::OwnWindow {
     /// A child of the context's window. `context.afterEvent` is called after everything the user
     /// did here.
     PlanPane(kestrel::ui::win32::ViewContext& context, Workbench& bench);
+    ~PlanPane() override { End(); }
 
     void Update() override;
     void Place(const RECT& place);
@@ -27,10 +27,12 @@ class PlanPane : public kestrel::ui::win32::OwnWindow {
  private:
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    bool KeyDown(const kestrel::ui::KeyEvent& event) override;
+    void PaintInto(HDC dc, const RECT& part) override;
+    kestrel::ui::win32::AccessibleSource& Parts() override { return parts_; }
     void LayOut();
     void UpdateScrollBars();
-    void Paint();
-    void PaintPlanInto(HDC dc);
+    void Announce();
     void PaintNothingOpen(HDC dc, const RECT& area);
     void Press(LPARAM place, bool doubleClick);
     void Scroll(HWND bar, WORD code);
@@ -47,11 +49,11 @@ class PlanPane : public kestrel::ui::win32::OwnWindow {
     PlanFonts fonts_;
     Palette palette_ = Palette::Current();
     ScrollBar rows_, table_, time_;
-    std::optional<kestrel::win32::MemoryPicture> picture_;  ///< kept while the size stays
-    SIZE pictureSize_{};
+    PlanParts parts_;
     PlanView* shownView_ = nullptr;  ///< compared only
     std::uint64_t shownChanges_ = 0;
-    int wheelRest_ = 0;  ///< turned, but less than a notch
+    long toldFocus_ = 0, toldCount_ = 0;  ///< to screen readers, of the parts
+    int wheelRest_ = 0;                   ///< turned, but less than a notch
 };
 
 }  // namespace refhost::win32

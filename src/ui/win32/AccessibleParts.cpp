@@ -1,20 +1,16 @@
 #include "ui/win32/AccessibleParts.h"
 
 #include <new>
+#include <utility>
 
 #include "platform/win32/Bstr.h"
+#include "ui/win32/ElementEnumerator.h"
 
 namespace kestrel::ui::win32 {
 namespace {
 
 using kestrel::win32::Bstr;
 using kestrel::win32::ComPtr;
-
-HRESULT Tell(const std::string& text, BSTR* answer) {
-    if (text.empty()) return S_FALSE;
-    *answer = Bstr(text).Detach();
-    return S_OK;
-}
 
 HRESULT Tell(long number, VARIANT* answer) {
     answer->vt = VT_I4;
@@ -30,10 +26,9 @@ VARIANT Self() {
 
 }  // namespace
 
-long AccessibleSource::PartBeside(long part, long direction) const {
-    if (direction == NAVDIR_UP || direction == NAVDIR_PREVIOUS) return part - 1;
-    const bool forward = direction == NAVDIR_DOWN || direction == NAVDIR_NEXT;
-    return forward && part < PartCount() ? part + 1 : 0;
+std::vector<long> AccessibleSource::SelectedParts() const {
+    const long focused = FocusedPart();
+    return focused == 0 ? std::vector<long>() : std::vector<long>{focused};
 }
 
 AccessibleParts::AccessibleParts(HWND window, AccessibleSource& source)
@@ -45,6 +40,12 @@ AccessibleParts::AccessibleParts(HWND window, AccessibleSource& source)
 
 ComPtr<AccessibleParts> AccessibleParts::Make(HWND window, AccessibleSource& source) {
     return ComPtr<AccessibleParts>::Attach(new AccessibleParts(window, source));
+}
+
+void AccessibleParts::Disconnect() noexcept {
+    source_ = nullptr;
+    // Programs in other processes lose their connections at once. It fails where there are none.
+    static_cast<void>(CoDisconnectObject(this, 0));
 }
 
 std::optional<LRESULT> AccessibleParts::Respond(WPARAM wParam, LPARAM lParam) {
@@ -84,6 +85,56 @@ HRESULT AccessibleParts::Ask(const VARIANT& child, const Answer& answer) const n
     }
 }
 
+HRESULT AccessibleParts::TellText(const VARIANT& child, Text text, BSTR* answer) const noexcept {
+    if (!answer) return E_POINTER;
+    *answer = nullptr;
+    return Ask(child, [&](long part) {
+        const std::string told = (source_->*text)(part);
+        if (told.empty()) return S_FALSE;
+        *answer = Bstr(told).Detach();
+        return S_OK;
+    });
+}
+
+RECT AccessibleParts::PlaceOf(long part) const {
+    if (part != 0) return source_->PartPlace(part);
+    RECT client{};
+    GetClientRect(window_, &client);
+    return client;
+}
+
+long AccessibleParts::StateOf(long part) const {
+    long state = source_->PartState(part);
+    const RECT place = PlaceOf(part);
+    if (IsRectEmpty(&place)) state |= STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE;
+    if (!IsWindowVisible(window_)) state |= STATE_SYSTEM_INVISIBLE;
+    if (!IsWindowEnabled(window_)) state |= STATE_SYSTEM_UNAVAILABLE;
+    if (GetFocus() == window_ && part == source_->FocusedPart()) state |= STATE_SYSTEM_FOCUSED;
+    return state;
+}
+
+/// 0 for none.
+long AccessibleParts::PartBeside(long part, long direction) const {
+    const long count = source_->PartCount(), perRow = source_->PartsPerRow();
+    const long place = (part - 1) % perRow;
+    switch (direction) {
+        case NAVDIR_UP:
+            return part > perRow ? part - perRow : 0;
+        case NAVDIR_DOWN:
+            return part + perRow <= count ? part + perRow : 0;
+        case NAVDIR_LEFT:
+            return place > 0 ? part - 1 : 0;
+        case NAVDIR_RIGHT:
+            return place + 1 < perRow && part < count ? part + 1 : 0;
+        case NAVDIR_PREVIOUS:
+            return part - 1;
+        case NAVDIR_NEXT:
+            return part < count ? part + 1 : 0;
+        default:
+            return 0;
+    }
+}
+
 STDMETHODIMP AccessibleParts::get_accParent(IDispatch** parent) noexcept {
     if (!parent) return E_POINTER;
     *parent = nullptr;
@@ -106,21 +157,19 @@ STDMETHODIMP AccessibleParts::get_accChild(VARIANT, IDispatch** object) noexcept
 }
 
 STDMETHODIMP AccessibleParts::get_accName(VARIANT child, BSTR* name) noexcept {
-    if (!name) return E_POINTER;
-    *name = nullptr;
-    return Ask(child, [&](long part) { return Tell(source_->PartName(part), name); });
+    return TellText(child, &AccessibleSource::PartName, name);
 }
 
 STDMETHODIMP AccessibleParts::get_accValue(VARIANT child, BSTR* value) noexcept {
-    if (!value) return E_POINTER;
-    *value = nullptr;
-    return Ask(child, [&](long part) { return Tell(source_->PartValue(part), value); });
+    return TellText(child, &AccessibleSource::PartValue, value);
 }
 
 STDMETHODIMP AccessibleParts::get_accDescription(VARIANT child, BSTR* description) noexcept {
-    if (!description) return E_POINTER;
-    *description = nullptr;
-    return Ask(child, [&](long part) { return Tell(source_->PartDescription(part), description); });
+    return TellText(child, &AccessibleSource::PartDescription, description);
+}
+
+STDMETHODIMP AccessibleParts::get_accDefaultAction(VARIANT child, BSTR* text) noexcept {
+    return TellText(child, &AccessibleSource::PartAction, text);
 }
 
 STDMETHODIMP AccessibleParts::get_accRole(VARIANT child, VARIANT* role) noexcept {
@@ -130,7 +179,7 @@ STDMETHODIMP AccessibleParts::get_accRole(VARIANT child, VARIANT* role) noexcept
 
 STDMETHODIMP AccessibleParts::get_accState(VARIANT child, VARIANT* state) noexcept {
     if (!state) return E_POINTER;
-    return Ask(child, [&](long part) { return Tell(source_->PartState(part), state); });
+    return Ask(child, [&](long part) { return Tell(StateOf(part), state); });
 }
 
 STDMETHODIMP AccessibleParts::get_accFocus(VARIANT* child) noexcept {
@@ -141,25 +190,42 @@ STDMETHODIMP AccessibleParts::get_accFocus(VARIANT* child) noexcept {
     });
 }
 
-STDMETHODIMP AccessibleParts::accSelect(long flags, VARIANT child) noexcept {
-    constexpr long kKnown = SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION;
-    return Ask(child, [&](long part) {
-        if (flags == 0 || (flags & ~kKnown) != 0) return E_INVALIDARG;
-        SetFocus(window_);
-        source_->FocusPart(part);
+STDMETHODIMP AccessibleParts::get_accSelection(VARIANT* selected) noexcept {
+    if (!selected) return E_POINTER;
+    selected->vt = VT_EMPTY;
+    return Ask(Self(), [&](long) {
+        std::vector<long> parts = source_->SelectedParts();
+        if (parts.size() == 1) return Tell(parts[0], selected);
+        if (parts.empty()) return S_OK;
+        selected->punkVal = new ElementEnumerator(std::move(parts));
+        selected->vt = VT_UNKNOWN;
         return S_OK;
     });
+}
+
+STDMETHODIMP AccessibleParts::accSelect(long flags, VARIANT child) noexcept {
+    return Ask(child, [&](long part) {
+        if (flags == 0 || (flags & ~SELFLAG_VALID) != 0) return E_INVALIDARG;
+        if (flags & SELFLAG_TAKEFOCUS) SetFocus(window_);
+        // What has lost the keyboard may have closed the window.
+        return source_ ? source_->SelectPart(part, flags) : CO_E_OBJNOTCONNECTED;
+    });
+}
+
+STDMETHODIMP AccessibleParts::accDoDefaultAction(VARIANT child) noexcept {
+    return Ask(child, [&](long part) { return source_->ActOn(part); });
 }
 
 STDMETHODIMP AccessibleParts::accLocation(long* left, long* top, long* width, long* height,
                                           VARIANT child) noexcept {
     if (!left || !top || !width || !height) return E_POINTER;
     return Ask(child, [&](long part) {
-        const RECT place = source_->PartPlace(part);
-        POINT corner{place.left, place.top};
-        ClientToScreen(window_, &corner);
-        *left = corner.x;
-        *top = corner.y;
+        RECT place = PlaceOf(part);
+        *left = *top = *width = *height = 0;
+        if (IsRectEmpty(&place)) return S_FALSE;
+        MapWindowPoints(window_, nullptr, reinterpret_cast<POINT*>(&place), 2);
+        *left = place.left;
+        *top = place.top;
         *width = place.right - place.left;
         *height = place.bottom - place.top;
         return S_OK;
@@ -177,7 +243,7 @@ STDMETHODIMP AccessibleParts::accNavigate(long direction, VARIANT start, VARIANT
         }
         // Where the window's neighbours are is the system's to know.
         if (part == 0) return standard_ ? standard_->accNavigate(direction, start, end) : S_FALSE;
-        const long next = source_->PartBeside(part, direction);
+        const long next = PartBeside(part, direction);
         return next == 0 ? S_FALSE : Tell(next, end);
     });
 }

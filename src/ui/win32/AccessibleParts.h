@@ -7,6 +7,7 @@
 #include <atomic>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/win32/ComPtr.h"
 #include "platform/win32/ModuleRef.h"
@@ -14,29 +15,41 @@
 namespace kestrel::ui::win32 {
 
 /// What a self-painted window tells screen readers: about itself as a whole (part 0) and its parts,
-/// which are numbered from 1. Asked on the window's thread only.
+/// which are numbered from 1, row by row. Asked on the window's thread only.
 class AccessibleSource {
  public:
     virtual ~AccessibleSource() = default;
 
     virtual long PartCount() const = 0;
-    /// @name Of a part, 0 to PartCount
+    /// How many stand beside each other; above and below them stand as many.
+    virtual long PartsPerRow() const { return 1; }
+    /// @name Of a part, 0 to PartCount. Texts are UTF-8; all but a name may be empty
     ///@{
-    virtual std::string PartName(long part) const = 0;        ///< UTF-8
-    virtual std::string PartValue(long) const { return {}; }  ///< UTF-8; may be empty
+    virtual std::string PartName(long part) const = 0;
+    virtual std::string PartValue(long) const { return {}; }
     virtual std::string PartDescription(long) const { return {}; }
-    virtual long PartRole(long part) const = 0;   ///< ROLE_SYSTEM_...
-    virtual long PartState(long part) const = 0;  ///< STATE_SYSTEM_...
-    virtual RECT PartPlace(long part) const = 0;  ///< pixels of the window
+    virtual std::string PartAction(long) const { return {}; }  ///< what ActOn does
+    virtual long PartRole(long part) const = 0;                ///< ROLE_SYSTEM_...
+    /// STATE_SYSTEM_..., without what the window, the places and the focused part tell by
+    /// themselves.
+    virtual long PartState(long part) const = 0;
     ///@}
+    /// Of a part from 1 on, in pixels of the window; empty while it is out of sight.
+    virtual RECT PartPlace(long part) const = 0;
     /// 0 for a place outside the parts.
     virtual long PartAt(POINT place) const = 0;
     /// The part that keys go on from; 0 for the window itself.
     virtual long FocusedPart() const = 0;
-    virtual void FocusPart(long part) = 0;
-    /// The part in a direction (NAVDIR_...) from another; 0 for none. By default the parts stand
-    /// below each other.
-    virtual long PartBeside(long part, long direction) const;
+    /// None but the focused one, as it stands.
+    virtual std::vector<long> SelectedParts() const;
+
+    /// @name What screen readers do for their users, with the outcome of the call; the window may
+    /// be gone afterwards
+    ///@{
+    /// SELFLAG_...; the window has the keyboard already where that is asked for.
+    virtual HRESULT SelectPart(long part, long flags) = 0;
+    virtual HRESULT ActOn(long) { return DISP_E_MEMBERNOTFOUND; }
+    ///@}
 };
 
 /// The object behind a window's accessibility. Screen readers may keep it longer than the window
@@ -44,7 +57,7 @@ class AccessibleSource {
 class AccessibleParts : public IAccessible {
  public:
     static kestrel::win32::ComPtr<AccessibleParts> Make(HWND window, AccessibleSource& source);
-    void Disconnect() { source_ = nullptr; }
+    void Disconnect() noexcept;
 
     /// What a window answers to WM_GETOBJECT; nothing when something else is asked for.
     std::optional<LRESULT> Respond(WPARAM wParam, LPARAM lParam);
@@ -83,12 +96,15 @@ class AccessibleParts : public IAccessible {
     STDMETHODIMP get_accDescription(VARIANT child, BSTR* description) noexcept override;
     STDMETHODIMP get_accRole(VARIANT child, VARIANT* role) noexcept override;
     STDMETHODIMP get_accState(VARIANT child, VARIANT* state) noexcept override;
+    STDMETHODIMP get_accDefaultAction(VARIANT child, BSTR* text) noexcept override;
     STDMETHODIMP get_accFocus(VARIANT* child) noexcept override;
+    STDMETHODIMP get_accSelection(VARIANT* selected) noexcept override;
     STDMETHODIMP accSelect(long flags, VARIANT child) noexcept override;
     STDMETHODIMP accLocation(long* left, long* top, long* width, long* height,
                              VARIANT child) noexcept override;
     STDMETHODIMP accNavigate(long direction, VARIANT start, VARIANT* end) noexcept override;
     STDMETHODIMP accHitTest(long left, long top, VARIANT* child) noexcept override;
+    STDMETHODIMP accDoDefaultAction(VARIANT child) noexcept override;
     ///@}
 
     /// @name Nothing to tell
@@ -100,11 +116,6 @@ class AccessibleParts : public IAccessible {
     STDMETHODIMP get_accKeyboardShortcut(VARIANT, BSTR* text) noexcept override {
         return None(text);
     }
-    STDMETHODIMP get_accDefaultAction(VARIANT, BSTR* text) noexcept override { return None(text); }
-    STDMETHODIMP get_accSelection(VARIANT* selected) noexcept override {
-        return get_accFocus(selected);
-    }
-    STDMETHODIMP accDoDefaultAction(VARIANT) noexcept override { return DISP_E_MEMBERNOTFOUND; }
     STDMETHODIMP put_accName(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
     STDMETHODIMP put_accValue(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
     ///@}
@@ -116,6 +127,11 @@ class AccessibleParts : public IAccessible {
     /// Runs `answer` with the part that the child id names; its result is the call's.
     template <class Answer>
     HRESULT Ask(const VARIANT& child, const Answer& answer) const noexcept;
+    using Text = std::string (AccessibleSource::*)(long) const;
+    HRESULT TellText(const VARIANT& child, Text text, BSTR* answer) const noexcept;
+    RECT PlaceOf(long part) const;
+    long StateOf(long part) const;
+    long PartBeside(long part, long direction) const;
 
     static HRESULT None(BSTR* text) {
         if (!text) return E_POINTER;

@@ -6,21 +6,16 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/Bstr.h"
-#include "platform/win32/Gdi.h"
-#include "platform/win32/Variant.h"
 #include "ui/controls/Button.h"
-#include "ui/win32/AccessibleParts.h"
 #include "ui/win32/ControlView.h"
 #include "ui/win32/WindowHandle.h"
 #include "windows/chart/ChartSamples.h"
 #include "windows/chart/PostScriptPrinter.h"
+#include "windows/support/ScreenReader.h"
 #include "windows/support/WatchedRunner.h"
 
 namespace kestrel::test {
 namespace {
-
-using Accessible = win32::ComPtr<IAccessible>;
 
 class ChartForm : public ui::Form {
  public:
@@ -40,34 +35,6 @@ class ChartForm : public ui::Form {
  private:
     Drivers drivers_;
 };
-
-Accessible AccessibleOf(HWND window) {
-    Accessible object;
-    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                               object.OutVoid());
-    return object;
-}
-
-std::string NameOf(IAccessible& object, int part) {
-    win32::Bstr name;
-    return FAILED(object.get_accName(win32::Variant(part), name.Out())) ? "failed" : name.Utf8();
-}
-
-long RoleOf(IAccessible& object, int part) {
-    win32::Variant role;
-    return FAILED(object.get_accRole(win32::Variant(part), role.Out())) ? -1 : role.lVal;
-}
-
-long FocusOf(IAccessible& object) {
-    win32::Variant part;
-    return object.get_accFocus(part.Out()) == S_OK ? part.lVal : -1;
-}
-
-RECT PlaceOf(IAccessible& object, int part) {
-    long left = 0, top = 0, width = 0, height = 0;
-    EXPECT_EQ(object.accLocation(&left, &top, &width, &height, win32::Variant(part)), S_OK);
-    return {left, top, left + width, top + height};
-}
 
 bool IsOfClass(HWND window, const wchar_t* wanted) {
     wchar_t name[50]{};
@@ -118,7 +85,7 @@ class ChartWindowTest : public testing::Test {
                          HWND chart = nullptr;
                          user.OnUi([&] {
                              chart = runner.WindowOf("chart");
-                             accessible = AccessibleOf(chart);
+                             reader = ScreenReader(chart);
                          });
                          script(user, chart);
                          user.Press(VK_ESCAPE);
@@ -138,14 +105,14 @@ class ChartWindowTest : public testing::Test {
     }
 
     WatchedRunner runner;
-    Accessible accessible;
+    ScreenReader reader;
 };
 
 TEST_F(ChartWindowTest, KeysAndMouseGoFromBarToBarAndTellOfThem) {
     Show([&](WindowUser& user, HWND chart) {
         const auto waitFor = [&](long part, const std::string& hint) {
             user.WaitUntil("the bar is chosen: " + hint,
-                           [&] { return FocusOf(*accessible) == part && ShownHint() == hint; });
+                           [&] { return reader.Focus() == part && ShownHint() == hint; });
         };
         const struct {
             WORD key;
@@ -165,52 +132,45 @@ TEST_F(ChartWindowTest, KeysAndMouseGoFromBarToBarAndTellOfThem) {
         }
         POINT bar{};
         user.OnUi([&] {
-            const RECT place = PlaceOf(*accessible, 3);
+            const RECT place = reader.Place(3);
             bar = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-            win32::Variant hit;
-            EXPECT_EQ(accessible->accHitTest(bar.x, bar.y, hit.Out()), S_OK);
-            EXPECT_EQ(hit.lVal, 3);
+            EXPECT_EQ(reader.At(bar.x, bar.y), 3);
             ScreenToClient(chart, &bar);
         });
         user.Click(chart, bar);
         waitFor(3, "3 - Weather windows missed: 25.0%");
         user.Press(VK_TAB);
         user.WaitUntil("the chart has lost the keyboard",
-                       [&] { return FocusOf(*accessible) == -1 && ShownHint().empty(); });
+                       [&] { return reader.Focus() == -1 && ShownHint().empty(); });
     });
 }
 
 TEST_F(ChartWindowTest, ScreenReadersFindTheChartAndItsBars) {
     Show([&](WindowUser& user, HWND chart) {
         user.OnUi([&] {
-            ASSERT_TRUE(accessible);
-            long count = 0;
-            EXPECT_EQ(accessible->get_accChildCount(&count), S_OK);
-            EXPECT_EQ(count, 3);
-            EXPECT_EQ(NameOf(*accessible, 0),
-                      "Risk Factors Driving Project Schedule - Ferry terminal");
-            EXPECT_EQ(NameOf(*accessible, 2), "2 - Late delivery of the link span: -42.0%");
-            EXPECT_EQ(NameOf(*accessible, 4), "failed");
-            EXPECT_EQ(RoleOf(*accessible, 0), ROLE_SYSTEM_CHART);
-            EXPECT_EQ(RoleOf(*accessible, 1), ROLE_SYSTEM_GRAPHIC);
-            win32::Variant next;
-            EXPECT_EQ(accessible->accNavigate(NAVDIR_NEXT, win32::Variant(2), next.Out()), S_OK);
-            EXPECT_EQ(next.lVal, 3);
-            EXPECT_EQ(accessible->accNavigate(NAVDIR_NEXT, win32::Variant(3), next.Out()), S_FALSE);
+            EXPECT_EQ(reader.Count(), 3);
+            constexpr long kShown = STATE_SYSTEM_READONLY | STATE_SYSTEM_FOCUSABLE;
+            ExpectParts(reader, {{0, "Risk Factors Driving Project Schedule - Ferry terminal", "",
+                                  ROLE_SYSTEM_CHART, kShown | STATE_SYSTEM_FOCUSED},
+                                 {2, "2 - Late delivery of the link span: -42.0%", "",
+                                  ROLE_SYSTEM_GRAPHIC, kShown}});
+            EXPECT_EQ(reader.Name(4), "failed");
+            EXPECT_EQ(reader.Beside(2, NAVDIR_NEXT), 3);
+            EXPECT_EQ(reader.Beside(3, NAVDIR_NEXT), 0);
             win32::ComPtr<IDispatch> parent;
-            EXPECT_EQ(accessible->get_accParent(parent.Out()), S_OK);
+            EXPECT_EQ(reader->get_accParent(parent.Out()), S_OK);
             EXPECT_TRUE(parent);
-            EXPECT_EQ(accessible->accSelect(SELFLAG_TAKEFOCUS, win32::Variant(2)), S_OK);
-            EXPECT_EQ(FocusOf(*accessible), 2);
+            EXPECT_EQ(reader->accSelect(SELFLAG_TAKEFOCUS, ScreenReader::Part(2)), S_OK);
+            EXPECT_EQ(reader.Focus(), 2);
             RECT window{};
             GetWindowRect(chart, &window);
-            const RECT place = PlaceOf(*accessible, 1);
+            const RECT place = reader.Place(1);
             RECT both{};
             UnionRect(&both, &window, &place);
             EXPECT_TRUE(EqualRect(&both, &window)) << "the bar lies within the chart";
         });
     });
-    EXPECT_EQ(NameOf(*accessible, 0), "failed") << "the window is gone";
+    EXPECT_EQ(reader.Name(0), "failed") << "the window is gone";
 }
 
 TEST_F(ChartWindowTest, TheChartIsCopiedByKeyAndByMenu) {
@@ -242,7 +202,7 @@ TEST_F(ChartWindowTest, FollowsTheSizeAndTheScaleOfItsForm) {
     Show([&](WindowUser& user, HWND chart) {
         user.OnUi([&] {
             const auto width = [&] {
-                const RECT place = PlaceOf(*accessible, 1);
+                const RECT place = reader.Place(1);
                 return place.right - place.left;
             };
             const long small = width();
@@ -268,7 +228,7 @@ TEST_F(ChartWindowTest, FollowsTheSizeAndTheScaleOfItsForm) {
 TEST_F(ChartWindowTest, TheMouseRestingOnABarOrAShortenedNameIsTold) {
     Show([&](WindowUser& user, HWND chart) {
         user.OnUi([&] {
-            RECT place = PlaceOf(*accessible, 2);
+            RECT place = reader.Place(2);
             SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
         });
         user.WaitUntil("the bar is told",
@@ -277,7 +237,7 @@ TEST_F(ChartWindowTest, TheMouseRestingOnABarOrAShortenedNameIsTold) {
             RECT narrow{};
             GetWindowRect(chart, &narrow);
             MoveWindow(chart, 0, 0, 300, narrow.bottom - narrow.top, TRUE);
-            const RECT place = PlaceOf(*accessible, 1);
+            const RECT place = reader.Place(1);
             GetWindowRect(chart, &narrow);
             SetCursorPos(narrow.left + 60, (place.top + place.bottom) / 2);
         });

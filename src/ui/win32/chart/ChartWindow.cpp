@@ -11,11 +11,9 @@
 
 #include "base/Errors.h"
 #include "platform/Desktop.h"
-#include "platform/win32/Gdi.h"
 #include "platform/win32/WideText.h"
 #include "ui/controls/ChartHints.h"
 #include "ui/win32/FailureBox.h"
-#include "ui/win32/KeyInput.h"
 #include "ui/win32/chart/ChartFonts.h"
 #include "ui/win32/chart/ChartMetafile.h"
 #include "ui/win32/chart/ChartPainter.h"
@@ -50,38 +48,21 @@ bool IsNext(const KeyEvent& event) { return event.key == Key::Down || event.key 
 ChartWindow::ChartWindow(ViewContext& context, Chart& chart)
     : OwnWindow(context, L"KestrelChart", WS_TABSTOP | WS_CLIPSIBLINGS),
       chart_(chart),
-      hints_(context, Window()),
-      accessible_(AccessibleParts::Make(Window(), *this)) {
+      hints_(context, Window()) {
     Update();
     Begin();
 }
 
 std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT:
-            PaintWindow();
-            return 0;
-        case WM_PRINTCLIENT:
-            Paint(reinterpret_cast<HDC>(wParam));
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;  // every pixel is painted
         case WM_SIZE:
             Layout();
             return 0;
         case WM_KILLFOCUS:
             hints_.Hide();
-            [[fallthrough]];
-        case WM_SETFOCUS:
-        case WM_UPDATEUISTATE:
-        case WM_SYSCOLORCHANGE:
-            InvalidateRect(Window(), nullptr, FALSE);
             return {};
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS;
-        case WM_KEYDOWN:
-            if (const auto event = KeyEventOf(wParam, lParam); event && KeyDown(*event)) return 0;
-            return {};
         case WM_SETCURSOR:  // comes ahead of the mouse's move
             FitHints();
             return {};
@@ -94,8 +75,6 @@ std::optional<LRESULT> ChartWindow::Handle(UINT message, WPARAM wParam, LPARAM l
         case WM_COMMAND:
             Command(LOWORD(wParam));
             return 0;
-        case WM_GETOBJECT:
-            return accessible_->Respond(wParam, lParam);
         default:
             return {};
     }
@@ -124,7 +103,7 @@ void ChartWindow::Layout() {
     SetWindowTextW(Window(), Wide(drawing_.title).c_str());  // what screen readers say
     Choose(-1);
     hintsFit_ = false;
-    NotifyWinEvent(EVENT_OBJECT_REORDER, Window(), OBJID_CLIENT, CHILDID_SELF);
+    Tell(EVENT_OBJECT_REORDER, CHILDID_SELF);
     InvalidateRect(Window(), nullptr, FALSE);
 }
 
@@ -135,20 +114,12 @@ void ChartWindow::FitHints() {
     for (const ChartHint& hint : HintsOf(drawing_)) hints_.Add(Pixels(hint.area), hint.text);
 }
 
-void ChartWindow::PaintWindow() {
-    const kestrel::win32::PaintScope paint(Window());
-    const RECT client = Client();
-    const kestrel::win32::MemoryPicture picture(paint.Dc(), client.right, client.bottom);
-    Paint(picture.Dc());
-    picture.CopyTo(paint.Dc(), paint.Dirty());
-}
-
-void ChartWindow::Paint(HDC dc) const {
+void ChartWindow::PaintInto(HDC dc, const RECT&) {
     const RECT client = Client();
     FillRect(dc, &client, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     PaintChart(dc, drawing_, Scale());
     FrameRect(dc, &client, GetSysColorBrush(COLOR_BTNSHADOW));
-    if (GetFocus() == Window()) PaintFocus(dc, client);
+    if (HasFocus()) PaintFocus(dc, client);
 }
 
 void ChartWindow::PaintFocus(HDC dc, const RECT& client) const {
@@ -188,7 +159,7 @@ void ChartWindow::Choose(long bar) {
     if (bar >= 0) hints_.Show(Pixels(Bar(bar).bounds), Bar(bar).hint);
     if (bar == chosen_) return;
     chosen_ = bar;
-    NotifyWinEvent(EVENT_OBJECT_FOCUS, Window(), OBJID_CLIENT, bar + 1);
+    Tell(EVENT_OBJECT_FOCUS, bar + 1);
     InvalidateRect(Window(), nullptr, FALSE);
 }
 
@@ -237,6 +208,32 @@ RECT ChartWindow::Pixels(const Rect& area) const {
     const auto pixel = [this](int units) { return std::lround(units * Scale()); };
     return {pixel(area.x), pixel(area.y), pixel(area.x + area.width) + 1,
             pixel(area.y + area.height) + 1};
+}
+
+std::string ChartWindow::PartName(long part) const {
+    return part == 0 ? drawing_.title : Bar(part - 1).hint;
+}
+
+long ChartWindow::PartRole(long part) const {
+    return part == 0 ? ROLE_SYSTEM_CHART : ROLE_SYSTEM_GRAPHIC;
+}
+
+long ChartWindow::PartState(long) const { return STATE_SYSTEM_READONLY | STATE_SYSTEM_FOCUSABLE; }
+
+RECT ChartWindow::PartPlace(long part) const { return Pixels(Bar(part - 1).bounds); }
+
+long ChartWindow::PartAt(POINT place) const {
+    for (long bar = 0; bar < PartCount(); ++bar) {
+        const RECT bounds = Pixels(Bar(bar).bounds);
+        if (PtInRect(&bounds, place)) return bar + 1;
+    }
+    return 0;
+}
+
+HRESULT ChartWindow::SelectPart(long part, long flags) {
+    if (flags & ~(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION)) return E_INVALIDARG;
+    Choose(part - 1);
+    return S_OK;
 }
 
 std::unique_ptr<ControlView> MakeChartView(ViewContext& context, Chart& chart) {

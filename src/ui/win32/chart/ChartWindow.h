@@ -6,7 +6,6 @@
 
 #include "ui/controls/Chart.h"
 #include "ui/controls/ChartDrawing.h"
-#include "ui/win32/AccessibleParts.h"
 #include "ui/win32/HintWindow.h"
 #include "ui/win32/OwnWindow.h"
 
@@ -18,7 +17,7 @@ namespace kestrel::ui::win32 {
 class ChartWindow : public OwnWindow, private AccessibleSource {
  public:
     ChartWindow(ViewContext& context, Chart& chart);
-    ~ChartWindow() override { accessible_->Disconnect(); }
+    ~ChartWindow() override { End(); }
 
     void Update() override;
     void ScaleChanged() override;
@@ -26,17 +25,16 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
  private:
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool Command(WORD command);
-    bool KeyDown(const KeyEvent& event);
+    bool KeyDown(const KeyEvent& event) override;
     void OpenMenu(POINT screen);
     template <class Action>
     void TellFailure(Action action);
 
     /// Lays the chart out in the window's present size.
     void Layout();
-    void Paint(HDC dc) const;
+    void PaintInto(HDC dc, const RECT& part) override;
     void PaintFocus(HDC dc, const RECT& client) const;
     void FitHints();
-    void PaintWindow();
     void MousePressed(POINT place);
     /// Makes a bar the one that keys go on from; -1 for none.
     void Choose(long bar);
@@ -46,6 +44,7 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
 
     /// @name For screen readers: part 0 is the chart, part n the n-th bar
     ///@{
+    AccessibleSource& Parts() override { return *this; }
     long PartCount() const override { return static_cast<long>(drawing_.bars.size()); }
     std::string PartName(long part) const override;
     long PartRole(long part) const override;
@@ -53,7 +52,7 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
     RECT PartPlace(long part) const override;
     long PartAt(POINT place) const override;
     long FocusedPart() const override { return chosen_ + 1; }
-    void FocusPart(long part) override { Choose(part - 1); }
+    HRESULT SelectPart(long part, long flags) override;
     ///@}
 
     const ChartBar& Bar(long index) const {
@@ -63,7 +62,6 @@ class ChartWindow : public OwnWindow, private AccessibleSource {
     Chart& chart_;
     ChartDrawing drawing_;
     HintWindow hints_;
-    kestrel::win32::ComPtr<AccessibleParts> accessible_;
     bool hintsFit_ = false;           ///< the drawing's, not an earlier one's
     std::uint64_t shownChanges_ = 0;  ///< of the model
     long chosen_ = -1;                ///< index of a bar of the drawing; -1 for none

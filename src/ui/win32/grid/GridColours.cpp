@@ -3,15 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/win32/OwnWindow.h"
+
 namespace kestrel::ui::win32 {
 namespace {
-
-bool HighContrast() {
-    HIGHCONTRASTW settings{};
-    settings.cbSize = sizeof settings;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof settings, &settings, 0) &&
-           (settings.dwFlags & HCF_HIGHCONTRASTON);
-}
 
 /// How bright the eye finds a colour, 0 to 1.
 double Luminance(COLORREF colour) {

@@ -5,8 +5,6 @@
 namespace kestrel::ui::win32 {
 namespace {
 
-using kestrel::win32::MemoryPicture;
-using kestrel::win32::PaintScope;
 using kestrel::win32::WindowDc;
 
 constexpr int kLeastRow = 20, kLeastHeader = 24;  // in units
@@ -22,6 +20,7 @@ std::unique_ptr<ControlView> MakeGridView(ViewContext& context, Grid& grid) {
 GridWindow::GridWindow(ViewContext& context, Grid& grid)
     : OwnWindow(context, L"KestrelGrid", kStyle | (grid.Visible() ? WS_VISIBLE : 0u)),
       grid_(grid),
+      parts_(context, grid),
       scroll_(Window(), grid),
       caret_(Window()),
       hints_(context, Window()) {
@@ -30,44 +29,6 @@ GridWindow::GridWindow(ViewContext& context, Grid& grid)
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     Begin();
     Update();
-}
-
-GridWindow::~GridWindow() { DisconnectAccess(); }
-
-std::optional<LRESULT> GridWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_DESTROY:
-            caret_.Hide();
-            DisconnectAccess();
-            return std::nullopt;
-        case WM_ERASEBKGND:
-            return 1;  // painting covers everything at once
-        case WM_PAINT:
-            Paint();
-            return 0;
-        case WM_PRINTCLIENT:
-            PaintInto(reinterpret_cast<HDC>(wParam), Client());
-            return 0;
-        case WM_NCPAINT:
-            DefWindowProcW(Window(), message, wParam, lParam);
-            PaintBorder();
-            return 0;
-        case WM_ENABLE:
-            InvalidateRect(Window(), nullptr, FALSE);
-            return 0;
-        case WM_GETOBJECT:
-            // Some programs send the id widened to 64 bits, some do not.
-            if (static_cast<LONG>(lParam) != OBJID_CLIENT) return std::nullopt;
-            return AccessibleObject(wParam);
-        case WM_VSCROLL:
-            scroll_.Scroll(LOWORD(wParam));
-            Update();
-            return 0;
-        default:
-            if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
-                return HandleMouse(message, wParam, lParam);
-            return HandleKeyboard(message, wParam, lParam);
-    }
 }
 
 void GridWindow::Update() {
@@ -134,19 +95,8 @@ void GridWindow::UpdateCaret() {
     caret_.Show(GridPainter(dc.Get(), grid_, style).Caret());
 }
 
-void GridWindow::Paint() {
-    scroll_.UpdatePosition();
-    const PaintScope paint(Window());
-    const RECT client = Client();
-    if (!picture_ || pictureSize_.cx != client.right || pictureSize_.cy != client.bottom) {
-        picture_ = std::make_unique<MemoryPicture>(paint.Dc(), client.right, client.bottom);
-        pictureSize_ = {client.right, client.bottom};
-    }
-    PaintInto(picture_->Dc(), paint.Dirty());
-    picture_->CopyTo(paint.Dc(), paint.Dirty());
-}
-
 void GridWindow::PaintInto(HDC dc, const RECT& part) {
+    scroll_.UpdatePosition();
     colours_ = GridColours::OfSystem();
     const GridStyle style = Style();
     GridPainter(dc, grid_, style).Draw(part, HasFocus());
@@ -163,6 +113,34 @@ void GridWindow::PaintBorder() const {
     SetDCBrushColor(dc, HasFocus() ? colours_.highlight : colours_.border);
     FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     ReleaseDC(Window(), dc);
+}
+
+void GridWindow::AnnounceFocus() const {
+    // The system has told of the table by itself.
+    if (const long current = parts_.FocusedPart()) Tell(EVENT_OBJECT_FOCUS, current);
+}
+
+void GridWindow::AnnounceChanges(const GridSnapshot& now) const {
+    const GridSnapshot& before = *shown_;
+    if (now.rowCount != before.rowCount) Tell(EVENT_OBJECT_REORDER, CHILDID_SELF);
+    const bool moved =
+        now.currentRow != before.currentRow || now.currentColumn != before.currentColumn;
+    if (moved && HasFocus()) AnnounceFocus();
+
+    bool selected = false;
+    auto old = before.rows.begin();
+    for (const ShownRow& row : now.rows) {
+        while (old != before.rows.end() && old->row < row.row) ++old;
+        if (old == before.rows.end()) break;
+        if (old->row != row.row || old->cells.size() != row.cells.size()) continue;
+        selected |= old->selected != row.selected;
+        for (std::size_t i = 0; i < row.cells.size(); ++i) {
+            if (old->cells[i].text == row.cells[i].text) continue;
+            Tell(row.cells[i].check ? EVENT_OBJECT_STATECHANGE : EVENT_OBJECT_VALUECHANGE,
+                 parts_.IdOf({row.row, static_cast<int>(i)}));
+        }
+    }
+    if (selected) Tell(EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF);
 }
 
 }  // namespace kestrel::ui::win32

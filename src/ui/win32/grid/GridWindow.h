@@ -6,15 +6,13 @@
 #include <memory>
 #include <optional>
 
-#include "platform/win32/ComPtr.h"
-#include "platform/win32/Gdi.h"
 #include "ui/controls/Grid.h"
 #include "ui/win32/KeyInput.h"
 #include "ui/win32/OwnWindow.h"
-#include "ui/win32/grid/GridAccess.h"
 #include "ui/win32/grid/GridCaret.h"
 #include "ui/win32/grid/GridHints.h"
 #include "ui/win32/grid/GridPainter.h"
+#include "ui/win32/grid/GridParts.h"
 #include "ui/win32/grid/GridScroll.h"
 #include "ui/win32/grid/GridSnapshot.h"
 
@@ -25,7 +23,7 @@ namespace kestrel::ui::win32 {
 class GridWindow : public OwnWindow {
  public:
     GridWindow(ViewContext& context, Grid& grid);
-    ~GridWindow() override;
+    ~GridWindow() override { End(); }
 
     void Update() override;
     void ScaleChanged() override;
@@ -34,14 +32,13 @@ class GridWindow : public OwnWindow {
     /// @name As Handle: nothing where the system's own handling is wanted as well
     ///@{
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
-    std::optional<LRESULT> HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     ///@}
 
     /// @name Keyboard
     ///@{
-    bool KeyDown(WPARAM virtualKey, LPARAM details);
-    bool SystemKeyDown(WPARAM virtualKey);
+    bool TakeKey(UINT message, WPARAM virtualKey, LPARAM details) override;
+    bool ColumnKey(UINT message, WPARAM virtualKey);
     void Character(WPARAM unit);
     void FocusGained();
     void FocusLost();
@@ -67,36 +64,31 @@ class GridWindow : public OwnWindow {
 
     /// @name Painting
     ///@{
-    void Paint();
-    void PaintInto(HDC dc, const RECT& part);
+    void PaintInto(HDC dc, const RECT& part) override;
     void PaintBorder() const;
     void FitSizes();
     void InvalidateChanges(const GridSnapshot& now) const;
     void UpdateCaret();
     ///@}
 
-    /// @name Assistive programs
+    /// @name Screen readers
     ///@{
-    LRESULT AccessibleObject(WPARAM wParam);
+    AccessibleSource& Parts() override { return parts_; }
     void AnnounceFocus() const;
     void AnnounceChanges(const GridSnapshot& now) const;
-    void DisconnectAccess();
     ///@}
 
     GridScale Scale() const { return {context_.dpi}; }
     GridStyle Style() const { return {Scale(), context_.font, colours_}; }
-    bool HasFocus() const { return GetFocus() == Window(); }
 
     Grid& grid_;
+    GridParts parts_;
     GridScroll scroll_;
     GridCaret caret_;
     GridHints hints_;
     GridColours colours_ = GridColours::OfSystem();
-    kestrel::win32::ComPtr<GridAccess> access_;  ///< once a program has asked for it
     std::optional<GridSnapshot> shown_;
     std::uint64_t shownChanges_ = 0;
-    std::unique_ptr<kestrel::win32::MemoryPicture> picture_;
-    SIZE pictureSize_{};
     CharacterInput characters_;
     std::optional<int> dragged_;  ///< the column whose edge the mouse holds
     int dragOffset_ = 0;          ///< from that edge to the mouse, in units

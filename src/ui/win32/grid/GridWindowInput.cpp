@@ -31,17 +31,24 @@ bool IsShortcut(const KeyEvent& event, char32_t letter) {
 
 }  // namespace
 
-std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<LRESULT> GridWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_DESTROY:
+            caret_.Hide();
+            return std::nullopt;
+        case WM_NCPAINT:
+            DefWindowProcW(Window(), message, wParam, lParam);
+            PaintBorder();
+            return 0;
+        case WM_VSCROLL:
+            scroll_.Scroll(LOWORD(wParam));
+            Update();
+            return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS;
-        case WM_KEYDOWN:
-            return Done(KeyDown(wParam, lParam));
         case WM_CHAR:
             Character(wParam);
             return 0;
-        case WM_SYSKEYDOWN:
-            return Done(SystemKeyDown(wParam));
         case WM_SETFOCUS:
             FocusGained();
             return 0;
@@ -55,15 +62,14 @@ std::optional<LRESULT> GridWindow::HandleKeyboard(UINT message, WPARAM wParam, L
             dragged_.reset();
             return 0;
         default:
-            return std::nullopt;
+            return HandleMouse(message, wParam, lParam);
     }
 }
 
-bool GridWindow::KeyDown(WPARAM virtualKey, LPARAM details) {
-    if (virtualKey == VK_ADD && IsDown(VK_CONTROL)) {  // as in the system's own lists
-        FitAllColumns();
-        return true;
-    }
+/// What the grid has no use for the form has, which it would not get from elsewhere.
+bool GridWindow::TakeKey(UINT message, WPARAM virtualKey, LPARAM details) {
+    if (ColumnKey(message, virtualKey)) return true;
+    if (message == WM_SYSKEYDOWN) return false;
     auto event = KeyEventOf(virtualKey, details);
     if (virtualKey == VK_INSERT && IsDown(VK_CONTROL)) event = Shortcut(U'C');
     if (virtualKey == VK_INSERT && IsDown(VK_SHIFT)) event = Shortcut(U'V');
@@ -79,8 +85,15 @@ bool GridWindow::KeyDown(WPARAM virtualKey, LPARAM details) {
     return used;
 }
 
-bool GridWindow::SystemKeyDown(WPARAM virtualKey) {
-    if (IsDown(VK_CONTROL) || (virtualKey != VK_LEFT && virtualKey != VK_RIGHT)) return false;
+/// Columns are sized by Alt with Left and Right and, as in the system's own lists, by Ctrl with the
+/// number pad's plus.
+bool GridWindow::ColumnKey(UINT message, WPARAM virtualKey) {
+    if (message == WM_KEYDOWN && virtualKey == VK_ADD && IsDown(VK_CONTROL)) {
+        FitAllColumns();
+        return true;
+    }
+    if (message != WM_SYSKEYDOWN || IsDown(VK_CONTROL)) return false;
+    if (virtualKey != VK_LEFT && virtualKey != VK_RIGHT) return false;
     WidenColumn(virtualKey == VK_RIGHT ? kColumnStep : -kColumnStep);
     return true;
 }
@@ -95,7 +108,6 @@ void GridWindow::Character(WPARAM unit) {
 }
 
 void GridWindow::FocusGained() {
-    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     UpdateCaret();
     AnnounceFocus();
 }
@@ -103,7 +115,6 @@ void GridWindow::FocusGained() {
 void GridWindow::FocusLost() {
     caret_.Hide();
     Update();
-    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
 
 std::optional<LRESULT> GridWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -16,7 +16,7 @@ namespace kestrel::ui::win32 {
 /// A list of element ids as assistive programs take it. Made with one reference, the caller's.
 class ElementEnumerator final : public IEnumVARIANT {
  public:
-    explicit ElementEnumerator(std::vector<LONG> ids, std::size_t next = 0)
+    explicit ElementEnumerator(std::vector<long> ids, std::size_t next = 0)
         : ids_(std::move(ids)), next_(next) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
@@ -33,7 +33,7 @@ class ElementEnumerator final : public IEnumVARIANT {
 
     kestrel::win32::ModuleRef module_;
     std::atomic<ULONG> references_{1};
-    std::vector<LONG> ids_;
+    std::vector<long> ids_;
     std::size_t next_;
 };
 

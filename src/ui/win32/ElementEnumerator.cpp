@@ -1,4 +1,4 @@
-#include "ui/win32/grid/ElementEnumerator.h"
+#include "ui/win32/ElementEnumerator.h"
 
 #include <algorithm>
 #include <new>
