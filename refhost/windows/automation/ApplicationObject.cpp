@@ -1,7 +1,8 @@
 #include "refhost/windows/automation/ApplicationObject.h"
 
+#include "platform/win32/Enumerator.h"
 #include "refhost/windows/automation/DispatchIds.h"
-#include "refhost/windows/automation/Enumerator.h"
+#include "refhost/windows/automation/Failures.h"
 #include "refhost/windows/automation/PlanObjects.h"
 
 #include <Schedulon.h>
@@ -16,7 +17,6 @@ struct PointTraits {
     using Interface = IEnumConnectionPoints;
     using Element = ComPtr<IConnectionPoint>;
     using Out = IConnectionPoint*;
-    static const IID& Iid() { return IID_IEnumConnectionPoints; }
     static void Copy(const Element& element, IConnectionPoint*& out) {
         out = ComPtr<IConnectionPoint>(element).Detach();
     }
@@ -32,11 +32,10 @@ ApplicationObject::ApplicationObject(std::shared_ptr<AutomationServer> server)
 
 ApplicationObject::~ApplicationObject() { Server().application_ = nullptr; }
 
-IUnknown* ApplicationObject::OtherInterface(REFIID iid) {
-    if (iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2)
-        return static_cast<IProvideClassInfo2*>(this);
-    if (iid == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
-    return nullptr;
+IUnknown* ApplicationObject::OtherInterface(REFIID iid) noexcept {
+    IUnknown* const found =
+        kestrel::win32::FindInterface<IProvideClassInfo2, IConnectionPointContainer>(this, iid);
+    return found ? found : AutomationObject::OtherInterface(iid);
 }
 
 HRESULT ApplicationObject::GetClassInfo(ITypeInfo** info) noexcept {
@@ -61,7 +60,9 @@ HRESULT ApplicationObject::EnumConnectionPoints(IEnumConnectionPoints** points) 
     if (!points) return E_POINTER;
     *points = nullptr;
     return Guarded(nullptr, [&] {
-        *points = Enumerator<PointTraits>::Make({ComPtr<IConnectionPoint>(&events_)}).Detach();
+        *points =
+            kestrel::win32::Enumerator<PointTraits>::Make({ComPtr<IConnectionPoint>(&events_)})
+                .Detach();
     });
 }
 

@@ -38,7 +38,7 @@ class ApplicationObject final : public AutomationObject,
                                                   IConnectionPoint** point) noexcept override;
 
  private:
-    IUnknown* OtherInterface(REFIID iid) override;
+    IUnknown* OtherInterface(REFIID iid) noexcept override;
     void Run(DISPID id, WORD kinds, Invocation& call) override;
 
     ReferenceHost& Host() const { return Server().Host(); }

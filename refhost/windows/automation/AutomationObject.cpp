@@ -15,30 +15,8 @@ AutomationObject::AutomationObject(std::shared_ptr<AutomationServer> server, con
 
 AutomationObject::~AutomationObject() { server_->DropUse(); }
 
-HRESULT AutomationObject::QueryInterface(REFIID iid, void** object) noexcept {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    IUnknown* found = nullptr;
-    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == iid_)
-        found = static_cast<IDispatch*>(this);
-    else if (iid == IID_ISupportErrorInfo)
-        found = static_cast<ISupportErrorInfo*>(this);
-    else
-        found = OtherInterface(iid);
-    if (!found) return E_NOINTERFACE;
-    found->AddRef();
-    *object = found;
-    return S_OK;
-}
-
-ULONG AutomationObject::AddRef() noexcept {
-    return static_cast<ULONG>(InterlockedIncrement(&references_));
-}
-
-ULONG AutomationObject::Release() noexcept {
-    const LONG left = InterlockedDecrement(&references_);
-    if (left == 0) delete this;
-    return static_cast<ULONG>(left);
+IUnknown* AutomationObject::OtherInterface(REFIID iid) noexcept {
+    return iid == iid_ ? AsDispatch() : nullptr;
 }
 
 HRESULT AutomationObject::GetTypeInfoCount(UINT* count) noexcept {

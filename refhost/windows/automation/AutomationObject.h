@@ -1,12 +1,9 @@
 #pragma once
 
-#include <windows.h>
-// windows.h first
-#include <oaidl.h>
-
 #include <memory>
 #include <span>
 
+#include "platform/win32/ComObject.h"
 #include "platform/win32/Variant.h"
 #include "refhost/windows/automation/AutomationServer.h"
 #include "refhost/windows/automation/Invocation.h"
@@ -31,16 +28,8 @@ struct Member {
 /// An object of the host: a dispatch interface described in the type library. Calls go through
 /// the object's own table, as ITypeInfo::Invoke would cost several times as much. What a member
 /// raises becomes DISP_E_EXCEPTION with its sentence.
-class AutomationObject : public IDispatch, public ISupportErrorInfo {
+class AutomationObject : public kestrel::win32::ComObject<IDispatch, ISupportErrorInfo> {
  public:
-    AutomationObject(const AutomationObject&) = delete;
-    AutomationObject& operator=(const AutomationObject&) = delete;
-
-    // IUnknown
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override;
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override;
-    ULONG STDMETHODCALLTYPE Release() noexcept override;
-
     // IDispatch
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override;
@@ -57,10 +46,10 @@ class AutomationObject : public IDispatch, public ISupportErrorInfo {
 
  protected:
     AutomationObject(std::shared_ptr<AutomationServer> server, const IID& iid);
-    virtual ~AutomationObject();
+    ~AutomationObject() override;
 
-    /// Another interface of the object, without a reference added; nothing when it has none.
-    virtual IUnknown* OtherInterface(REFIID) { return nullptr; }
+    /// The object's own dispatch interface.
+    IUnknown* OtherInterface(REFIID iid) noexcept override;
     /// Finds the member and runs it; CallFailure when it cannot be called so.
     virtual void Run(DISPID id, WORD kinds, Invocation& call) = 0;
     /// `plan.Tasks(3)`: a call with arguments of a property that takes none goes to the default
@@ -92,7 +81,6 @@ class AutomationObject : public IDispatch, public ISupportErrorInfo {
  private:
     const std::shared_ptr<AutomationServer> server_;
     const IID& iid_;
-    LONG references_ = 1;  ///< the maker's
 };
 
 }  // namespace refhost::automation

@@ -1,6 +1,5 @@
 #include "base/Errors.h"
 #include "refhost/windows/automation/DispatchIds.h"
-#include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/PlanObjects.h"
 
 #include <Schedulon.h>
@@ -36,8 +35,7 @@ class CostItemsObject final : public PlanPart {
         static constexpr Member<CostItemsObject> kMembers[] = {
             {ID_DEFAULT, kGet, 1, 1, [](auto& o, auto& c) { c.Answer(o.Item(c.Whole(0))); }},
             {ID_COLLECTION_COUNT, kGet, 0, 0, [](auto& o, auto& c) { c.Answer(o.Count()); }},
-            {ID_NEWENUM, kGet | kCall, 0, 0,
-             [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
+            {ID_NEWENUM, kGet | kCall, 0, 0, [](auto& o, auto& c) { c.AnswerEnumerator(o.All()); }},
         };
         RunMember<CostItemsObject>(kMembers, *this, id, kinds, call);
     }

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "base/Errors.h"
+#include "platform/win32/Enumerator.h"
 #include "refhost/windows/automation/DispatchIds.h"
-#include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/Failures.h"
 
 #include <Schedulon.h>
@@ -20,14 +20,14 @@ struct ConnectionTraits {
     using Interface = IEnumConnections;
     using Element = std::pair<DWORD, ComPtr<IDispatch>>;
     using Out = CONNECTDATA;
-    static const IID& Iid() { return IID_IEnumConnections; }
     static void Copy(const Element& element, CONNECTDATA& out) {
         out.dwCookie = element.first;
         out.pUnk = ComPtr<IDispatch>(element.second).Detach();
     }
 };
 
-HRESULT Call(IDispatch& sink, DISPID event, IDispatch* plan, FailureReport& failure) {
+HRESULT Call(IDispatch& sink, DISPID event, IDispatch* plan,
+             kestrel::win32::ExceptionInfo& failure) {
     VARIANTARG argument;  // borrowed: the sink adds its own reference
     argument.vt = VT_DISPATCH;
     argument.pdispVal = plan;
@@ -57,12 +57,8 @@ void EventSource::Disconnect() {
 }
 
 HRESULT EventSource::QueryInterface(REFIID iid, void** object) noexcept {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IConnectionPoint) return E_NOINTERFACE;
-    AddRef();
-    *object = static_cast<IConnectionPoint*>(this);
-    return S_OK;
+    using namespace kestrel::win32;
+    return AnswerInterface(FindInterface<IConnectionPoint>(this, iid), object);
 }
 
 HRESULT EventSource::GetConnectionInterface(IID* iid) noexcept {
@@ -105,7 +101,8 @@ HRESULT EventSource::EnumConnections(IEnumConnections** connections) noexcept {
         std::vector<ConnectionTraits::Element> elements;
         for (const auto& connection : *connections_)
             elements.emplace_back(connection.cookie, connection.sink);
-        *connections = Enumerator<ConnectionTraits>::Make(std::move(elements)).Detach();
+        *connections =
+            kestrel::win32::Enumerator<ConnectionTraits>::Make(std::move(elements)).Detach();
     });
 }
 
@@ -141,11 +138,11 @@ void EventSource::Raise(DISPID event, const char* name) {
     std::optional<std::string> firstFailure;
     for (const Connection& connection : *connections) {
         if (!IsConnected(connection.cookie)) continue;  // has left during this event
-        FailureReport failure;
+        kestrel::win32::ExceptionInfo failure;
         const HRESULT result = Call(*connection.sink.Get(), event, plan.Get(), failure);
         if (SUCCEEDED(result)) continue;
         if (!firstFailure)
-            firstFailure = failure.Sentence(result, std::string("A listener failed in ") + name);
+            firstFailure = SentenceOf(result, failure, std::string("A listener failed in ") + name);
         if (HasGone(result)) Remove(connection.cookie);
     }
     if (firstFailure) throw kestrel::HostError(*firstFailure);

@@ -1,40 +1,33 @@
 #pragma once
 
-#include <windows.h>
-// windows.h first
-#include <oaidl.h>
-
 #include <string>
 
+#include "platform/win32/ComErrors.h"
 #include "refhost/windows/automation/Invocation.h"
 
 namespace refhost::automation {
 
-/// Turns the exception being handled into what IDispatch::Invoke answers: its sentence goes into
-/// `failure` (which may be nothing) and, for callers that look there, into the thread's error
-/// object.
-HRESULT TranslateException(EXCEPINFO* failure, UINT* badArgument) noexcept;
+inline constexpr kestrel::win32::ErrorOrigin kHostOrigin{IID_IDispatch, L"Schedulon.Application",
+                                                         "The host"};
 
-/// Runs what may raise at the edge to COM, where no exception may pass.
+/// Runs what may raise at the edge to COM, where no exception may pass. For IDispatch::Invoke,
+/// which has places for what it tells of a failure.
 template <class Body>
 HRESULT Guarded(EXCEPINFO* failure, Body&& body, UINT* badArgument = nullptr) noexcept {
     try {
         body();
         return S_OK;
+    } catch (const CallFailure& wrong) {
+        if (badArgument) *badArgument = wrong.argument;
+        return wrong.code;
     } catch (...) {
-        return TranslateException(failure, badArgument);
+        return kestrel::win32::TranslateException(kHostOrigin, failure);
     }
 }
 
-/// What an object that was called tells of its failure.
-struct FailureReport : EXCEPINFO {
-    FailureReport() : EXCEPINFO{} {}
-    ~FailureReport();
-    FailureReport(const FailureReport&) = delete;
-    FailureReport& operator=(const FailureReport&) = delete;
-
-    /// The object's own sentence; without one `otherwise` and what the system says of the code.
-    std::string Sentence(HRESULT result, const std::string& otherwise);
-};
+/// What an object that was called tells of its failure, in a sentence; without one `otherwise` and
+/// what the system says of the code.
+std::string SentenceOf(HRESULT result, kestrel::win32::ExceptionInfo& failure,
+                       const std::string& otherwise);
 
 }  // namespace refhost::automation

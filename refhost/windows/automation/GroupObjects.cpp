@@ -1,5 +1,4 @@
 #include "refhost/windows/automation/DispatchIds.h"
-#include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/PlanObjects.h"
 
 #include <Schedulon.h>
@@ -88,8 +87,7 @@ class MembersObject final : public PlanPart {
              [](auto& o, auto& c) {
                  c.Answer(static_cast<std::int32_t>(o.members_->Enumerate().size()));
              }},
-            {ID_NEWENUM, kGet | kCall, 0, 0,
-             [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
+            {ID_NEWENUM, kGet | kCall, 0, 0, [](auto& o, auto& c) { c.AnswerEnumerator(o.All()); }},
             {ID_COLLECTION_ADD, kCall, 1, 1,
              [](auto& o, auto& c) { c.Answer(o.Give(o.members_->Add(c.Text(0)))); }},
         };
@@ -147,8 +145,7 @@ class GroupsObject final : public PlanPart {
              [](auto& o, auto& c) {
                  c.Answer(static_cast<std::int32_t>(o.Groups().Enumerate().size()));
              }},
-            {ID_NEWENUM, kGet | kCall, 0, 0,
-             [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
+            {ID_NEWENUM, kGet | kCall, 0, 0, [](auto& o, auto& c) { c.AnswerEnumerator(o.All()); }},
             {ID_COLLECTION_ADD, kCall, 1, 1,
              [](auto& o, auto& c) { c.Answer(OfferGroup(o.Owner(), o.Groups().Add(c.Text(0)))); }},
             {ID_COLLECTION_REMOVE, kCall, 1, 1,

@@ -4,6 +4,7 @@
 
 #include "base/Errors.h"
 #include "platform/XmlCharacters.h"
+#include "platform/win32/Enumerator.h"
 #include "platform/win32/Variant.h"
 
 namespace refhost::automation {
@@ -14,6 +15,16 @@ using kestrel::win32::Utf8;
 using kestrel::win32::Variant;
 
 namespace {
+
+struct ObjectTraits {
+    using Interface = IEnumVARIANT;
+    using Element = ComPtr<IDispatch>;
+    using Out = VARIANT;
+    static void Copy(const Element& element, VARIANT& out) {
+        out.vt = VT_DISPATCH;
+        out.pdispVal = ComPtr<IDispatch>(element).Detach();
+    }
+};
 
 /// How languages say that an optional argument is left out.
 bool IsLeftOut(const VARIANT& value) {
@@ -156,10 +167,10 @@ void Invocation::Answer(ComPtr<IDispatch> object) {
     answer_->pdispVal = object.Detach();
 }
 
-void Invocation::AnswerEnumerator(ComPtr<IUnknown> object) {
+void Invocation::AnswerEnumerator(std::vector<ComPtr<IDispatch>> objects) {
     if (!answer_) return;
+    answer_->punkVal = kestrel::win32::Enumerator<ObjectTraits>::Make(std::move(objects)).Detach();
     answer_->vt = VT_UNKNOWN;
-    answer_->punkVal = object.Detach();
 }
 
 void Invocation::AnswerDate(double serial) {

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/win32/ComPtr.h"
 
@@ -55,7 +56,8 @@ class Invocation {
     void Answer(bool truth);
     void Answer(const std::string& text);
     void Answer(kestrel::win32::ComPtr<IDispatch> object);  ///< nothing: Nothing
-    void AnswerEnumerator(kestrel::win32::ComPtr<IUnknown> object);
+    /// An enumerator of the objects, as `_NewEnum` answers it.
+    void AnswerEnumerator(std::vector<kestrel::win32::ComPtr<IDispatch>> objects);
     void AnswerDate(double serial);
     ///@}
 

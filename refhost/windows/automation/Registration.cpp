@@ -55,7 +55,7 @@ std::wstring Expanded(std::wstring text) {
     const std::pair<std::wstring_view, std::wstring> marks[] = {
         {L"%CLSID%", GuidText(CLSID_Application)},
         {L"%LIBID%", GuidText(LIBID_Schedulon)},
-        {L"%PROGRAM%", TypeLibrary::ProgramPath()}};
+        {L"%PROGRAM%", kestrel::win32::ModulePath()}};
     for (const auto& [mark, by] : marks)
         if (const auto at = text.find(mark); at != text.npos) text.replace(at, mark.size(), by);
     return text;

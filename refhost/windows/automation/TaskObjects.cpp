@@ -1,6 +1,5 @@
 #include "base/Errors.h"
 #include "refhost/windows/automation/DispatchIds.h"
-#include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/PlanObjects.h"
 
 #include <Schedulon.h>
@@ -20,8 +19,7 @@ class TasksObject final : public PlanPart {
             {ID_DEFAULT, kGet, 1, 1, [](auto& o, auto& c) { c.Answer(o.Item(c)); }},
             {ID_COLLECTION_COUNT, kGet, 0, 0,
              [](auto& o, auto& c) { c.Answer(static_cast<std::int32_t>(o.tasks_.size())); }},
-            {ID_NEWENUM, kGet | kCall, 0, 0,
-             [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
+            {ID_NEWENUM, kGet | kCall, 0, 0, [](auto& o, auto& c) { c.AnswerEnumerator(o.All()); }},
         };
         RunMember<TasksObject>(kMembers, *this, id, kinds, call);
     }

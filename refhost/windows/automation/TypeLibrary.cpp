@@ -23,17 +23,4 @@ ComPtr<ITypeInfo> TypeLibrary::Info(REFIID iid) {
     return info;
 }
 
-std::wstring TypeLibrary::ProgramPath() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {  // the call cuts off silently what does not fit
-        const DWORD length =
-            GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
-
 }  // namespace refhost::automation

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/win32/ComPtr.h"
+#include "platform/win32/Paths.h"
 
 namespace refhost::automation {
 
@@ -16,16 +17,13 @@ namespace refhost::automation {
 class TypeLibrary {
  public:
     /// That of this program. Raises kestrel::HostError when it cannot be loaded.
-    TypeLibrary() : TypeLibrary(ProgramPath()) {}
+    TypeLibrary() : TypeLibrary(kestrel::win32::ModulePath()) {}
     explicit TypeLibrary(const std::wstring& path);
 
     /// Description of an interface or class of the library; nothing when there is none.
     kestrel::win32::ComPtr<ITypeInfo> Info(REFIID iid);
     ITypeLib& Library() const { return *library_; }
     const std::wstring& Path() const { return path_; }
-
-    /// Full path of the running program.
-    static std::wstring ProgramPath();
 
  private:
     std::wstring path_;

@@ -1,6 +1,5 @@
 #include "base/Errors.h"
 #include "refhost/windows/automation/DispatchIds.h"
-#include "refhost/windows/automation/Enumerator.h"
 #include "refhost/windows/automation/PlanObjects.h"
 
 #include <Schedulon.h>
@@ -35,8 +34,7 @@ class UserFieldsObject final : public PlanPart {
             {ID_DEFAULT, kGet, 1, 1, [](auto& o, auto& c) { c.Answer(o.Item(c)); }},
             {ID_COLLECTION_COUNT, kGet, 0, 0,
              [](auto& o, auto& c) { c.Answer(static_cast<std::int32_t>(o.Fields().size())); }},
-            {ID_NEWENUM, kGet | kCall, 0, 0,
-             [](auto& o, auto& c) { c.AnswerEnumerator(ObjectEnumerator::Make(o.All()).Get()); }},
+            {ID_NEWENUM, kGet | kCall, 0, 0, [](auto& o, auto& c) { c.AnswerEnumerator(o.All()); }},
             {ID_COLLECTION_ADD, kCall, 2, 2,
              [](auto& o, auto& c) {
                  o.Plan().UserFieldDefinitions()->Add(c.StoredText(0), c.Small(1));

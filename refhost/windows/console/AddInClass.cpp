@@ -5,10 +5,10 @@
 
 #include "base/Errors.h"
 #include "platform/win32/Handles.h"
+#include "platform/win32/Paths.h"
 #include "platform/win32/SystemMessage.h"
 #include "platform/win32/WideText.h"
 #include "refhost/windows/automation/Failures.h"
-#include "refhost/windows/automation/TypeLibrary.h"
 
 namespace refhost {
 
@@ -47,7 +47,7 @@ class ContextScope {
 };
 
 std::wstring ProgramFolder() {
-    const std::wstring program = automation::TypeLibrary::ProgramPath();
+    const std::wstring program = kestrel::win32::ModulePath();
     return program.substr(0, program.find_last_of(L'\\') + 1);
 }
 
@@ -60,7 +60,7 @@ bool DllIsBeside(const std::wstring& folder) {
 ActivationContext DllBeside() {
     const std::wstring folder = ProgramFolder();
     if (!DllIsBeside(folder)) return ActivationContext();
-    const std::wstring program = automation::TypeLibrary::ProgramPath();
+    const std::wstring program = kestrel::win32::ModulePath();
     ACTCTXW request{};
     request.cbSize = sizeof request;
     request.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
@@ -96,13 +96,13 @@ void CallMethod(IDispatch& object, const wchar_t* method) {
     auto* name = const_cast<wchar_t*>(method);
     const std::string what = "The add-in failed in " + kestrel::win32::Utf8(method);
     DISPID id = 0;
-    automation::FailureReport failure;
+    kestrel::win32::ExceptionInfo failure;
     HRESULT result = object.GetIDsOfNames(IID_NULL, &name, 1, LOCALE_INVARIANT, &id);
-    if (FAILED(result)) throw kestrel::HostError(failure.Sentence(result, what));
+    if (FAILED(result)) throw kestrel::HostError(automation::SentenceOf(result, failure, what));
     DISPPARAMS none{};
     result = object.Invoke(id, IID_NULL, LOCALE_INVARIANT, DISPATCH_METHOD, &none, nullptr,
                            &failure, nullptr);
-    if (FAILED(result)) throw kestrel::HostError(failure.Sentence(result, what));
+    if (FAILED(result)) throw kestrel::HostError(automation::SentenceOf(result, failure, what));
 }
 
 }  // namespace refhost

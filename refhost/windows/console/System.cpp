@@ -4,9 +4,9 @@
 
 #include <filesystem>
 
+#include "platform/win32/Paths.h"
 #include "platform/win32/WideText.h"
 #include "refhost/cli/FilePath.h"
-#include "refhost/windows/automation/TypeLibrary.h"
 #include "refhost/windows/console/ComAddIn.h"
 
 namespace refhost {
@@ -38,7 +38,7 @@ std::uint64_t MemoryOfProgram() {
 }
 
 std::string InstallationFolder() {
-    const std::filesystem::path program = automation::TypeLibrary::ProgramPath();
+    const std::filesystem::path program = kestrel::win32::ModulePath();
     return Utf8Path(program.parent_path());
 }
 

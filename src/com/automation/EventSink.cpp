@@ -12,18 +12,7 @@ namespace {
 
 using win32::ComPtr;
 
-/// The exception that is being handled, as a host gets it that calls through Invoke: its sentence
-/// in `failure`, or as the thread's error information when the host wants no more than that.
-HRESULT ReportException(EXCEPINFO* failure) noexcept {
-    const HRESULT code = win32::TranslateException({IID_IDispatch, L"KestrelDll.clsKestrelDll"});
-    ComPtr<IErrorInfo> error;
-    if (!failure || GetErrorInfo(0, error.Out()) != S_OK) return code;
-    *failure = {};
-    failure->scode = code;
-    static_cast<void>(error->GetSource(&failure->bstrSource));  // a failure leaves no text
-    static_cast<void>(error->GetDescription(&failure->bstrDescription));
-    return DISP_E_EXCEPTION;
-}
+constexpr win32::ErrorOrigin kOrigin{IID_IDispatch, L"KestrelDll.clsKestrelDll"};
 
 /// Sets a flag as long as it lives.
 class Delivery {
@@ -45,40 +34,6 @@ void EventSink::Disconnect() noexcept {
     planObject_.Reset();
 }
 
-HRESULT EventSink::QueryInterface(REFIID id, void** object) noexcept {
-    if (!object) return E_POINTER;
-    const bool known = id == IID_IUnknown || id == IID_IDispatch || id == source_.id;
-    *object = known ? static_cast<IDispatch*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG EventSink::AddRef() noexcept {
-    return static_cast<ULONG>(InterlockedIncrement(&references_));
-}
-
-ULONG EventSink::Release() noexcept {
-    const LONG left = InterlockedDecrement(&references_);
-    if (left == 0) delete this;
-    return static_cast<ULONG>(left);
-}
-
-HRESULT EventSink::GetTypeInfoCount(UINT* count) noexcept {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
-}
-
-HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** type) noexcept {
-    if (type) *type = nullptr;
-    return E_NOTIMPL;
-}
-
-HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept {
-    return E_NOTIMPL;  // the host calls by the ids of its own interface
-}
-
 HRESULT EventSink::Invoke(DISPID id, REFIID reserved, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                           EXCEPINFO* failure, UINT*) noexcept try {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
@@ -92,7 +47,7 @@ HRESULT EventSink::Invoke(DISPID id, REFIID reserved, LCID, WORD, DISPPARAMS* pa
         Deliver(static_cast<AnalysisEvent>(event - source_.events.begin()), parameters);
     return S_OK;
 } catch (...) {
-    return ReportException(failure);
+    return win32::TranslateException(kOrigin, failure);
 }
 
 void EventSink::Deliver(AnalysisEvent event, const DISPPARAMS* parameters) {

@@ -7,7 +7,7 @@
 #include "com/automation/Dispatch.h"
 #include "com/automation/EventInterface.h"
 #include "host/HostModel.h"
-#include "platform/win32/ModuleRef.h"
+#include "platform/win32/ComObject.h"
 
 namespace kestrel::com {
 
@@ -16,7 +16,7 @@ namespace kestrel::com {
 /// what the listener throws becomes a failing HRESULT with a description, and so does an event that
 /// comes while another is being delivered. The host may hold the
 /// object for longer than the listener lives and may call it then: nothing happens.
-class EventSink final : public IDispatch {
+class EventSink final : public win32::WithoutTypes<win32::ComObject<IDispatch>> {
  public:
     EventSink(const EventInterface& source, ConnectionPtr connection,
               host::AnalysisEvents& listener)
@@ -26,28 +26,18 @@ class EventSink final : public IDispatch {
     /// Forgets the listener, also in the middle of an event.
     void Disconnect() noexcept;
 
-    // IUnknown
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override;
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override;
-    ULONG STDMETHODCALLTYPE Release() noexcept override;
-
-    // IDispatch
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale,
-                                          ITypeInfo** type) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count,
-                                            LCID locale, DISPID* ids) noexcept override;
+    // IDispatch; the host calls by the ids of its own interface
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* answer, EXCEPINFO* failure,
                                      UINT* wrongArgument) noexcept override;
 
  private:
-    ~EventSink() = default;
+    IUnknown* OtherInterface(REFIID id) noexcept override {
+        return id == source_.id ? this : nullptr;
+    }
     void Deliver(AnalysisEvent event, const DISPPARAMS* parameters);
     host::PlanPtr PlanOf(const DISPPARAMS* parameters);
 
-    LONG references_ = 0;
-    win32::ModuleRef module_;  // the host may hold the sink when all else is gone
     EventInterface source_;
     ConnectionPtr connection_;
     host::AnalysisEvents* listener_;

@@ -11,7 +11,7 @@ EventSubscription::EventSubscription(const Dispatch& application, host::Analysis
     IDispatch& object = *application.Object();
     const EventInterface source = FindEventInterface(object);
     auto point = FindConnectionPoint(object, source.id);
-    sink_ = new EventSink(source, application.SharedConnection(), listener);
+    sink_ = win32::MakeCom<EventSink>(source, application.SharedConnection(), listener);
     const HRESULT result = cookie_.Advise(std::move(point), *sink_);
     if (SUCCEEDED(result)) return;
     sink_->Disconnect();

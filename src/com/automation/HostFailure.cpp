@@ -1,7 +1,6 @@
 #include "com/automation/HostFailure.h"
 
 #include <string>
-#include <utility>
 
 #include "base/Errors.h"
 #include "base/Text.h"
@@ -49,28 +48,12 @@ HRESULT CodeOf(HRESULT result, const ExceptionInfo& info) {
 }
 
 std::string Reason(HRESULT result, const ExceptionInfo& info, IDispatch* object) {
-    std::string text;
-    if (result == DISP_E_EXCEPTION) {
-        if (info.bstrDescription)
-            text = win32::Utf8({info.bstrDescription, SysStringLen(info.bstrDescription)});
-    } else {
-        text = ErrorObjectText(object);
-    }
-    text = TrimmedEnd(text, kSentenceEnd);
+    const std::string text = TrimmedEnd(
+        result == DISP_E_EXCEPTION ? info.Description() : ErrorObjectText(object), kSentenceEnd);
     return text.empty() ? win32::SystemMessage(CodeOf(result, info)) : text;
 }
 
 }  // namespace
-
-void ExceptionInfo::FillIn() {
-    auto* fill = std::exchange(pfnDeferredFillIn, nullptr);
-    if (fill && FAILED(fill(this))) FreeStrings();
-}
-
-void ExceptionInfo::FreeStrings() {
-    for (BSTR* text : {&bstrSource, &bstrDescription, &bstrHelpFile})
-        SysFreeString(std::exchange(*text, nullptr));
-}
 
 void RaiseHostFailure(HostAction action, HostMember member, HRESULT result,
                       const ExceptionInfo& info, IDispatch* object) {

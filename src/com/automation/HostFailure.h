@@ -1,12 +1,9 @@
 #pragma once
 
-#include <windows.h>
-// windows.h first
-#include <oaidl.h>
-
 #include <string>
 
 #include "com/automation/HostMembers.h"
+#include "platform/win32/ComErrors.h"
 
 /// What went wrong in a call to the host, as the one host error with a sentence that names the
 /// member: "The host could not read Task.Duration: the plan is locked."
@@ -18,22 +15,7 @@ inline constexpr LCID kHostLocale = 0x0409;
 
 enum class HostAction { Find, Read, Put, Run };
 
-/// The host's description of a failure; its strings are freed at the end.
-class ExceptionInfo : public EXCEPINFO {
- public:
-    ExceptionInfo() : EXCEPINFO{} {}
-    ~ExceptionInfo() {
-        if (bstrSource || bstrDescription || bstrHelpFile) FreeStrings();
-    }
-    ExceptionInfo(const ExceptionInfo&) = delete;
-    ExceptionInfo& operator=(const ExceptionInfo&) = delete;
-
-    /// Has a host that describes its failures only on demand do so.
-    void FillIn();
-
- private:
-    void FreeStrings();
-};
+using win32::ExceptionInfo;
 
 /// Raises HostError for a failing `result`: in the words of `info`, else of the error object
 /// that `object` left, else of the system. `object` may be nothing.

@@ -6,6 +6,7 @@
 #include "com/automation/HostLink.h"
 #include "com/server/Module.h"
 #include "platform/win32/ComErrors.h"
+#include "platform/win32/ComObject.h"
 
 namespace kestrel::com {
 namespace {
@@ -72,22 +73,11 @@ HRESULT AddInObject::Create(IUnknown* outer, REFIID iid, void** object) noexcept
 KESTREL_COM_CATCH(kOrigin)
 
 HRESULT AddInObject::OwnUnknown::QueryInterface(REFIID iid, void** object) noexcept {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    IUnknown* found = nullptr;
-    if (iid == IID_IUnknown)
-        *object = found = this;
-    else if (iid == IID_IDispatch || iid == IID__clsKestrelDll)
-        *object = found = static_cast<_clsKestrelDll*>(&object_);
-    else if (iid == IID_ISupportErrorInfo)
-        *object = found = static_cast<ISupportErrorInfo*>(&object_);
-    else if (iid == IID_IProvideClassInfo)
-        *object = found = static_cast<IProvideClassInfo*>(&object_);
-    else if (iid == IID_IObjectWithSite)
-        *object = found = static_cast<IObjectWithSite*>(&object_);
-    if (!found) return E_NOINTERFACE;
-    found->AddRef();
-    return S_OK;
+    if (iid == IID_IUnknown) return win32::AnswerInterface(this, object);
+    return win32::AnswerInterface(
+        win32::FindInterface<_clsKestrelDll, ISupportErrorInfo, IProvideClassInfo, IObjectWithSite>(
+            &object_, iid),
+        object);
 }
 
 ULONG AddInObject::OwnUnknown::Release() noexcept {

@@ -6,19 +6,33 @@
 
 #include <KestrelDll.h>
 
-#include "com/server/AddInFactory.h"
+#include "com/server/AddInObject.h"
 #include "com/server/Module.h"
 #include "com/server/Registration.h"
-#include "platform/win32/ModuleRef.h"
+#include "platform/win32/ClassFactory.h"
 
-STDAPI DllCanUnloadNow() { return kestrel::win32::ModuleRef::InUse() ? S_FALSE : S_OK; }
+namespace {
 
-STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
+using kestrel::win32::ClassFactory;
+using kestrel::win32::MakeCom;
+using kestrel::win32::ModuleRef;
+
+constexpr kestrel::win32::ErrorOrigin kOrigin{IID_IClassFactory, L"KestrelDll.clsKestrelDll"};
+
+void CountLock(bool taken) { taken ? ModuleRef::Lock() : ModuleRef::Unlock(); }
+
+}  // namespace
+
+STDAPI DllCanUnloadNow() { return ModuleRef::InUse() ? S_FALSE : S_OK; }
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept try {
     if (!object) return E_POINTER;
     *object = nullptr;
     if (clsid != CLSID_clsKestrelDll) return CLASS_E_CLASSNOTAVAILABLE;
-    return kestrel::com::AddInFactory::Create(iid, object);
+    return MakeCom<ClassFactory>(kOrigin, kestrel::com::AddInObject::Create, CountLock)
+        ->QueryInterface(iid, object);
 }
+KESTREL_COM_CATCH(kOrigin)
 
 STDAPI DllRegisterServer() { return kestrel::com::RegisterServer(); }
 

@@ -6,14 +6,15 @@
 
 #include <string>
 
+#include "platform/win32/Paths.h"
+
 /// The DLL that this code is part of.
 namespace kestrel::com {
 
 /// Known without DllMain: the linker names the place where the image begins.
 HINSTANCE OwnModule() noexcept;
 
-/// Full path of the DLL, of any length. Empty when the system does not tell.
-std::wstring OwnPath();
+inline std::wstring OwnPath() { return win32::ModulePath(OwnModule()); }
 
 /// The type library among the DLL's resources; nothing of the registry is read or written.
 HRESULT LoadOwnTypeLibrary(ITypeLib** library) noexcept;

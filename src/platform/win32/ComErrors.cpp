@@ -3,6 +3,7 @@
 #include <exception>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "base/Errors.h"
 #include "platform/win32/Bstr.h"
@@ -21,6 +22,15 @@ ComPtr<IErrorInfo> MakeErrorInfo(const ErrorOrigin& origin, std::string_view sen
         FAILED(filled->SetDescription(description.Get())))
         return nullptr;
     return filled.As<IErrorInfo>(IID_IErrorInfo);
+}
+
+HRESULT FailWithFault(const ErrorOrigin& origin, const char* link, const char* what) noexcept {
+    try {
+        return FailWith(E_UNEXPECTED, origin,
+                        origin.program + std::string(" has met a fault of its own") + link + what);
+    } catch (const std::bad_alloc&) {
+        return FailWith(E_UNEXPECTED, origin, what);
+    }
 }
 
 }  // namespace
@@ -46,17 +56,35 @@ HRESULT TranslateException(const ErrorOrigin& origin) noexcept {
     } catch (const std::bad_alloc&) {
         return FailWith(E_OUTOFMEMORY, origin, "There is not enough memory left for this.");
     } catch (const std::exception& error) {
-        try {
-            return FailWith(
-                E_UNEXPECTED, origin,
-                std::string("The risk factors add-in has met a fault of its own: ") + error.what());
-        } catch (const std::bad_alloc&) {
-            return FailWith(E_UNEXPECTED, origin, error.what());
-        }
+        return FailWithFault(origin, ": ", error.what());
     } catch (...) {
-        return FailWith(E_UNEXPECTED, origin,
-                        "The risk factors add-in has met a fault of its own.");
+        return FailWithFault(origin, ".", "");
     }
+}
+
+HRESULT TranslateException(const ErrorOrigin& origin, EXCEPINFO* failure) noexcept {
+    const HRESULT code = TranslateException(origin);
+    ComPtr<IErrorInfo> error;
+    if (!failure || GetErrorInfo(0, error.Out()) != S_OK) return code;
+    *failure = {};
+    failure->scode = code;
+    static_cast<void>(error->GetSource(&failure->bstrSource));  // a failure leaves no text
+    static_cast<void>(error->GetDescription(&failure->bstrDescription));
+    return DISP_E_EXCEPTION;
+}
+
+void ExceptionInfo::FillIn() {
+    auto* fill = std::exchange(pfnDeferredFillIn, nullptr);
+    if (fill && FAILED(fill(this))) FreeStrings();
+}
+
+std::string ExceptionInfo::Description() const {
+    return bstrDescription ? Utf8({bstrDescription, SysStringLen(bstrDescription)}) : std::string();
+}
+
+void ExceptionInfo::FreeStrings() {
+    for (BSTR* text : {&bstrSource, &bstrDescription, &bstrHelpFile})
+        SysFreeString(std::exchange(*text, nullptr));
 }
 
 }  // namespace kestrel::win32

@@ -1,7 +1,5 @@
 #include "platform/win32/Paths.h"
 
-#include <windows.h>
-
 #include "platform/win32/WideText.h"
 
 namespace kestrel::win32 {
@@ -33,6 +31,19 @@ std::wstring SystemPath(std::string_view path) {
         return full;
     if (full.starts_with(L"\\\\")) return L"\\\\?\\UNC" + full.substr(1);
     return L"\\\\?\\" + full;
+}
+
+std::wstring ModulePath(HMODULE module) {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {  // the call cuts off silently what does not fit
+        const DWORD length =
+            GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
 }
 
 }  // namespace kestrel::win32
