@@ -7,7 +7,7 @@ namespace refhost::automation {
 
 using kestrel::win32::ComPtr;
 
-TypeLibrary::TypeLibrary(const std::wstring& path) : path_(path) {
+TypeLibrary::TypeLibrary(const std::wstring& path) {
     // Not registered as a side effect: that is --register's to do.
     if (FAILED(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library_.Out())))
         throw kestrel::HostError("'" + kestrel::win32::Utf8(path) +

@@ -23,10 +23,8 @@ class TypeLibrary {
     /// Description of an interface or class of the library; nothing when there is none.
     kestrel::win32::ComPtr<ITypeInfo> Info(REFIID iid);
     ITypeLib& Library() const { return *library_; }
-    const std::wstring& Path() const { return path_; }
 
  private:
-    std::wstring path_;
     kestrel::win32::ComPtr<ITypeLib> library_;
     std::vector<std::pair<IID, kestrel::win32::ComPtr<ITypeInfo>>> infos_;  ///< asked for so far
 };

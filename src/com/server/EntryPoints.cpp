@@ -8,16 +8,23 @@
 
 #include "com/server/AddInObject.h"
 #include "com/server/Module.h"
-#include "com/server/Registration.h"
 #include "platform/win32/ClassFactory.h"
+#include "platform/win32/ClassRegistration.h"
 
 namespace {
 
 using kestrel::win32::ClassFactory;
+using kestrel::win32::ClassRegistration;
 using kestrel::win32::MakeCom;
 using kestrel::win32::ModuleRef;
 
 constexpr kestrel::win32::ErrorOrigin kOrigin{IID_IClassFactory, L"KestrelDll.clsKestrelDll"};
+
+ClassRegistration Registration() {
+    return ClassRegistration({CLSID_clsKestrelDll, L"KestrelDll.clsKestrelDll",
+                              L"The risk factors add-in", LIBID_KestrelDll,
+                              ClassRegistration::Server::Dll, kestrel::com::OwnPath()});
+}
 
 void CountLock(bool taken) { taken ? ModuleRef::Lock() : ModuleRef::Unlock(); }
 
@@ -34,6 +41,8 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept try
 }
 KESTREL_COM_CATCH(kOrigin)
 
-STDAPI DllRegisterServer() { return kestrel::com::RegisterServer(); }
+STDAPI DllRegisterServer() noexcept try { return Registration().Register(); }
+KESTREL_COM_CATCH(kOrigin)
 
-STDAPI DllUnregisterServer() { return kestrel::com::UnregisterServer(); }
+STDAPI DllUnregisterServer() noexcept try { return Registration().Unregister(); }
+KESTREL_COM_CATCH(kOrigin)

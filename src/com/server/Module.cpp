@@ -9,15 +9,11 @@ namespace kestrel::com {
 
 HINSTANCE OwnModule() noexcept { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
-HRESULT LoadOwnTypeLibrary(ITypeLib** library) noexcept try {
-    return LoadTypeLibEx(OwnPath().c_str(), REGKIND_NONE, library);
-}
-KESTREL_COM_CATCH((win32::ErrorOrigin{IID_ITypeLib, L"KestrelDll.clsKestrelDll"}))
-
-HRESULT LoadOwnTypeInfo(REFGUID guid, ITypeInfo** info) noexcept {
+HRESULT LoadOwnTypeInfo(REFGUID guid, ITypeInfo** info) noexcept try {
     win32::ComPtr<ITypeLib> library;
-    const HRESULT result = LoadOwnTypeLibrary(library.Out());
+    const HRESULT result = LoadTypeLibEx(OwnPath().c_str(), REGKIND_NONE, library.Out());
     return FAILED(result) ? result : library->GetTypeInfoOfGuid(guid, info);
 }
+KESTREL_COM_CATCH((win32::ErrorOrigin{IID_ITypeLib, L"KestrelDll.clsKestrelDll"}))
 
 }  // namespace kestrel::com

@@ -16,10 +16,8 @@ HINSTANCE OwnModule() noexcept;
 
 inline std::wstring OwnPath() { return win32::ModulePath(OwnModule()); }
 
-/// The type library among the DLL's resources; nothing of the registry is read or written.
-HRESULT LoadOwnTypeLibrary(ITypeLib** library) noexcept;
-
-/// The description of one interface or class in it.
+/// The description of one interface or class in the type library among the DLL's resources;
+/// nothing of the registry is read or written.
 HRESULT LoadOwnTypeInfo(REFGUID guid, ITypeInfo** info) noexcept;
 
 }  // namespace kestrel::com
