@@ -14,6 +14,7 @@
 #include "refhost/gantt/frmRunAnalysis.h"
 #include "refhost/gantt/frmSaveChanges.h"
 #include "support/FakeDesktop.h"
+#include "support/MemorySettings.h"
 #include "support/ScriptedRunner.h"
 #include "ui/progress/frmProgress.h"
 
@@ -23,27 +24,12 @@ namespace {
 using Command = WorkbenchCommand;
 using kestrel::MessageAnswer;
 using kestrel::test::User;
-
-class MemorySettings : public Settings {
- public:
-    std::string Get(const std::string& application, const std::string& section,
-                    const std::string& key, const std::string& fallback) override {
-        const auto found = values_.find(application + "/" + section + "/" + key);
-        return found == values_.end() ? fallback : found->second;
-    }
-    void Save(const std::string& application, const std::string& section, const std::string& key,
-              const std::string& value) override {
-        values_[application + "/" + section + "/" + key] = value;
-    }
-
- private:
-    std::map<std::string, std::string> values_;
-};
+using test::MemorySettings;
 
 /// The add-in linked in, where the real window reaches it through COM.
-class LinkedAddIn : public AddInCommands {
+class DirectCommands : public AddInCommands {
  public:
-    explicit LinkedAddIn(kestrel::clsKestrelDll& dll) : dll_(dll) {}
+    explicit DirectCommands(kestrel::clsKestrelDll& dll) : dll_(dll) {}
     void LaunchEdit() override { dll_.LaunchEdit(); }
     void LaunchAssign() override { dll_.LaunchAssign(); }
     void LaunchShow() override { dll_.LaunchShow(); }
@@ -119,7 +105,7 @@ class WorkbenchTest : public testing::Test {
     ReferenceHost host{settings, "."};
     kestrel::clsKestrelDll dll{[this] { return host::ApplicationPtr(&host, [](auto*) {}); },
                                desktop, runner};
-    LinkedAddIn addIn{dll};
+    DirectCommands addIn{dll};
     BlindWindow window;
     Workbench bench{{host, settings, desktop, runner, addIn, window,
                      [] { return std::make_unique<kestrel::test::FakeDesktop>(); }}};

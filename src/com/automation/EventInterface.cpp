@@ -41,7 +41,7 @@ class TypeAttributes {
     TYPEATTR* attributes_ = nullptr;
 };
 
-ComPtr<ITypeInfo> ClassOf(const ComPtr<IDispatch>& application) {
+ComPtr<ITypeInfo> ClassInfoOf(const ComPtr<IDispatch>& application) {
     const auto provider = application.As<IProvideClassInfo>();
     ComPtr<ITypeInfo> type;
     if (!provider || FAILED(provider->GetClassInfo(type.Out()))) return nullptr;
@@ -104,7 +104,7 @@ DISPID FindEvent(ITypeInfo& source, const TypeAttributes& attributes, const wcha
 
 EventInterface FindEventInterface(IDispatch& application) {
     const ComPtr<IDispatch> object(&application);
-    const ComPtr<ITypeInfo> classType = ClassOf(object);
+    const ComPtr<ITypeInfo> classType = ClassInfoOf(object);
     ComPtr<ITypeInfo> source = NamedSource(object, classType);
     if (!source) source = DefaultSource(classType);
     if (!source) RaiseUnusable("does not describe its events");

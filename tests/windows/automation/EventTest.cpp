@@ -1,23 +1,24 @@
-#include <windows.h>
-// windows.h first
-#include <olectl.h>
-
 #include <gmock/gmock.h>
+#include <olectl.h>
 
 #include "base/Errors.h"
 #include "com/automation/HostLink.h"
+#include "platform/win32/ComErrors.h"
 #include "platform/win32/Variant.h"
+#include "windows/support/DescribedClass.h"
 #include "windows/support/Interception.h"
 #include "windows/support/OfferedHost.h"
-#include "windows/support/ScriptedEvents.h"
+
+#include <Schedulon.h>
 
 namespace kestrel::com {
 namespace {
 
-using test::EventScript;
-using test::EventSource;
-using test::Interception;
+using test::DescribedClass;
 using win32::ComPtr;
+using win32::Variant;
+
+enum { kBefore = 1, kIteration, kAfter };
 
 /// Writes down what it hears, and does what the test says.
 class Listener : public host::AnalysisEvents {
@@ -38,138 +39,108 @@ class Listener : public host::AnalysisEvents {
     }
 };
 
-/// A host with events and a listener to them.
+/// The reference host behind an interception, and a listener to its events.
 class Events : public testing::Test {
  protected:
-    /// An Application that raises events so.
-    host::ApplicationPtr Connect(const EventScript& events = {}) {
-        source_ = ComPtr<EventSource>(new EventSource(between_, events));
-        between_->onQuery = [source = source_](REFIID id, void** object) {
-            const bool asked = id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2 ||
-                               id == IID_IConnectionPointContainer;
-            if (asked) static_cast<void>(source->QueryInterface(id, object));  // the object tells
-            return asked;
-        };
-        return WrapApplication(between_->Over(offered_.application.Get()),
-                               std::make_shared<win32::FloatingPointBorder>());
+    void Subscribe() {
+        application_ = WrapApplication(between_->Over(offered_.application.Get()),
+                                       std::make_shared<win32::FloatingPointBorder>());
+        application_->Subscribe(listener_);
+        ASSERT_EQ(between_->sinks.size(), 1u);
+        sink_ = between_->sinks.begin()->second;  // as a host may keep it for as long as it likes
     }
-    ComPtr<IDispatch> Plan() { return between_->Over(offered_.PlanObject().Get()); }
-    /// Every object of the host has been let go but those that the test itself holds.
-    void ExpectAllReleased() {
-        source_ = nullptr;
-        between_->onQuery = [](REFIID, void**) { return false; };
-        EXPECT_EQ(between_->objects, 0);
+    void Describe(std::vector<std::wstring> names, TYPEKIND kind = TKIND_DISPATCH) {
+        const auto described = win32::MakeCom<DescribedClass>(names, kind);
+        between_->onQuery = [described](REFIID id, void** object) {
+            return SUCCEEDED(described->QueryInterface(id, object));
+        };
+    }
+    void Lack(const IID& lacked) {
+        between_->onQuery = [&lacked](REFIID id, void**) { return id == lacked; };
+    }
+    /// Answers the description of a failure, "" when there is none.
+    std::string Raise(DISPID event, std::vector<VARIANT> arguments = {}) {
+        DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+        win32::ExceptionInfo failure;
+        const HRESULT result = sink_->Invoke(event, IID_NULL, 0x0409, DISPATCH_METHOD, &parameters,
+                                             nullptr, &failure, nullptr);
+        EXPECT_EQ(result == DISP_E_EXCEPTION, !failure.Description().empty());
+        return failure.Description();
+    }
+    std::string RaiseWithPlan(DISPID event) {
+        return Raise(event, {Variant(between_->Over(offered_.PlanObject().Get()).Get())});
     }
 
     refhost::test::OfferedHost offered_;
-    std::shared_ptr<Interception> between_ = std::make_shared<Interception>();
-    ComPtr<EventSource> source_;
+    std::shared_ptr<test::Interception> between_ = std::make_shared<test::Interception>();
+    ComPtr<IDispatch> sink_;
     Listener listener_;
+    host::ApplicationPtr application_;
 };
 
 TEST_F(Events, ReachTheListenerWithTheirPlanUntilItUnsubscribes) {
-    auto application = Connect();
-    application->Subscribe(listener_);
-    application->Subscribe(listener_);
-    ASSERT_EQ(source_->sinks.size(), 1u);
-    {
-        const auto plan = Plan();
-        for (const DISPID event : {1, 2, 2, 3})
-            EXPECT_EQ(source_->RaisePlan(event, plan.Get()), "");
-        EXPECT_EQ(source_->RaisePlan(0, plan.Get()), "");  // another event of the host
-        source_->RaisePlan(1, nullptr);
-        EXPECT_EQ(source_->Raise(3, {}), S_OK);
+    Subscribe();
+    application_->Subscribe(listener_);
+    ASSERT_EQ(between_->sinks.size(), 1u);
+    EXPECT_EQ(sink_.As<IUnknown>(DIID__ApplicationEvents).Get(), sink_.As<IUnknown>().Get());
+    for (const DISPID event : {kBefore, kIteration, kIteration, kAfter})
+        EXPECT_EQ(RaiseWithPlan(event), "");
+    EXPECT_EQ(RaiseWithPlan(99), "") << "another event of the host";
+    const Variant number(std::int32_t{1});
+    EXPECT_NE(Raise(kBefore, {number}), "");
+    EXPECT_EQ(Raise(kBefore), "");
+    {  // arguments that a newer host adds stand behind the plan, which is last in the list
+        const Variant plan(offered_.PlanObject().Get());
+        EXPECT_EQ(Raise(kAfter, {number, plan}), "");
     }
     EXPECT_THAT(listener_.heard,
                 testing::ElementsAre("before Größe", "iteration Größe", "iteration Größe",
-                                     "after Größe", "before", "iteration"));
+                                     "after Größe", "before", "after Größe"));
     EXPECT_EQ(listener_.plans[1], listener_.plans[2]) << "one object for the plan of an analysis";
     listener_.plans.clear();
-
-    application->Unsubscribe(listener_);
-    application->Unsubscribe(listener_);
-    EXPECT_TRUE(source_->sinks.empty());
-    application = nullptr;
-    ExpectAllReleased();
-}
-
-TEST_F(Events, BringTheirPlanInAnyWayThatAHostPassesAnObject) {
-    const auto application = Connect();
-    application->Subscribe(listener_);
-    auto plan = Plan();
-    IDispatch* held = plan.Get();
-    win32::Variant inner(plan.Get());
-    IDispatch* none = nullptr;
-    VARIANT reference{}, value{}, unknown{}, number{}, nothing{};
-    reference.vt = VT_DISPATCH | VT_BYREF;
-    reference.ppdispVal = &held;
-    value.vt = VT_VARIANT | VT_BYREF;
-    value.pvarVal = &inner;
-    unknown.vt = VT_UNKNOWN;
-    unknown.punkVal = held;
-    number.vt = VT_I4;
-    nothing.vt = VT_DISPATCH | VT_BYREF;
-    nothing.ppdispVal = &none;
-    for (const VARIANT& argument : {reference, value, unknown})
-        EXPECT_EQ(source_->Raise(2, {argument}), S_OK);
-    // Arguments that a newer host adds stand behind the plan, which is last in the list.
-    EXPECT_EQ(source_->Raise(2, {number, unknown}), S_OK);
-    EXPECT_THAT(listener_.heard, testing::Each("before Größe"));
-    EXPECT_EQ(listener_.heard.size(), 4u);
-    EXPECT_TRUE(FAILED(source_->Raise(2, {number})));
-    EXPECT_EQ(source_->Raise(2, {nothing}), S_OK);
-    EXPECT_EQ(listener_.heard.size(), 5u);
-    EXPECT_EQ(listener_.heard.back(), "before");
+    for (int i = 0; i < 2; ++i) application_->Unsubscribe(listener_);
+    EXPECT_TRUE(between_->sinks.empty());
+    application_ = nullptr;
+    EXPECT_EQ(between_->objects, 0);
 }
 
 TEST_F(Events, NeverReachAListenerThatHasGoneWhateverTheHostDoes) {
-    for (const HRESULT unadvise : {S_OK, RPC_E_DISCONNECTED}) {
-        SCOPED_TRACE(unadvise);
-        EventScript events;
-        events.unadvise = unadvise;
-        auto application = Connect(events);
-        application->Subscribe(listener_);
-        const auto sinks = source_->sinks;  // a host may keep a sink for as long as it likes
-        application->Unsubscribe(listener_);
-        source_->sinks = sinks;
-        EXPECT_EQ(source_->RaisePlan(1, Plan().Get()), "");
-        application->Subscribe(listener_);
-        application = nullptr;  // with the subscription on
-        EXPECT_EQ(source_->RaisePlan(1, Plan().Get()), "");
-        EXPECT_TRUE(listener_.heard.empty());
-    }
-    ExpectAllReleased();
+    between_->unadvise = RPC_E_DISCONNECTED;
+    Subscribe();
+    application_->Unsubscribe(listener_);
+    EXPECT_EQ(RaiseWithPlan(kBefore), "");
+    Subscribe();
+    application_ = nullptr;  // with the subscription on
+    EXPECT_EQ(RaiseWithPlan(kBefore), "");
+    EXPECT_TRUE(listener_.heard.empty());
+    EXPECT_EQ(between_->objects, 0);
 }
 
 TEST_F(Events, CanEndTheSubscriptionOrTheWholeConnectionWhileTheyAreDelivered) {
-    host::ApplicationPtr application = Connect();
-    application->Subscribe(listener_);
+    Subscribe();
     listener_.reaction = [&] {
-        application->Unsubscribe(listener_);
-        application = nullptr;
+        application_->Unsubscribe(listener_);
+        application_ = nullptr;
         listener_.plans.clear();
     };
-    EXPECT_EQ(source_->RaisePlan(1, Plan().Get()), "");
-    EXPECT_EQ(source_->RaisePlan(2, Plan().Get()), "");
+    for (const DISPID event : {kBefore, kIteration}) EXPECT_EQ(RaiseWithPlan(event), "");
     EXPECT_THAT(listener_.heard, testing::ElementsAre("before Größe"));
-    ExpectAllReleased();
+    EXPECT_EQ(between_->objects, 0);
 }
 
 TEST_F(Events, OfASecondAnalysisInsideTheFirstAreRefused) {
-    const auto application = Connect();
-    application->Subscribe(listener_);
+    Subscribe();
     std::string inner;
-    listener_.reaction = [&] { inner = source_->RaisePlan(1, nullptr); };
-    EXPECT_EQ(source_->RaisePlan(2, nullptr), "");
+    listener_.reaction = [&] { inner = Raise(kBefore); };
+    EXPECT_EQ(Raise(kIteration), "");
     EXPECT_THAT(inner, testing::HasSubstr("inside another one"));
     listener_.reaction = [] {};
-    EXPECT_EQ(source_->RaisePlan(2, nullptr), "");
+    EXPECT_EQ(Raise(kIteration), "");
     EXPECT_THAT(listener_.heard, testing::ElementsAre("iteration", "iteration"));
 }
 
 TEST_F(Events, ReturnWhatTheListenerThrowsAsAFailureInWords) {
-    const auto application = Connect();
-    application->Subscribe(listener_);
+    Subscribe();
     const struct {
         std::function<void()> reaction;
         std::string sentence;
@@ -184,8 +155,9 @@ TEST_F(Events, ReturnWhatTheListenerThrowsAsAFailureInWords) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.sentence);
         listener_.reaction = row.reaction;
-        EXPECT_EQ(source_->RaisePlan(2, nullptr), row.sentence);
-        EXPECT_TRUE(FAILED(source_->Raise(2, {}, nullptr)));
+        EXPECT_EQ(Raise(kIteration), row.sentence);
+        EXPECT_TRUE(FAILED(sink_->Invoke(kIteration, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr,
+                                         nullptr, nullptr)));
     }
 }
 
@@ -194,68 +166,50 @@ TEST_F(Events, OfAHostThatDoesNotDescribeOrRaiseThemAreRefusedInWords) {
         ", so the add-in cannot take part in its risk analyses; install a version of it that this "
         "add-in works with.";
     const struct {
-        const char* what;
-        EventScript events;
+        std::function<void()> prepare;
         std::string sentence;  ///< "" where the host will do
     } rows[] = {
-        {"without the id", {.namesSource = false}, ""},
-        {"letter case and order are free",
-         {.names = {L"PLANAFTERRISKANALYSIS", L"planAfterRiskIteration",
-                    L"PlanBeforeriskanalysis"}},
+        {[&] { Lack(IID_IProvideClassInfo2); }, ""},
+        {[&] {  // letter case and order are free
+             Describe(
+                 {L"PLANAFTERRISKANALYSIS", L"planAfterRiskIteration", L"PlanBeforeriskanalysis"});
+         },
          ""},
-        {"no type information",
-         {.describesClass = false},
+        {[&] {
+             between_->onQuery = [](REFIID id, void**) {
+                 return id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2;
+             };
+         },
          "The host does not describe its events" + ending},
-        {"no connection points",
-         {.connects = false},
+        {[&] { Lack(IID_IConnectionPointContainer); },
          "The host offers no connection point for its events" + ending},
-        {"an event is missing",
-         {.names = {L"PlanBeforeRiskAnalysis", L"PlanAfterRiskAnalysis"}},
+        {[&] {
+             Describe({L"PlanBeforeRiskAnalysis", L"PlanAfterRiskAnalysis"});
+         },
          "The host has no event PlanAfterRiskIteration" + ending},
-        {"not by dispatch ids",
-         {.kind = TKIND_INTERFACE},
+        {[&] { Describe({L"PlanBeforeRiskAnalysis"}, TKIND_INTERFACE); },
          "The host raises its events through an interface without dispatch ids" + ending},
-        {"refused",
-         {.advise = CONNECT_E_ADVISELIMIT},
+        {[&] {
+             between_->onQuery = [](REFIID, void**) { return false; };
+             between_->members["Advise"] = [](auto&) { return CONNECT_E_ADVISELIMIT; };
+         },
          "The host refused to tell the add-in of its risk analyses ("},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+        SCOPED_TRACE(row.sentence);
+        row.prepare();
         std::string sentence;
-        auto application = Connect(row.events);
         try {
-            application->Subscribe(listener_);
+            Subscribe();
         } catch (const HostError& error) {
             sentence = error.what();
         }
         EXPECT_THAT(sentence, testing::StartsWith(row.sentence));
         EXPECT_EQ(sentence.empty(), row.sentence.empty());
-        EXPECT_EQ(source_->sinks.size(), row.sentence.empty() ? 1u : 0u);
-        application = nullptr;
-        ExpectAllReleased();
+        application_ = nullptr;
+        EXPECT_TRUE(between_->sinks.empty());
+        EXPECT_EQ(between_->objects, 0);
     }
-}
-
-TEST_F(Events, AreAskedForByIUnknownIDispatchAndTheSourceInterfaceOnly) {
-    const auto application = Connect();
-    application->Subscribe(listener_);
-    const ComPtr<IDispatch> sink = source_->sinks.at(0);
-    const auto identity = sink.As<IUnknown>();
-    for (const IID& id : {IID_IUnknown, IID_IDispatch, test::kScriptedEvents}) {
-        const auto asked = sink.As<IUnknown>(id);
-        ASSERT_TRUE(asked);
-        EXPECT_EQ(asked.As<IUnknown>().Get(), identity.Get());
-    }
-    EXPECT_FALSE(sink.As<IUnknown>(IID_IConnectionPoint));
-    UINT types = 1;
-    EXPECT_EQ(sink->GetTypeInfoCount(&types), S_OK);
-    EXPECT_EQ(types, 0u);
-    EXPECT_EQ(
-        sink->Invoke(2, IID_IDispatch, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
-        DISP_E_UNKNOWNINTERFACE);
-    EXPECT_EQ(sink->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
-              S_OK);
-    EXPECT_THAT(listener_.heard, testing::ElementsAre("before"));
 }
 
 }  // namespace

@@ -4,12 +4,9 @@
 #include <oleauto.h>
 
 #include "base/Errors.h"
-#include "platform/SystemDesktop.h"
-#include "platform/win32/WideText.h"
-#include "support/TemporaryFolder.h"
+#include "windows/support/DescribedClass.h"
 #include "windows/support/Interception.h"
 #include "windows/support/OfferedHost.h"
-#include "windows/support/ScriptedEvents.h"
 
 namespace kestrel::com {
 namespace {
@@ -17,44 +14,6 @@ namespace {
 using test::Interception;
 using test::PassingCall;
 using win32::ComPtr;
-
-/// The host's name as good as registered, for this thread only, with a server that is missing.
-class PretendedRegistration {
- public:
-    PretendedRegistration() {
-        const std::string path = folder_ / "host.manifest";
-        SystemDesktop().WriteFile(
-            path,
-            "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">"
-            "<assemblyIdentity name=\"Host\" version=\"1.0.0.0\" type=\"win32\"/>"
-            "<file name=\"missing.dll\"><comClass progid=\"Schedulon.Application\" "
-            "clsid=\"{d0c5ab42-61f1-4a52-9b0e-3c57810a6e11}\"/></file></assembly>");
-        const std::wstring wide = win32::Wide(path);
-        ACTCTXW description{};
-        description.cbSize = sizeof description;
-        description.lpSource = wide.c_str();
-        context_ = CreateActCtxW(&description);
-        EXPECT_TRUE(ActivateActCtx(context_, &cookie_));
-    }
-    ~PretendedRegistration() {
-        DeactivateActCtx(0, cookie_);
-        ReleaseActCtx(context_);
-    }
-
- private:
-    test::TemporaryFolder folder_;
-    HANDLE context_ = nullptr;
-    ULONG_PTR cookie_ = 0;
-};
-
-std::string FailureToFind() {
-    try {
-        FindHost();
-    } catch (const HostError& error) {
-        return error.what();
-    }
-    return "";
-}
 
 class HostLink : public testing::Test {
  protected:
@@ -67,25 +26,22 @@ class HostLink : public testing::Test {
     std::shared_ptr<Interception> between_ = std::make_shared<Interception>();
 };
 
-TEST_F(HostLink, FindsTheRunningHostAndSaysWhatToDoWhenThereIsNone) {
-    const PretendedRegistration registered;
-    CLSID hostClass{};  // a stand-in that the activation context makes up
-    ASSERT_EQ(CLSIDFromProgID(kHostProgId, &hostClass), S_OK);
-    DWORD active = 0;
-    ASSERT_EQ(
-        RegisterActiveObject(offered_.application.Get(), hostClass, ACTIVEOBJECT_STRONG, &active),
-        S_OK);
-    EXPECT_EQ(FindHost().Get(), offered_.application.Get());
-    ASSERT_EQ(RevokeActiveObject(active, nullptr), S_OK);
-
-    const std::string failure = FailureToFind();
-    EXPECT_THAT(failure,
-                testing::StartsWith("Schedulon is not running and could not be started ("));
-    EXPECT_THAT(failure, testing::EndsWith("); start it and try again."));
-}
-
-TEST_F(HostLink, RefusesAnApplicationThatIsNone) {
-    EXPECT_THROW(WrapApplication(nullptr, nullptr), HostError);
+TEST_F(HostLink, SaysWhatToDoWhenTheHostCannotBeStarted) {
+    // Registered, with a server that is missing.
+    constexpr const wchar_t* kName = L"Software\\Classes\\Schedulon.Application";
+    constexpr std::wstring_view kNobody = L"{d0c5ab42-61f1-4a52-9b0e-3c57810a6e11}";
+    ASSERT_EQ(RegSetValueW(HKEY_LOCAL_MACHINE, (std::wstring(kName) + L"\\CLSID").c_str(), REG_SZ,
+                           kNobody.data(), 0),
+              ERROR_SUCCESS);
+    try {
+        FindHost();
+        ADD_FAILURE() << "found";
+    } catch (const HostError& error) {
+        EXPECT_THAT(error.what(),
+                    testing::StartsWith("Schedulon is not running and could not be started ("));
+        EXPECT_THAT(error.what(), testing::EndsWith("); start it and try again."));
+    }
+    EXPECT_EQ(RegDeleteTreeW(HKEY_LOCAL_MACHINE, kName), ERROR_SUCCESS);
 }
 
 TEST_F(HostLink, NamesAViewByItsPropertyElseByItsTypeInformation) {
@@ -99,9 +55,9 @@ TEST_F(HostLink, NamesAViewByItsPropertyElseByItsTypeInformation) {
         EXPECT_EQ(name(), expected);
     }
     // A class has the last word over its interfaces.
-    const ComPtr<test::EventSource> classOf(new test::EventSource(between_, {}));
+    const auto described = win32::MakeCom<test::DescribedClass>(std::vector<std::wstring>{L"Any"});
     between_->onQuery = [&](REFIID id, void** object) {
-        return SUCCEEDED(classOf->QueryInterface(id, object));
+        return SUCCEEDED(described->QueryInterface(id, object));
     };
     EXPECT_EQ(name(), "Application");
     between_->onQuery = [](REFIID, void**) { return false; };

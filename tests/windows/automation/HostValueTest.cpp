@@ -20,20 +20,22 @@ using win32::Bstr;
 using win32::ComPtr;
 using win32::Variant;
 
-/// A value of that type, set as the union keeps it.
-template <class Set>
-std::function<void(Variant&)> Of(int type, Set set) {
+using Maker = std::function<void(Variant&)>;
+
+/// A value of that type, in the union's member for it.
+template <class Member>
+Maker Is(int type, Member VARIANT::*member, std::type_identity_t<Member> content) {
     return [=](Variant& value) {
         value.vt = static_cast<VARTYPE>(type);
-        set(value);
+        value.*member = content;
     };
 }
 
-std::function<void(Variant&)> Empty(VARTYPE type) {
+Maker Empty(VARTYPE type) {
     return [=](Variant& value) { value.vt = type; };
 }
 
-std::function<void(Variant&)> Text(const wchar_t* text) {
+Maker Text(const wchar_t* text) {
     return [=](Variant& value) {
         value.vt = VT_BSTR;
         value.bstrVal = Bstr(std::wstring_view(text)).Detach();
@@ -67,9 +69,11 @@ struct Expected {
 
 constexpr std::nullopt_t kNo = std::nullopt;
 
+const Expected kRefused{kNo, kNo, kNo, kNo, kNo};
+
 struct Row {
     const char* what;
-    std::function<void(Variant&)> make;
+    Maker make;
     Expected expected;
 };
 
@@ -89,40 +93,31 @@ DECIMAL Decimal(unsigned long long low, unsigned char scale, bool negative) {
 const Row kRows[] = {
     {"empty", Empty(VT_EMPTY), {0.0, 0, 0, false, ""}},
     {"null", Empty(VT_NULL), {0.0, 0, 0, false, ""}},
-    {"missing",
-     Of(VT_ERROR, [](auto& v) { v.scode = DISP_E_PARAMNOTFOUND; }),
-     {0.0, 0, 0, false, ""}},
+    {"missing", Is(VT_ERROR, &VARIANT::scode, DISP_E_PARAMNOTFOUND), {0.0, 0, 0, false, ""}},
     {"no object", Empty(VT_DISPATCH), {0.0, 0, 0, false, ""}},
-    {"I1", Of(VT_I1, [](auto& v) { v.cVal = static_cast<char>(-5); }), {-5.0, -5, -5, true, "-5"}},
-    {"I2", Of(VT_I2, [](auto& v) { v.iVal = -300; }), {-300.0, -300, -300, true, "-300"}},
-    {"I4", Of(VT_I4, [](auto& v) { v.lVal = 70000; }), {70000.0, 70000, kNo, true, "70000"}},
-    {"INT", Of(VT_INT, [](auto& v) { v.intVal = -7; }), {-7.0, -7, -7, true, "-7"}},
-    {"I8 that fits", Of(VT_I8, [](auto& v) { v.llVal = -12; }), {-12.0, -12, -12, true, "-12"}},
+    {"I1", Is(VT_I1, &VARIANT::cVal, static_cast<char>(-5)), {-5.0, -5, -5, true, "-5"}},
+    {"I2", Is(VT_I2, &VARIANT::iVal, -300), {-300.0, -300, -300, true, "-300"}},
+    {"I4", Is(VT_I4, &VARIANT::lVal, 70000), {70000.0, 70000, kNo, true, "70000"}},
+    {"INT", Is(VT_INT, &VARIANT::intVal, -7), {-7.0, -7, -7, true, "-7"}},
+    {"I8 that fits", Is(VT_I8, &VARIANT::llVal, -12), {-12.0, -12, -12, true, "-12"}},
     {"I8 beyond 32 bits",
-     Of(VT_I8, [](auto& v) { v.llVal = 2147483648LL; }),
+     Is(VT_I8, &VARIANT::llVal, 2147483648LL),
      {2147483648.0, kNo, kNo, true, "2147483648"}},
-    {"UI1", Of(VT_UI1, [](auto& v) { v.bVal = 200; }), {200.0, 200, 200, true, "200"}},
-    {"UI2", Of(VT_UI2, [](auto& v) { v.uiVal = 65535; }), {65535.0, 65535, kNo, true, "65535"}},
-    {"UI4",
-     Of(VT_UI4, [](auto& v) { v.ulVal = 4294967295u; }),
-     {4294967295.0, kNo, kNo, true, "4294967295"}},
-    {"UINT", Of(VT_UINT, [](auto& v) { v.uintVal = 3; }), {3.0, 3, 3, true, "3"}},
+    {"UI1", Is(VT_UI1, &VARIANT::bVal, 200), {200.0, 200, 200, true, "200"}},
+    {"UI2", Is(VT_UI2, &VARIANT::uiVal, 65535), {65535.0, 65535, kNo, true, "65535"}},
+    {"UI4", Is(VT_UI4, &VARIANT::ulVal, 4294967295u), {4294967295.0, kNo, kNo, true, "4294967295"}},
+    {"UINT", Is(VT_UINT, &VARIANT::uintVal, 3), {3.0, 3, 3, true, "3"}},
     {"UI8",
-     Of(VT_UI8, [](auto& v) { v.ullVal = 18446744073709551615ull; }),
+     Is(VT_UI8, &VARIANT::ullVal, 18446744073709551615ull),
      {18446744073709551616.0, kNo, kNo, true, "18446744073709551615"}},
-    {"R4", Of(VT_R4, [](auto& v) { v.fltVal = 0.5f; }), {0.5, 0, 0, true, "0.5"}},
-    {"R8, half up to even", Of(VT_R8, [](auto& v) { v.dblVal = 3.5; }), {3.5, 4, 4, true, "3.5"}},
-    {"R8 too large",
-     Of(VT_R8, [](auto& v) { v.dblVal = 1e300; }),
-     {1e300, kNo, kNo, true, "1E+300"}},
-    {"R8 not a number",
-     Of(VT_R8, [](auto& v) { v.dblVal = std::numeric_limits<double>::quiet_NaN(); }),
-     {kNo, kNo, kNo, kNo, kNo}},
-    {"R4 infinite", Of(VT_R4, [](auto& v) { v.fltVal = -HUGE_VALF; }), {kNo, kNo, kNo, kNo, kNo}},
-    {"CY", Of(VT_CY, [](auto& v) { v.cyVal.int64 = -12345; }), {-1.2345, -1, -1, true, "-1.2345"}},
-    {"DATE",
-     Of(VT_DATE, [](auto& v) { v.date = 45000.25; }),
-     {45000.25, 45000, kNo, true, "45000.25"}},
+    {"R4", Is(VT_R4, &VARIANT::fltVal, 0.5f), {0.5, 0, 0, true, "0.5"}},
+    {"R8, half up to even", Is(VT_R8, &VARIANT::dblVal, 3.5), {3.5, 4, 4, true, "3.5"}},
+    {"R8 too large", Is(VT_R8, &VARIANT::dblVal, 1e300), {1e300, kNo, kNo, true, "1E+300"}},
+    {"R8 not a number", Is(VT_R8, &VARIANT::dblVal, std::numeric_limits<double>::quiet_NaN()),
+     kRefused},
+    {"R4 infinite", Is(VT_R4, &VARIANT::fltVal, -HUGE_VALF), kRefused},
+    {"CY", Is(VT_CY, &VARIANT::cyVal, CY{.int64 = -12345}), {-1.2345, -1, -1, true, "-1.2345"}},
+    {"DATE", Is(VT_DATE, &VARIANT::date, 45000.25), {45000.25, 45000, kNo, true, "45000.25"}},
     {"DECIMAL",
      [](Variant& v) {
          v.decVal = Decimal(1234567, 3, true);
@@ -130,11 +125,9 @@ const Row kRows[] = {
      },
      {-1234.567, -1235, -1235, true, "-1234.567"}},
     {"BOOL, set otherwise than -1",
-     Of(VT_BOOL, [](auto& v) { v.boolVal = 1; }),
+     Is(VT_BOOL, &VARIANT::boolVal, 1),
      {-1.0, -1, -1, true, "True"}},
-    {"BOOL false",
-     Of(VT_BOOL, [](auto& v) { v.boolVal = VARIANT_FALSE; }),
-     {0.0, 0, 0, false, "False"}},
+    {"BOOL false", Is(VT_BOOL, &VARIANT::boolVal, VARIANT_FALSE), {0.0, 0, 0, false, "False"}},
     {"text of a number", Text(L" 12.5 "), {12.5, 12, 12, true, " 12.5 "}},
     {"text of zero", Text(L"0"), {0.0, 0, 0, false, "0"}},
     {"text with a decimal comma", Text(L"12,5"), {kNo, kNo, kNo, kNo, "12,5"}},
@@ -145,40 +138,32 @@ const Row kRows[] = {
     {"other letters", Text(L"Größe \x03A9"), {kNo, kNo, kNo, kNo, "Größe Ω"}},
     {"text without a string", Empty(VT_BSTR), {kNo, kNo, kNo, kNo, ""}},
     {"reference to I4",
-     Of(VT_I4 | VT_BYREF, [](auto& v) { v.plVal = &kLong; }),
+     Is(VT_I4 | VT_BYREF, &VARIANT::plVal, &kLong),
      {70000.0, 70000, kNo, true, "70000"}},
     {"reference to R8",
-     Of(VT_R8 | VT_BYREF, [](auto& v) { v.pdblVal = &kDouble; }),
+     Is(VT_R8 | VT_BYREF, &VARIANT::pdblVal, &kDouble),
      {12.5, 12, 12, true, "12.5"}},
     {"reference to BOOL",
-     Of(VT_BOOL | VT_BYREF, [](auto& v) { v.pboolVal = &kTrue; }),
+     Is(VT_BOOL | VT_BYREF, &VARIANT::pboolVal, &kTrue),
      {-1.0, -1, -1, true, "True"}},
     {"reference to a value that refers",
-     Of(VT_VARIANT | VT_BYREF,
-        [](auto& v) {
-            kInner.vt = VT_I4 | VT_BYREF;
-            kInner.plVal = &kLong;
-            v.pvarVal = &kInner;
-        }),
+     [](Variant& v) {
+         kInner.vt = VT_I4 | VT_BYREF;
+         kInner.plVal = &kLong;
+         v.vt = VT_VARIANT | VT_BYREF;
+         v.pvarVal = &kInner;
+     },
      {70000.0, 70000, kNo, true, "70000"}},
-    {"reference to nowhere",
-     Of(VT_I4 | VT_BYREF, [](auto& v) { v.plVal = nullptr; }),
-     {kNo, kNo, kNo, kNo, kNo}},
-    {"reference to no value",
-     Of(VT_VARIANT | VT_BYREF, [](auto& v) { v.pvarVal = nullptr; }),
-     {kNo, kNo, kNo, kNo, kNo}},
-    {"an error",
-     Of(VT_ERROR, [](auto& v) { v.scode = E_ACCESSDENIED; }),
-     {kNo, kNo, kNo, kNo, kNo}},
+    {"reference to nowhere", Is(VT_I4 | VT_BYREF, &VARIANT::plVal, nullptr), kRefused},
+    {"reference to no value", Is(VT_VARIANT | VT_BYREF, &VARIANT::pvarVal, nullptr), kRefused},
+    {"an error", Is(VT_ERROR, &VARIANT::scode, E_ACCESSDENIED), kRefused},
     {"an array",
      [](Variant& v) {
          v.vt = VT_ARRAY | VT_I4;
          v.parray = SafeArrayCreateVector(VT_I4, 0, 3);
      },
-     {kNo, kNo, kNo, kNo, kNo}},
-    {"a type that no value has",
-     Of(VT_CARRAY, [](auto& v) { v.lVal = 1; }),
-     {kNo, kNo, kNo, kNo, kNo}},
+     kRefused},
+    {"a type that no value has", Is(VT_CARRAY, &VARIANT::lVal, 1), kRefused},
 };
 
 TEST(HostValue, TakesEveryAnswerThatCanBeMeantAndRefusesTheRest) {

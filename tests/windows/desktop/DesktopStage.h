@@ -48,7 +48,7 @@ class DesktopStage {
     ///@}
 
     kestrel::win32::Win32Desktop desktop;
-    kestrel::test::MemorySettings settings;
+    test::MemorySettings settings;
     ReferenceHost host{settings, "C:\\Program Files\\Kestrel"};
 
  private:

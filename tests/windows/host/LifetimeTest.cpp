@@ -75,10 +75,7 @@ TEST(Enumerator, GoesThroughWhatWasThereWhenItWasMade) {
     ASSERT_EQ(given, 3u);
     EXPECT_EQ(Get(*block[2].pdispVal, L"Name").Text(), "I");
     for (ULONG i = 0; i < given; ++i) VariantClear(&block[i]);
-    EXPECT_EQ(enumerator->Next(1, block, &given), S_FALSE);
-    EXPECT_EQ(given, 0u);
     EXPECT_EQ(enumerator->Next(2, block, nullptr), E_POINTER);
-
     EXPECT_EQ(enumerator->Reset(), S_OK);
     EXPECT_EQ(enumerator->Skip(2), S_OK);
     ComPtr<IEnumVARIANT> clone;

@@ -9,21 +9,15 @@ namespace kestrel::test {
 namespace {
 
 void AddValues(HKEY key, const std::wstring& path, RegistrySnapshot& snapshot) {
-    std::vector<wchar_t> name(0x4000);
-    std::vector<BYTE> data(0x10000);
+    std::vector<wchar_t> name(0x4000), data(0x8000);
     for (DWORD i = 0;; ++i) {
         auto nameLength = static_cast<DWORD>(name.size());
-        auto dataLength = static_cast<DWORD>(data.size());
-        DWORD type = 0;
-        if (RegEnumValueW(key, i, name.data(), &nameLength, nullptr, &type, data.data(),
-                          &dataLength) != ERROR_SUCCESS)
+        auto dataLength = static_cast<DWORD>(data.size() * sizeof(wchar_t));
+        if (RegEnumValueW(key, i, name.data(), &nameLength, nullptr, nullptr,
+                          reinterpret_cast<BYTE*>(data.data()), &dataLength) != ERROR_SUCCESS)
             return;
-        std::wstring content = std::to_wstring(type) + L":";
-        if (type == REG_SZ)
-            content.append(reinterpret_cast<const wchar_t*>(data.data()));
-        else
-            for (DWORD b = 0; b < dataLength; ++b) content += std::to_wstring(data[b]) + L",";
-        snapshot[path + L" " + name.data()] = content;
+        const std::wstring content(data.data(), dataLength / sizeof(wchar_t));
+        snapshot[path + L" " + name.data()] = content.substr(0, content.find(L'\0'));
     }
 }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "platform/win32/WideText.h"
+#include "windows/support/WindowUser.h"
 
 namespace kestrel::test {
 namespace {
@@ -13,18 +14,14 @@ namespace {
 constexpr ULONGLONG kPatience = 10'000;  // milliseconds
 constexpr UINT kTick = 5;
 
-std::string ClassOf(HWND window) {
+std::string ClassNameOf(HWND window) {
     wchar_t name[64] = L"";
     GetClassNameW(window, name, 64);
     return win32::Utf8(name);
 }
 
-void CollectWindow(HWND window, LPARAM windows) {
-    reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
-}
-
 BOOL CALLBACK Collect(HWND window, LPARAM windows) {
-    CollectWindow(window, windows);
+    reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
     return TRUE;
 }
 
@@ -45,8 +42,8 @@ SeenDialog Look(HWND dialog) {
     for (const HWND child : Descendants(dialog)) {
         if (!IsWindowVisible(child)) continue;
         std::string text = TextOf(child);
-        if (ClassOf(child) == "Static") seen.text += text;
-        if (ClassOf(child) != "Button") continue;
+        if (ClassNameOf(child) == "Static") seen.text += text;
+        if (ClassNameOf(child) != "Button") continue;
         std::erase(text, '&');
         seen.buttons.push_back(text);
     }
@@ -54,13 +51,7 @@ SeenDialog Look(HWND dialog) {
 }
 
 [[noreturn]] void GiveUp() {
-    for (const HWND window : ThreadWindows()) {
-        std::printf("%s '%s'\n", ClassOf(window).c_str(), TextOf(window).c_str());
-        for (const HWND child : Descendants(window))
-            std::printf("    %s %d '%s'\n", ClassOf(child).c_str(), GetDlgCtrlID(child),
-                        TextOf(child).c_str());
-    }
-    std::printf("A dialog did not go away.\n");
+    std::printf("A dialog did not go away:\n%s", WindowTree().c_str());
     std::fflush(stdout);
     ExitProcess(3);
 }
@@ -94,7 +85,7 @@ void DialogScript::Tick() {
     if (GetTickCount64() - lastStep_ > kPatience) GiveUp();
     for (const HWND window : ThreadWindows()) {
         const bool known = std::find(answered_.begin(), answered_.end(), window) != answered_.end();
-        if (!known && ClassOf(window) == "#32770" && IsWindowVisible(window) &&
+        if (!known && ClassNameOf(window) == "#32770" && IsWindowVisible(window) &&
             IsWindowEnabled(window))
             Answer(window);
     }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
-#include <tuple>
 
 #include "TestPaths.h"
 #include "host/clsKestrelDll.h"
@@ -11,24 +9,10 @@
 #include "refhost/engine/ReferenceHost.h"
 #include "refhost/files/PlanFile.h"
 #include "support/FakeDesktop.h"
+#include "support/MemorySettings.h"
 #include "windows/support/WatchedRunner.h"
 
 namespace kestrel::test {
-
-/// Settings that last as long as the object.
-class MemorySettings : public refhost::Settings {
- public:
-    std::string Get(const std::string& application, const std::string& section,
-                    const std::string& key, const std::string& fallback) override {
-        const auto found = values.find({application, section, key});
-        return found == values.end() ? fallback : found->second;
-    }
-    void Save(const std::string& application, const std::string& section, const std::string& key,
-              const std::string& value) override {
-        values[{application, section, key}] = value;
-    }
-    std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
-};
 
 /// The reference host with the example plan open, analysed once, and the add-in with its windows.
 class FerryStage {
@@ -46,7 +30,7 @@ class FerryStage {
     }
 
     FakeDesktop desktop;
-    MemorySettings settings;
+    refhost::test::MemorySettings settings;
     refhost::ReferenceHost host;
     WatchedRunner runner;
     clsKestrelDll addin;

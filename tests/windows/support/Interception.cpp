@@ -1,46 +1,37 @@
 #include "windows/support/Interception.h"
 
 #include "platform/win32/Bstr.h"
+#include "platform/win32/ComErrors.h"
+#include "platform/win32/ComObject.h"
 
 namespace kestrel::test {
 
 using win32::Bstr;
+using win32::ComObject;
+using win32::MakeCom;
 
 namespace {
 
 std::string NameIn(ITypeInfo& type, MEMBERID id) {
     Bstr name;
-    return SUCCEEDED(type.GetDocumentation(id, name.Out(), nullptr, nullptr, nullptr))
-               ? name.Utf8()
-               : std::string();
+    static_cast<void>(type.GetDocumentation(id, name.Out(), nullptr, nullptr, nullptr));
+    return name.Utf8();  // empty where there is none
 }
 
 /// The list of a host, block by block.
-class InterceptedList final : public IEnumVARIANT {
+class InterceptedList final : public ComObject<IEnumVARIANT> {
  public:
     InterceptedList(std::shared_ptr<Interception> owner, ComPtr<IEnumVARIANT> list,
                     std::string type)
         : owner_(std::move(owner)), list_(std::move(list)), type_(std::move(type)) {
         ++owner_->objects;
     }
-    virtual ~InterceptedList() { --owner_->objects; }
+    ~InterceptedList() override { --owner_->objects; }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
-        const bool known = id == IID_IUnknown || id == IID_IEnumVARIANT;
-        *object = known ? this : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) noexcept override {
         *fetched = 1;  // what is answered here is one element
         bool passed = false;
-        EXCEPINFO failure{};
+        win32::ExceptionInfo failure;
         PassingCall call{type_ + ".Next", *values, values, failure, [&] {
                              passed = true;
                              const HRESULT result = list_->Next(count, values, fetched);
@@ -48,7 +39,6 @@ class InterceptedList final : public IEnumVARIANT {
                              return result;
                          }};
         const HRESULT result = owner_->Run(call);
-        for (BSTR text : {failure.bstrSource, failure.bstrDescription}) SysFreeString(text);
         return passed || FAILED(result) ? result : S_FALSE;
     }
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) noexcept override { return list_->Skip(count); }
@@ -56,39 +46,17 @@ class InterceptedList final : public IEnumVARIANT {
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT**) noexcept override { return E_NOTIMPL; }
 
  private:
-    ULONG references_ = 1;
     std::shared_ptr<Interception> owner_;
     ComPtr<IEnumVARIANT> list_;
     std::string type_;
 };
 
 /// A client's sink as the host sees it.
-class InterceptedSink final : public IDispatch {
+class InterceptedSink final : public win32::WithoutTypes<ComObject<IDispatch>> {
  public:
     InterceptedSink(std::shared_ptr<Interception> owner, ComPtr<IDispatch> sink)
         : owner_(std::move(owner)), sink_(std::move(sink)) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
-        ComPtr<IUnknown> asked;
-        const HRESULT result = sink_->QueryInterface(id, asked.OutVoid());
-        *object = SUCCEEDED(result) ? this : nullptr;
-        if (*object) AddRef();
-        return result;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID,
-                                            DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* answer, EXCEPINFO* failure,
                                      UINT* wrong) noexcept override {
@@ -102,9 +70,10 @@ class InterceptedSink final : public IDispatch {
     }
 
  private:
-    virtual ~InterceptedSink() = default;
+    IUnknown* OtherInterface(REFIID id) noexcept override {
+        return sink_.As<IUnknown>(id) ? this : nullptr;
+    }
 
-    ULONG references_ = 1;
     std::shared_ptr<Interception> owner_;
     ComPtr<IDispatch> sink_;
 };
@@ -112,9 +81,8 @@ class InterceptedSink final : public IDispatch {
 }  // namespace
 
 /// An object of the host as the client sees it. One that raises events does so through here.
-class InterceptedObject final : public IDispatch,
-                                public IConnectionPointContainer,
-                                public IConnectionPoint {
+class InterceptedObject final
+    : public ComObject<IDispatch, IConnectionPointContainer, IConnectionPoint> {
  public:
     InterceptedObject(std::shared_ptr<Interception> owner, ComPtr<IDispatch> object)
         : owner_(std::move(owner)), object_(std::move(object)) {
@@ -125,24 +93,19 @@ class InterceptedObject final : public IDispatch,
             if (name_.starts_with('_')) name_.erase(0, 1);
         }
     }
+    ~InterceptedObject() override {
+        owner_->shown_.erase(object_.Get());
+        --owner_->objects;
+    }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
         *object = nullptr;
-        if (id == IID_IUnknown || id == IID_IDispatch)
-            *object = static_cast<IDispatch*>(this);
-        else if (owner_->onQuery(id, object))
-            return *object ? S_OK : E_NOINTERFACE;
-        else if (id == IID_IConnectionPointContainer && object_.As<IUnknown>(id))
-            *object = static_cast<IConnectionPointContainer*>(this);
-        if (!*object) return object_->QueryInterface(id, object);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
+        if (id != IID_IUnknown && id != IID_IDispatch) {
+            if (owner_->onQuery(id, object)) return *object ? S_OK : E_NOINTERFACE;
+            if (id != IID_IConnectionPointContainer || !object_.As<IUnknown>(id))
+                return object_->QueryInterface(id, object);
+        }
+        return ComObject::QueryInterface(id, object);
     }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
@@ -157,15 +120,10 @@ class InterceptedObject final : public IDispatch,
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count,
                                             LCID locale, DISPID* ids) noexcept override {
         const ComPtr<IDispatch> untilTheEnd(this);
-        EXCEPINFO failure{};
-        VARIANT none{};
         *ids = DISPID_UNKNOWN;
-        PassingCall call{name_ + "." + win32::Utf8(names[0]) + "?", none, nullptr, failure, [&] {
-                             return object_->GetIDsOfNames(reserved, names, count, locale, ids);
-                         }};
-        const HRESULT result = owner_->Run(call);
-        for (BSTR text : {failure.bstrSource, failure.bstrDescription}) SysFreeString(text);
-        return result;
+        return owner_->RunPlain(name_ + "." + win32::Utf8(names[0]) + "?", [&] {
+            return object_->GetIDsOfNames(reserved, names, count, locale, ids);
+        });
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* answer, EXCEPINFO* failure,
@@ -185,51 +143,41 @@ class InterceptedObject final : public IDispatch,
         return owner_->Run(call);
     }
 
-    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) noexcept override {
-        return E_NOTIMPL;
-    }
     HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id,
                                                   IConnectionPoint** point) noexcept override {
         const auto container = object_.As<IConnectionPointContainer>();
         const HRESULT result = container->FindConnectionPoint(id, point_.Out());
-        *point = SUCCEEDED(result) ? this : nullptr;
-        if (*point) AddRef();
+        *point = SUCCEEDED(result) ? ComPtr<IConnectionPoint>(this).Detach() : nullptr;
         return result;
-    }
-    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* id) noexcept override {
-        return point_->GetConnectionInterface(id);
-    }
-    HRESULT STDMETHODCALLTYPE
-    GetConnectionPointContainer(IConnectionPointContainer**) noexcept override {
-        return E_NOTIMPL;
     }
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) noexcept override {
         const auto client = ComPtr<IUnknown>(sink).As<IDispatch>();
-        const auto shown = ComPtr<IDispatch>::Attach(new InterceptedSink(owner_, client));
-        EXCEPINFO failure{};
-        VARIANT none{};
-        PassingCall call{"Advise", none, nullptr, failure,
-                         [&] { return point_->Advise(shown.Get(), cookie); }};
-        const HRESULT result = owner_->Run(call);
+        const auto shown = MakeCom<InterceptedSink>(owner_, client);
+        const HRESULT result = owner_->RunPlain(
+            "Advise", [&] { return point_->Advise(static_cast<IDispatch*>(shown.Get()), cookie); });
         if (SUCCEEDED(result)) owner_->sinks[*cookie] = client;
-        for (BSTR text : {failure.bstrSource, failure.bstrDescription}) SysFreeString(text);
         return result;
     }
     HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) noexcept override {
         owner_->sinks.erase(cookie);
-        return point_->Unadvise(cookie);
+        const HRESULT result = point_->Unadvise(cookie);
+        return owner_->unadvise.value_or(result);
+    }
+
+    // What no client of these tests asks for.
+    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE
+    GetConnectionPointContainer(IConnectionPointContainer**) noexcept override {
+        return E_NOTIMPL;
     }
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) noexcept override {
         return E_NOTIMPL;
     }
 
  private:
-    virtual ~InterceptedObject() {
-        owner_->shown_.erase(object_.Get());
-        --owner_->objects;
-    }
-
-    ULONG references_ = 1;
     std::shared_ptr<Interception> owner_;
     ComPtr<IDispatch> object_;
     ComPtr<ITypeInfo> type_;
@@ -255,7 +203,7 @@ ComPtr<IDispatch> Interception::Over(IDispatch* object) {
     if (!object) return nullptr;
     const auto found = shown_.find(object);
     if (found != shown_.end()) return found->second;
-    return ComPtr<IDispatch>::Attach(new InterceptedObject(shared_from_this(), object));
+    return MakeCom<InterceptedObject>(shared_from_this(), object).As<IDispatch>();
 }
 
 void Interception::Replace(VARIANT& value, const std::string& type) {
@@ -265,7 +213,7 @@ void Interception::Replace(VARIANT& value, const std::string& type) {
         value.pdispVal = shown.Detach();
     } else if (value.vt == VT_UNKNOWN && value.punkVal) {
         const auto list = ComPtr<IUnknown>::Attach(value.punkVal).As<IEnumVARIANT>();
-        value.punkVal = new InterceptedList(shared_from_this(), list, type);
+        value.punkVal = MakeCom<InterceptedList>(shared_from_this(), list, type).Detach();
     }
 }
 
@@ -274,6 +222,13 @@ HRESULT Interception::Run(PassingCall& call) {
     const auto member = members.find(call.name);
     if (member != members.end()) return member->second(call);
     return all ? all(call) : call.Pass();
+}
+
+HRESULT Interception::RunPlain(const std::string& name, const std::function<HRESULT()>& pass) {
+    win32::ExceptionInfo failure;
+    const VARIANT none{};
+    PassingCall call{name, none, nullptr, failure, pass};
+    return Run(call);
 }
 
 }  // namespace kestrel::test

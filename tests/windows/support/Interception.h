@@ -50,12 +50,15 @@ class Interception : public std::enable_shared_from_this<Interception> {
     std::map<std::string, int> calls;          ///< by name
     int objects = 0;                           ///< alive: all that the client holds of the host
     std::map<DWORD, ComPtr<IDispatch>> sinks;  ///< of the client, by cookie
+    std::optional<HRESULT> unadvise;           ///< what Unadvise answers, if not the host's own
 
     /// The object as the client is to see it: always the same for the same object.
     ComPtr<IDispatch> Over(IDispatch* object);
     /// Objects in the value are replaced by what the client is to see.
     void Replace(VARIANT& value, const std::string& type);
     HRESULT Run(PassingCall& call);
+    /// Of a call without argument, answer or place for a failure.
+    HRESULT RunPlain(const std::string& name, const std::function<HRESULT()>& pass);
 
  private:
     friend class InterceptedObject;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 
@@ -8,24 +7,10 @@
 #include "refhost/engine/Analysis.h"
 #include "refhost/engine/NoSettings.h"
 #include "refhost/windows/automation/AutomationServer.h"
+#include "support/MemorySettings.h"
 #include "windows/support/Client.h"
 
 namespace refhost::test {
-
-/// Settings of the user, by their key alone, that live as long as the test.
-struct TestSettings : Settings {
-    std::map<std::string, std::string> values;
-
-    std::string Get(const std::string&, const std::string&, const std::string& key,
-                    const std::string& fallback) override {
-        const auto found = values.find(key);
-        return found == values.end() ? fallback : found->second;
-    }
-    void Save(const std::string&, const std::string&, const std::string& key,
-              const std::string& value) override {
-        values[key] = value;
-    }
-};
 
 /// The program around the host, as a test sees it.
 struct TestProgram : automation::HostProgram {
@@ -55,7 +40,7 @@ struct OfferedHost {
     ~OfferedHost();
 
     kestrel::win32::ComApartment com;
-    TestSettings settings;
+    MemorySettings settings;
     ReferenceHost host{settings, "C:\\Host"};
     TestProgram program;
     std::shared_ptr<automation::AutomationServer> server;
