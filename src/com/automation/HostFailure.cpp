@@ -48,8 +48,8 @@ HRESULT CodeOf(HRESULT result, const ExceptionInfo& info) {
 }
 
 std::string Reason(HRESULT result, const ExceptionInfo& info, IDispatch* object) {
-    const std::string text = TrimmedEnd(
-        result == DISP_E_EXCEPTION ? info.Description() : ErrorObjectText(object), kSentenceEnd);
+    const std::string text(TrimmedEnd(
+        result == DISP_E_EXCEPTION ? info.Description() : ErrorObjectText(object), kSentenceEnd));
     return text.empty() ? win32::SystemMessage(CodeOf(result, info)) : text;
 }
 

@@ -1,5 +1,4 @@
 #include <aclapi.h>
-#include <process.h>
 
 #include "platform/win32/WideText.h"
 #include "windows/server/RegistrySnapshot.h"
@@ -13,9 +12,18 @@ constexpr wchar_t kName[] = L"Software\\Classes\\KestrelDll.clsKestrelDll";
 constexpr wchar_t kScratch[] = L"Software\\Kestrel registration test";
 
 /// Exit code of the system's own tool.
-intptr_t Regsvr32(const wchar_t* option) {
-    return _wspawnlp(_P_WAIT, L"regsvr32.exe", L"regsvr32.exe", L"/s", option,
-                     (L'"' + DllPath() + L'"').c_str(), nullptr);
+DWORD Regsvr32(const std::wstring& option) {
+    std::wstring line = L"regsvr32.exe /s " + option + L" \"" + DllPath() + L"\"";
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION started{};
+    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                               &start, &started));
+    const win32::Handle process(started.hProcess), thread(started.hThread);
+    WaitForSingleObject(process.Get(), 60'000);
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeProcess(process.Get(), &code);
+    return code;
 }
 
 bool Has(HKEY root, const wchar_t* path) {
@@ -37,8 +45,8 @@ class RegistrationTest : public ServerTest {
 
 TEST_F(RegistrationTest, ComesAndGoesWithoutATrace) {
     const RegistrySnapshot before = TakeRegistrySnapshot();
-    ASSERT_EQ(Regsvr32(L"/s"), 0);
-    EXPECT_EQ(Regsvr32(L"/s"), 0) << "again";
+    ASSERT_EQ(Regsvr32(L""), 0u);
+    EXPECT_EQ(Regsvr32(L""), 0u) << "again";
     const RegistrySnapshot registered = TakeRegistrySnapshot();
 
     const std::wstring clsid = L"machine\\CLSID\\{6BBBE050-DF52-405C-80A0-AB99189200DC}";
@@ -60,9 +68,9 @@ TEST_F(RegistrationTest, ComesAndGoesWithoutATrace) {
     EXPECT_EQ(LoadRegTypeLib(LIBID_KestrelDll, 1, 0, LOCALE_NEUTRAL, library.Out()), S_OK);
     library.Reset();
 
-    EXPECT_EQ(Regsvr32(L"/u"), 0);
+    EXPECT_EQ(Regsvr32(L"/u"), 0u);
     EXPECT_EQ(Difference(before, TakeRegistrySnapshot()), "");
-    EXPECT_EQ(Regsvr32(L"/u"), 0) << "when nothing is registered";
+    EXPECT_EQ(Regsvr32(L"/u"), 0u) << "when nothing is registered";
 }
 
 /// Has this process take a key of the test's own for a root of the registry.
