@@ -1,10 +1,9 @@
 #include "ui/win32/AccessibleParts.h"
 
-#include <new>
 #include <utility>
 
 #include "platform/win32/Bstr.h"
-#include "ui/win32/ElementEnumerator.h"
+#include "platform/win32/Enumerator.h"
 
 namespace kestrel::ui::win32 {
 namespace {
@@ -24,6 +23,13 @@ VARIANT Self() {
     return self;
 }
 
+struct PartTraits {
+    using Interface = IEnumVARIANT;
+    using Element = long;
+    using Out = VARIANT;
+    static void Copy(long part, VARIANT& out) { static_cast<void>(Tell(part, &out)); }
+};
+
 }  // namespace
 
 std::vector<long> AccessibleSource::SelectedParts() const {
@@ -38,10 +44,6 @@ AccessibleParts::AccessibleParts(HWND window, AccessibleSource& source)
                                                 standard_.OutVoid()));
 }
 
-ComPtr<AccessibleParts> AccessibleParts::Make(HWND window, AccessibleSource& source) {
-    return ComPtr<AccessibleParts>::Attach(new AccessibleParts(window, source));
-}
-
 void AccessibleParts::Disconnect() noexcept {
     source_ = nullptr;
     // Programs in other processes lose their connections at once. It fails where there are none.
@@ -54,36 +56,13 @@ std::optional<LRESULT> AccessibleParts::Respond(WPARAM wParam, LPARAM lParam) {
     return LresultFromObject(__uuidof(IAccessible), wParam, this);
 }
 
-STDMETHODIMP AccessibleParts::QueryInterface(REFIID iid, void** object) noexcept {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (iid != __uuidof(IUnknown) && iid != __uuidof(IDispatch) && iid != __uuidof(IAccessible))
-        return E_NOINTERFACE;
-    *object = static_cast<IAccessible*>(this);
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) AccessibleParts::AddRef() noexcept { return ++references_; }
-
-STDMETHODIMP_(ULONG) AccessibleParts::Release() noexcept {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 template <class Answer>
-HRESULT AccessibleParts::Ask(const VARIANT& child, const Answer& answer) const noexcept {
+HRESULT AccessibleParts::Ask(const VARIANT& child, const Answer& answer) const noexcept try {
     if (!source_) return CO_E_OBJNOTCONNECTED;
     if (child.vt != VT_I4 || child.lVal < 0) return E_INVALIDARG;
-    try {
-        return child.lVal > source_->PartCount() ? E_INVALIDARG : answer(child.lVal);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
+    return child.lVal > source_->PartCount() ? E_INVALIDARG : answer(child.lVal);
 }
+KESTREL_COM_CATCH((kestrel::win32::ErrorOrigin{__uuidof(IAccessible), L""}))
 
 HRESULT AccessibleParts::TellText(const VARIANT& child, Text text, BSTR* answer) const noexcept {
     if (!answer) return E_POINTER;
@@ -197,7 +176,7 @@ STDMETHODIMP AccessibleParts::get_accSelection(VARIANT* selected) noexcept {
         std::vector<long> parts = source_->SelectedParts();
         if (parts.size() == 1) return Tell(parts[0], selected);
         if (parts.empty()) return S_OK;
-        selected->punkVal = new ElementEnumerator(std::move(parts));
+        selected->punkVal = kestrel::win32::Enumerator<PartTraits>::Make(std::move(parts)).Detach();
         selected->vt = VT_UNKNOWN;
         return S_OK;
     });

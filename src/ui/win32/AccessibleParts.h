@@ -4,13 +4,11 @@
 // windows.h first
 #include <oleacc.h>
 
-#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/win32/ComPtr.h"
-#include "platform/win32/ModuleRef.h"
+#include "platform/win32/ComObject.h"
 
 namespace kestrel::ui::win32 {
 
@@ -54,37 +52,20 @@ class AccessibleSource {
 
 /// The object behind a window's accessibility. Screen readers may keep it longer than the window
 /// lives: from Disconnect on it answers CO_E_OBJNOTCONNECTED.
-class AccessibleParts : public IAccessible {
+class AccessibleParts final
+    : public kestrel::win32::WithoutTypes<kestrel::win32::ComObject<IAccessible>> {
  public:
-    static kestrel::win32::ComPtr<AccessibleParts> Make(HWND window, AccessibleSource& source);
+    AccessibleParts(HWND window, AccessibleSource& source);
     void Disconnect() noexcept;
 
     /// What a window answers to WM_GETOBJECT; nothing when something else is asked for.
     std::optional<LRESULT> Respond(WPARAM wParam, LPARAM lParam);
 
-    /// @name IUnknown
-    ///@{
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
-    STDMETHODIMP_(ULONG) AddRef() noexcept override;
-    STDMETHODIMP_(ULONG) Release() noexcept override;
-    ///@}
-
-    /// @name IDispatch, which nobody uses to reach an IAccessible
-    ///@{
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-        if (!count) return E_POINTER;
-        *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return E_NOTIMPL;
-    }
+    /// IDispatch, which nobody uses to reach an IAccessible
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
                         UINT*) noexcept override {
         return E_NOTIMPL;
     }
-    ///@}
 
     /// @name IAccessible
     ///@{
@@ -121,9 +102,6 @@ class AccessibleParts : public IAccessible {
     ///@}
 
  private:
-    AccessibleParts(HWND window, AccessibleSource& source);
-    virtual ~AccessibleParts() = default;
-
     /// Runs `answer` with the part that the child id names; its result is the call's.
     template <class Answer>
     HRESULT Ask(const VARIANT& child, const Answer& answer) const noexcept;
@@ -139,8 +117,6 @@ class AccessibleParts : public IAccessible {
         return S_FALSE;
     }
 
-    kestrel::win32::ModuleRef module_;   ///< the code must stay while someone holds the object
-    std::atomic<ULONG> references_ = 1;  ///< screen readers may let go on threads of their own
     HWND window_;
     AccessibleSource* source_;                      ///< none after Disconnect
     kestrel::win32::ComPtr<IAccessible> standard_;  ///< what the system says of the window

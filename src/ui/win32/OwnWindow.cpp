@@ -87,7 +87,8 @@ std::optional<LRESULT> OwnWindow::Receive(UINT message, WPARAM wParam, LPARAM lP
             PaintInto(reinterpret_cast<HDC>(wParam), Client());
             return 0;
         case WM_GETOBJECT:
-            if (!accessible_) accessible_ = AccessibleParts::Make(window_, Parts());
+            if (!accessible_)
+                accessible_ = kestrel::win32::MakeCom<AccessibleParts>(window_, Parts());
             return accessible_->Respond(wParam, lParam);
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
