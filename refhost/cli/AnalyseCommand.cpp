@@ -7,7 +7,6 @@
 #include "refhost/cli/AddIn.h"
 #include "refhost/cli/AnalysisArguments.h"
 #include "refhost/cli/Commands.h"
-#include "refhost/cli/FilePath.h"
 #include "refhost/cli/ImportArguments.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Report.h"
@@ -17,6 +16,7 @@
 #include "refhost/engine/Criticality.h"
 #include "refhost/files/ValueText.h"
 #include "refhost/results/FactorTracker.h"
+#include "refhost/system/FilePath.h"
 
 namespace refhost {
 namespace {

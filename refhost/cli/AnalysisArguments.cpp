@@ -4,8 +4,8 @@
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
-#include "refhost/cli/System.h"
 #include "refhost/engine/Analysis.h"
+#include "refhost/system/System.h"
 
 namespace refhost {
 namespace {

@@ -6,8 +6,8 @@
 #include "base/Errors.h"
 #include "base/OneLine.h"
 #include "platform/Files.h"
-#include "refhost/cli/FilePath.h"
-#include "refhost/cli/System.h"
+#include "refhost/system/FilePath.h"
+#include "refhost/system/System.h"
 
 namespace refhost {
 

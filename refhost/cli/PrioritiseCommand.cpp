@@ -8,12 +8,12 @@
 #include "refhost/cli/AnalysisArguments.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/cli/Json.h"
-#include "refhost/cli/MuteDesktop.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/cli/Table.h"
 #include "refhost/files/ValueText.h"
 #include "refhost/results/FactorTracker.h"
 #include "refhost/results/PriorityTexts.h"
+#include "refhost/system/MuteDesktop.h"
 #include "ui/controls/ChartSvg.h"
 
 namespace refhost {

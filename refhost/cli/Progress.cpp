@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "refhost/cli/System.h"
+#include "refhost/system/System.h"
 
 namespace refhost {
 namespace {

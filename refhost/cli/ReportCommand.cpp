@@ -3,10 +3,10 @@
 
 #include "base/Errors.h"
 #include "refhost/cli/Commands.h"
-#include "refhost/cli/MuteDesktop.h"
 #include "refhost/cli/PrioritiseCommand.h"
 #include "refhost/cli/Progress.h"
 #include "refhost/results/ReportRun.h"
+#include "refhost/system/MuteDesktop.h"
 #include "util/modToolBox.h"
 
 namespace refhost {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/Errors.h"
-#include "refhost/cli/System.h"
+#include "refhost/system/System.h"
 
 namespace refhost {
 

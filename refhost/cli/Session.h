@@ -5,9 +5,9 @@
 
 #include "refhost/cli/CliDesktop.h"
 #include "refhost/cli/Outputs.h"
-#include "refhost/cli/SettingsFile.h"
 #include "refhost/engine/ReferenceHost.h"
 #include "refhost/files/PlanFile.h"
+#include "refhost/system/SettingsFile.h"
 
 namespace refhost {
 

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "TestPaths.h"
-#include "refhost/cli/SettingsFile.h"
+#include "refhost/system/SettingsFile.h"
 #include "util/modToolBox.h"
 
 namespace refhost::test {

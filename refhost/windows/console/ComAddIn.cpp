@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "platform/Files.h"
-#include "refhost/cli/FilePath.h"
+#include "refhost/system/FilePath.h"
 
 namespace refhost {
 
@@ -68,5 +68,7 @@ void ComAddIn::Load() {
     kestrel::ReplaceWholeFile(exchange.Path(), desktop.ReadFile(desktop.fileToOpen));
     RunCommand(L"LaunchLoad", exchange.Path(), desktop.fileToOpen);
 }
+
+std::unique_ptr<AddIn> MakeAddIn(Session& session) { return std::make_unique<ComAddIn>(session); }
 
 }  // namespace refhost

@@ -9,10 +9,10 @@
 #include "base/Errors.h"
 #include "platform/Files.h"
 #include "platform/win32/Win32Desktop.h"
-#include "refhost/cli/SettingsFile.h"
-#include "refhost/cli/System.h"
 #include "refhost/engine/Analysis.h"
 #include "refhost/files/PlanFile.h"
+#include "refhost/system/SettingsFile.h"
+#include "refhost/system/System.h"
 #include "refhost/windows/automation/ActiveObject.h"
 #include "refhost/windows/automation/ClassObject.h"
 

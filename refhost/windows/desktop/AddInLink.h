@@ -1,7 +1,7 @@
 #pragma once
 
-#include "refhost/gantt/AddInCommands.h"
 #include "refhost/windows/console/AddInConnection.h"
+#include "refhost/workbench/AddInCommands.h"
 
 namespace refhost::win32 {
 

@@ -2,8 +2,8 @@
 
 #include "base/Errors.h"
 #include "refhost/engine/Analysis.h"
-#include "refhost/gantt/Workbench.h"
 #include "refhost/windows/automation/HostProgram.h"
+#include "refhost/workbench/Workbench.h"
 
 namespace refhost::win32 {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "refhost/gantt/Workbench.h"
+#include "refhost/workbench/Workbench.h"
 
 namespace refhost::win32 {
 

@@ -6,7 +6,7 @@
 #include <exception>
 
 #include "platform/win32/WideText.h"
-#include "refhost/cli/MuteDesktop.h"
+#include "refhost/system/MuteDesktop.h"
 #include "refhost/windows/desktop/Resources.h"
 #include "ui/win32/Dpi.h"
 

@@ -8,10 +8,10 @@
 #include <optional>
 #include <string>
 
-#include "refhost/gantt/Workbench.h"
 #include "refhost/windows/desktop/MainMenu.h"
 #include "refhost/windows/desktop/PlanPane.h"
 #include "refhost/windows/desktop/StatusBar.h"
+#include "refhost/workbench/Workbench.h"
 #include "ui/win32/ProgressWindow.h"
 #include "ui/win32/WindowHandle.h"
 

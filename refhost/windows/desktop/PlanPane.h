@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "refhost/gantt/Workbench.h"
 #include "refhost/windows/desktop/PaintTools.h"
 #include "refhost/windows/desktop/PlanParts.h"
 #include "refhost/windows/desktop/ScrollBar.h"
+#include "refhost/workbench/Workbench.h"
 #include "ui/win32/OwnWindow.h"
 
 namespace refhost::win32 {

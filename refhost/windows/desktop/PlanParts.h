@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "refhost/gantt/Workbench.h"
+#include "refhost/workbench/Workbench.h"
 #include "ui/win32/AccessibleParts.h"
 #include "ui/win32/ControlView.h"
 

@@ -1,4 +1,4 @@
-#include "refhost/gantt/TableExchange.h"
+#include "refhost/workbench/TableExchange.h"
 
 #include "base/Errors.h"
 #include "base/OneLine.h"

@@ -1,4 +1,4 @@
-#include "refhost/cli/SettingsFile.h"
+#include "refhost/system/SettingsFile.h"
 
 #include <filesystem>
 #include <map>
@@ -6,8 +6,8 @@
 #include "base/Errors.h"
 #include "platform/FileLock.h"
 #include "platform/Files.h"
-#include "refhost/cli/FilePath.h"
-#include "refhost/cli/System.h"
+#include "refhost/system/FilePath.h"
+#include "refhost/system/System.h"
 
 namespace refhost {
 namespace {

@@ -1,4 +1,4 @@
-#include "refhost/gantt/frmResults.h"
+#include "refhost/workbench/frmResults.h"
 
 #include "base/NumberText.h"
 #include "refhost/charts/FigureText.h"

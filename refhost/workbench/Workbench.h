@@ -4,12 +4,12 @@
 #include <optional>
 #include <string>
 
-#include "refhost/gantt/AddInCommands.h"
-#include "refhost/gantt/PlanDocument.h"
 #include "refhost/gantt/PlanView.h"
-#include "refhost/gantt/ResultsView.h"
-#include "refhost/gantt/WorkbenchCommand.h"
 #include "refhost/results/LaboratoryPool.h"
+#include "refhost/workbench/AddInCommands.h"
+#include "refhost/workbench/PlanDocument.h"
+#include "refhost/workbench/ResultsView.h"
+#include "refhost/workbench/WorkbenchCommand.h"
 
 namespace refhost {
 

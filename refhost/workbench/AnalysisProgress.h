@@ -3,7 +3,7 @@
 #include <chrono>
 
 #include "refhost/engine/Analysis.h"
-#include "refhost/gantt/Workbench.h"
+#include "refhost/workbench/Workbench.h"
 #include "ui/progress/frmProgress.h"
 
 namespace refhost {

@@ -1,11 +1,11 @@
-#include "refhost/gantt/ReportWriter.h"
+#include "refhost/workbench/ReportWriter.h"
 
 #include <algorithm>
 #include <thread>
 
-#include "refhost/gantt/WorkProgress.h"
-#include "refhost/gantt/frmRiskReportAssumptions.h"
 #include "refhost/results/ReportRun.h"
+#include "refhost/workbench/WorkProgress.h"
+#include "refhost/workbench/frmRiskReportAssumptions.h"
 #include "util/modeHelp.h"
 
 namespace refhost {

@@ -1,4 +1,4 @@
-#include "refhost/gantt/Workbench.h"
+#include "refhost/workbench/Workbench.h"
 
 #include <algorithm>
 #include <thread>
@@ -7,12 +7,12 @@
 #include "refhost/charts/FigureText.h"
 #include "refhost/engine/Criticality.h"
 #include "refhost/engine/Statistics.h"
-#include "refhost/gantt/AnalysisProgress.h"
-#include "refhost/gantt/ReportWriter.h"
-#include "refhost/gantt/TableExchange.h"
-#include "refhost/gantt/WorkProgress.h"
-#include "refhost/gantt/frmResults.h"
-#include "refhost/gantt/frmRunAnalysis.h"
+#include "refhost/workbench/AnalysisProgress.h"
+#include "refhost/workbench/ReportWriter.h"
+#include "refhost/workbench/TableExchange.h"
+#include "refhost/workbench/WorkProgress.h"
+#include "refhost/workbench/frmResults.h"
+#include "refhost/workbench/frmRunAnalysis.h"
 
 namespace refhost {
 namespace {

@@ -1,4 +1,4 @@
-#include "refhost/gantt/AnalysisProgress.h"
+#include "refhost/workbench/AnalysisProgress.h"
 
 #include <string>
 

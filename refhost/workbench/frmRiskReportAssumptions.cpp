@@ -1,4 +1,4 @@
-#include "refhost/gantt/frmRiskReportAssumptions.h"
+#include "refhost/workbench/frmRiskReportAssumptions.h"
 
 #include <utility>
 

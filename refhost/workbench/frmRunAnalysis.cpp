@@ -1,4 +1,4 @@
-#include "refhost/gantt/frmRunAnalysis.h"
+#include "refhost/workbench/frmRunAnalysis.h"
 
 #include <charconv>
 #include <string>

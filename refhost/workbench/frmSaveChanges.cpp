@@ -1,4 +1,4 @@
-#include "refhost/gantt/frmSaveChanges.h"
+#include "refhost/workbench/frmSaveChanges.h"
 
 namespace refhost {
 namespace {

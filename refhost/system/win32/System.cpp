@@ -1,4 +1,4 @@
-#include "refhost/cli/System.h"
+#include "refhost/system/System.h"
 
 #include <windows.h>
 
@@ -6,8 +6,7 @@
 
 #include "platform/win32/Paths.h"
 #include "platform/win32/WideText.h"
-#include "refhost/cli/FilePath.h"
-#include "refhost/windows/console/ComAddIn.h"
+#include "refhost/system/FilePath.h"
 
 namespace refhost {
 namespace {
@@ -46,7 +45,5 @@ std::string SettingsPath() {
     const std::wstring folder = Variable(L"APPDATA");
     return kestrel::win32::Utf8(folder.empty() ? L"." : folder) + "\\Kestrel\\settings";
 }
-
-std::unique_ptr<AddIn> MakeAddIn(Session& session) { return std::make_unique<ComAddIn>(session); }
 
 }  // namespace refhost

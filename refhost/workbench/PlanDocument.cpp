@@ -1,4 +1,4 @@
-#include "refhost/gantt/PlanDocument.h"
+#include "refhost/workbench/PlanDocument.h"
 
 #include <utility>
 
@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "refhost/files/PlanFile.h"
 #include "refhost/gantt/PlanFigures.h"
-#include "refhost/gantt/frmSaveChanges.h"
+#include "refhost/workbench/frmSaveChanges.h"
 
 namespace refhost {
 namespace {

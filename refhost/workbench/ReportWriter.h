@@ -1,6 +1,6 @@
 #pragma once
 
-#include "refhost/gantt/Workbench.h"
+#include "refhost/workbench/Workbench.h"
 
 namespace refhost {
 

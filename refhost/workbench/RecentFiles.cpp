@@ -1,4 +1,4 @@
-#include "refhost/gantt/RecentFiles.h"
+#include "refhost/workbench/RecentFiles.h"
 
 namespace refhost {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-/// What the command line needs of the operating system; each system has a System.cpp.
+/// What the programs need of the operating system; each system has a System.cpp.
 namespace refhost {
 
 enum class Stream { Input, Output, Error };

@@ -1,4 +1,4 @@
-#include "refhost/gantt/Workbench.h"
+#include "refhost/workbench/Workbench.h"
 
 #include <gtest/gtest.h>
 
@@ -10,9 +10,9 @@
 #include "platform/Files.h"
 #include "refhost/cli/Commands.h"
 #include "refhost/files/PlanFile.h"
-#include "refhost/gantt/frmResults.h"
-#include "refhost/gantt/frmRunAnalysis.h"
-#include "refhost/gantt/frmSaveChanges.h"
+#include "refhost/workbench/frmResults.h"
+#include "refhost/workbench/frmRunAnalysis.h"
+#include "refhost/workbench/frmSaveChanges.h"
 #include "support/FakeDesktop.h"
 #include "support/MemorySettings.h"
 #include "support/ScriptedRunner.h"

@@ -6,8 +6,8 @@
 
 #include "platform/Desktop.h"
 #include "refhost/engine/ReferenceHost.h"
-#include "refhost/gantt/DocumentState.h"
-#include "refhost/gantt/RecentFiles.h"
+#include "refhost/workbench/DocumentState.h"
+#include "refhost/workbench/RecentFiles.h"
 #include "ui/controls/FormRunner.h"
 
 namespace refhost {

@@ -1,4 +1,4 @@
-#include "refhost/gantt/ResultsView.h"
+#include "refhost/workbench/ResultsView.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "refhost/cli/System.h"
+#include "refhost/system/System.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-
-#include "refhost/cli/LinkedAddIn.h"
 
 namespace refhost {
 
@@ -47,10 +45,6 @@ std::string SettingsPath() {
     if (folder && *folder) return std::string(folder) + "/kestrel/settings";
     const char* home = std::getenv("HOME");
     return std::string(home && *home ? home : ".") + "/.config/kestrel/settings";
-}
-
-std::unique_ptr<AddIn> MakeAddIn(Session& session) {
-    return std::make_unique<LinkedAddIn>(session);
 }
 
 }  // namespace refhost

@@ -1,4 +1,4 @@
-#include "refhost/gantt/WorkProgress.h"
+#include "refhost/workbench/WorkProgress.h"
 
 namespace refhost {
 namespace {

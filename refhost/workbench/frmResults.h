@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "platform/Desktop.h"
-#include "refhost/gantt/ResultsView.h"
+#include "refhost/workbench/ResultsView.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Chart.h"
 #include "ui/controls/Form.h"

@@ -1,4 +1,4 @@
-#include "refhost/gantt/DocumentState.h"
+#include "refhost/workbench/DocumentState.h"
 
 namespace refhost {
 
