@@ -1,8 +1,8 @@
 #include "refhost/windows/console/ConsoleScope.h"
 
+#include <windows.h>
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
 
 #include <cstdio>
 #include <iostream>

@@ -1,7 +1,6 @@
 #include "refhost/windows/console/EmbeddedHost.h"
 
 #include <windows.h>
-// windows.h first
 #include <objbase.h>
 
 #include <optional>

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include <oaidl.h>
 
 #include <array>

@@ -1,7 +1,6 @@
 // What the system calls by name. There is no DllMain: nothing has to be done when the DLL is
 // loaded, and little could be done safely at that time.
 #include <windows.h>
-// windows.h first
 #include <olectl.h>
 
 #include <KestrelDll.h>

@@ -12,7 +12,6 @@
 // without memory it cannot be made, of which an exception tells, for which there is no memory...
 // until the stack is used up. The store here needs no lock.
 #include <windows.h>
-// windows.h first
 #include <cxxabi.h>
 
 #include <cstdlib>

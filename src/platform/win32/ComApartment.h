@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include <objbase.h>
 
 namespace kestrel::win32 {

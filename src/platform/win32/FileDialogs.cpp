@@ -1,5 +1,4 @@
 #include <windows.h>
-// windows.h first
 #include <cderr.h>
 #include <commdlg.h>
 

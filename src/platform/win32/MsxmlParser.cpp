@@ -1,7 +1,6 @@
 #include "platform/win32/MsxmlParser.h"
 
 #include <windows.h>
-// windows.h first
 #include <msxml2.h>
 #include <oleauto.h>
 

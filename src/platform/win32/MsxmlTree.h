@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include <msxml2.h>
 
 #include "platform/XmlDom.h"

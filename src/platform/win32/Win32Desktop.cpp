@@ -1,7 +1,6 @@
 #include "platform/win32/Win32Desktop.h"
 
 #include <windows.h>
-// windows.h first
 #include <htmlhelp.h>
 #include <shellapi.h>
 

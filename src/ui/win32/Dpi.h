@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include "platform/win32/Gdi.h"
 
 /// Scaling of windows. The functions for it came with different editions of the system, so they

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include "ui/controls/Events.h"
 #include "ui/win32/ControlView.h"
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include "ui/controls/Form.h"
 
 /// Where on the screen a form's window stands.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include <vector>
 
 /// Whose window a form belongs to, and who waits while it is open.

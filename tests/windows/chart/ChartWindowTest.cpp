@@ -1,5 +1,4 @@
 #include <windows.h>
-// windows.h first
 #include <commctrl.h>
 #include <gmock/gmock.h>
 

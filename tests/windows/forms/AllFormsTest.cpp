@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
 #include <windows.h>
-// windows.h first
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <set>

@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
 #include <windows.h>
-// windows.h first
+#include <gtest/gtest.h>
 #include <stdexcept>
 
 #include "ui/controls/Button.h"

@@ -1,7 +1,6 @@
-#include <gmock/gmock.h>
 #include <windows.h>
-// windows.h first
 #include <commctrl.h>
+#include <gmock/gmock.h>
 
 #include "platform/win32/WideText.h"
 #include "ui/command_select/frmCommandSelect.h"

@@ -1,5 +1,4 @@
 #include <windows.h>
-// windows.h first
 #include <dlgs.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
 #include <windows.h>
-// windows.h first
 #include <gtest/gtest.h>
 #include <oleacc.h>
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <windows.h>
-// windows.h first
+#include <gtest/gtest.h>
 #include <oleacc.h>
 
 #include <algorithm>

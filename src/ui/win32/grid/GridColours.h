@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include "util/Colour.h"
 
 namespace kestrel::ui::win32 {

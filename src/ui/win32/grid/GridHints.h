@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include <optional>
 
 #include "ui/win32/HintWindow.h"

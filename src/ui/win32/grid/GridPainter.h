@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include <string>
 
 #include "ui/controls/Grid.h"

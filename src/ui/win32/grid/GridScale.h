@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include "ui/controls/Geometry.h"
 
 namespace kestrel::ui::win32 {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-// windows.h first
 #include "ui/controls/Grid.h"
 
 namespace kestrel::ui::win32 {

@@ -1,5 +1,4 @@
 #include <windows.h>
-// windows.h first
 #include <windowsx.h>
 
 #include "platform/win32/Clipboard.h"

@@ -1,5 +1,4 @@
 #include <windows.h>
-// windows.h first
 #include <htmlhelp.h>
 
 #include <cstdio>
