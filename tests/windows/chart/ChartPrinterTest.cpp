@@ -1,6 +1,6 @@
 #include "ui/win32/chart/ChartPrinter.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "base/Errors.h"
 #include "windows/chart/Canvas.h"
@@ -9,19 +9,6 @@
 
 namespace kestrel::ui::win32 {
 namespace {
-
-using testing::HasSubstr;
-using testing::Not;
-
-TEST(ChartPrinter, PrintsOnePageUnderThePlansName) {
-    const test::PostScriptPrinter printer;
-    const kestrel::win32::OwnDc dc(CreateDCW(L"WINSPOOL", printer.Name(), nullptr, nullptr));
-    PrintChart(dc.Get(), test::SampleDrawing(), "Ferry terminal");
-    const std::string printed = printer.Printed();
-    EXPECT_THAT(printed, HasSubstr("%%Title: Ferry terminal"));
-    EXPECT_THAT(printed, HasSubstr("%%Page: 1 1"));
-    EXPECT_THAT(printed, Not(HasSubstr("%%Page: 2")));
-}
 
 TEST(ChartPrinter, TheDrawingKeepsItsShapeWithinTheMargins) {
     const test::PostScriptPrinter printer;

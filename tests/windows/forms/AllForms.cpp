@@ -1,5 +1,8 @@
 #include "windows/forms/AllForms.h"
 
+#include "refhost/workbench/frmRiskReportAssumptions.h"
+#include "refhost/workbench/frmRunAnalysis.h"
+#include "refhost/workbench/frmSaveChanges.h"
 #include "ui/assignment/frmAssignRisk.h"
 #include "ui/assignment/frmAssignRiskAdvanced.h"
 #include "ui/command_select/frmCommandSelect.h"
@@ -35,17 +38,24 @@ std::unique_ptr<ui::Form> MakeSteps(Stage& stage) {
 
 const std::vector<AnyForm>& AllForms() {
     static const std::vector<AnyForm> forms = {
-        {"editor", L"Edit Risk Factors", Make<ui::frmEditRiskFactors>},
-        {"options", L"Options", Make<ui::frmLoadRiskFactors>},
-        {"assignment", L"Assign Risk Factors", Make<ui::frmAssignRisk>},
-        {"assignment in lists", L"Assign Risk Factors", Make<ui::frmAssignRiskAdvanced>},
-        {"driving risks", L"Driving Risks", Make<ui::frmTornado>},
-        {"command picker", L"Risk Factors",
-         [](Stage&) { return std::make_unique<ui::frmCommandSelect>(); }},
-        {"message box", L"Quillon Risk Analysis", MakeMessageBox},
-        {"progress", L"Calculating Risk Sensitivity",
-         [](Stage&) { return std::make_unique<ui::frmProgress>(); }},
-        {"steps", L"Progress", MakeSteps},
+        {"editor", Make<ui::frmEditRiskFactors>},
+        {"options", Make<ui::frmLoadRiskFactors>},
+        {"assignment", Make<ui::frmAssignRisk>},
+        {"assignment in lists", Make<ui::frmAssignRiskAdvanced>},
+        {"driving risks", Make<ui::frmTornado>},
+        {"command picker", [](Stage&) { return std::make_unique<ui::frmCommandSelect>(); }},
+        {"message box", MakeMessageBox},
+        {"progress", [](Stage&) { return std::make_unique<ui::frmProgress>(); }},
+        {"steps", MakeSteps},
+        {"analysis",
+         [](Stage& stage) {
+             return std::make_unique<refhost::frmRunAnalysis>(stage.desktop,
+                                                              refhost::AnalysisSettings());
+         }},
+        {"save changes",
+         [](Stage&) { return std::make_unique<refhost::frmSaveChanges>("Ferry terminal"); }},
+        {"report",
+         [](Stage&) { return std::make_unique<refhost::frmRiskReportAssumptions>([] {}); }},
     };
     return forms;
 }

@@ -40,10 +40,9 @@ class Stage {
     clsKestrelDll addin;
 };
 
-/// Every form of the add-in, in a typical state.
+/// Every form of the add-in, and the questions of the host, in a typical state.
 struct AnyForm {
     std::string name;
-    std::wstring caption;
     std::function<std::unique_ptr<ui::Form>(Stage&)> make;
 };
 const std::vector<AnyForm>& AllForms();

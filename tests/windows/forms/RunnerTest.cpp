@@ -92,17 +92,6 @@ TEST_F(RunnerTest, TheHostsWindowsWaitAndTheActiveOneIsActiveAgain) {
     EXPECT_EQ(GetActiveWindow(), host.Get());
 }
 
-TEST_F(RunnerTest, AHostWithoutWindowsSeesTheFormAsWell) {
-    bool shown = false;
-    ShowAndCancel([&](WindowUser& user, HWND window) {
-        user.OnUi([&] {
-            shown = IsWindowVisible(window);
-            EXPECT_EQ(GetWindow(window, GW_OWNER), nullptr);
-        });
-    });
-    EXPECT_TRUE(shown);
-}
-
 TEST_F(RunnerTest, AHandlerMayShowAnotherFormMoveTheKeyboardAndClose) {
     ui::frmMessageBox question;
     form.act.Click = [&] {

@@ -176,13 +176,4 @@ void GridHost::DragMouse(POINT from, POINT to) {
     Pump();
 }
 
-COLORREF GridHost::PixelAt(POINT place) {
-    const kestrel::win32::WindowDc screen(Window());
-    RECT client{};
-    GetClientRect(Window(), &client);
-    const kestrel::win32::MemoryPicture picture(screen.Get(), client.right, client.bottom);
-    SendMessageW(Window(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(picture.Dc()), PRF_CLIENT);
-    return GetPixel(picture.Dc(), place.x, place.y);
-}
-
 }  // namespace kestrel::test

@@ -27,7 +27,6 @@ class GridHost {
     ~GridHost();
 
     HWND Window() const { return view_->Window(); }
-    HWND FormWindow() const { return formWindow_; }
     /// Not there any more once it has been destroyed.
     ui::win32::ControlView& View() { return *view_; }
     void DestroyView() { view_.reset(); }
@@ -46,9 +45,6 @@ class GridHost {
     void Wheel(int delta);
     void DragMouse(POINT from, POINT to);
     ///@}
-
-    /// A pixel of the grid's window as it would be painted now.
-    COLORREF PixelAt(POINT place);
 
     int events = 0;              ///< afterEvent calls
     std::exception_ptr failure;  ///< what a handler threw

@@ -1,4 +1,4 @@
-#include "windows/pictures/Scenes.h"
+#include "tools/pictures/Scenes.h"
 
 #include "host/modMain.h"
 #include "store/RegisterDocument.h"

@@ -1,8 +1,8 @@
 #include <windows.h>
 #include <iostream>
 
-#include "windows/pictures/Picture.h"
-#include "windows/pictures/Scenes.h"
+#include "tools/pictures/Picture.h"
+#include "tools/pictures/Scenes.h"
 
 /// Takes a picture of every window, at 100 % and 150 %: pictures FOLDER.
 namespace kestrel::test {

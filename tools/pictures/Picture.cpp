@@ -1,4 +1,4 @@
-#include "windows/pictures/Picture.h"
+#include "tools/pictures/Picture.h"
 
 #include <fstream>
 #include <stdexcept>
