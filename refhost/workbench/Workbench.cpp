@@ -1,16 +1,15 @@
 #include "refhost/workbench/Workbench.h"
 
 #include <algorithm>
-#include <thread>
+#include <iterator>
+#include <stdexcept>
 
 #include "base/Errors.h"
 #include "refhost/charts/FigureText.h"
-#include "refhost/engine/Criticality.h"
 #include "refhost/engine/Statistics.h"
-#include "refhost/workbench/AnalysisProgress.h"
+#include "refhost/workbench/FollowedAnalyses.h"
 #include "refhost/workbench/ReportWriter.h"
 #include "refhost/workbench/TableExchange.h"
-#include "refhost/workbench/WorkProgress.h"
 #include "refhost/workbench/frmResults.h"
 #include "refhost/workbench/frmRunAnalysis.h"
 
@@ -38,46 +37,6 @@ constexpr const char* kKeys =
     "F9\trun the analysis\n"
     "F10, Alt\tmenu\n"
     "Ctrl+O, Ctrl+S, Ctrl+Shift+S\topen, save, save as";
-
-/// An analysis as the window follows it: its progress and the tasks that are critical.
-class FollowedAnalysis : public AnalysisWatcher {
- public:
-    FollowedAnalysis(WorkbenchWindow& window, std::int32_t iterations, LivePlan& plan)
-        : progress_(window, iterations), plan_(plan), criticality_(plan.Data()) {}
-
-    bool AfterIteration(std::int32_t number, std::span<const std::int32_t> drawn,
-                        const AnalysisResults& soFar) override {
-        criticality_.Note(plan_.Scheduled());
-        return progress_.AfterIteration(number, drawn, soFar);
-    }
-
-    std::vector<double> Criticality() const {
-        std::vector<double> shares;
-        for (std::size_t task = 0; task < plan_.TaskCount(); ++task)
-            shares.push_back(criticality_.Of(task));
-        return shares;
-    }
-
- private:
-    AnalysisProgress progress_;
-    LivePlan& plan_;
-    refhost::Criticality criticality_;
-};
-
-class StageWatcher : public AnalysisWatcher {
- public:
-    StageWatcher(const char* what, std::int32_t iterations, WorkProgress& progress)
-        : what_(what), iterations_(iterations), progress_(progress) {}
-    bool AfterIteration(std::int32_t number, std::span<const std::int32_t>,
-                        const AnalysisResults&) override {
-        return progress_.Show(what_, number, iterations_);
-    }
-
- private:
-    const char* what_;
-    std::int32_t iterations_;
-    WorkProgress& progress_;
-};
 
 /// True for as long as it lives.
 class Flag {
@@ -117,112 +76,73 @@ void Workbench::Guarded(Work&& work) {
     parts_.window.Refresh();
 }
 
+/// What a command needs and does; a row a command.
+struct Workbench::Facts {
+    enum Needs { Nothing, Plan, SelectedTask, AnalysisResults };
+    Command command;
+    Needs needs;
+    void (*run)(Workbench& bench);
+
+    static const Facts& Of(Command command);
+};
+
+const Workbench::Facts& Workbench::Facts::Of(Command command) {
+    using Bench = Workbench;
+    static constexpr Facts kFacts[] = {
+        {Command::Open, Nothing,
+         [](Bench& b) {
+             if (b.document_.OpenByDialog()) b.PlanOpened();
+         }},
+        {Command::Save, Plan, [](Bench& b) { b.document_.Save(); }},
+        {Command::SaveAs, Plan, [](Bench& b) { b.document_.SaveAs(); }},
+        {Command::Exit, Nothing,
+         [](Bench& b) {
+             if (b.document_.MayClose()) b.parts_.window.Quit();
+         }},
+        {Command::RunAnalysis, Plan, [](Bench& b) { b.RunAnalysisCommand(); }},
+        {Command::ShowResults, AnalysisResults, [](Bench& b) { b.ShowResults(); }},
+        {Command::WriteReport, Plan, [](Bench& b) { WriteReportByDialog(b.parts_, b.document_); }},
+        {Command::EditFactors, Plan, [](Bench& b) { b.parts_.addIn.LaunchEdit(); }},
+        {Command::AssignFactors, SelectedTask, [](Bench& b) { b.parts_.addIn.LaunchAssign(); }},
+        {Command::ShowDrivingRisks, Plan, [](Bench& b) { b.parts_.addIn.LaunchShow(); }},
+        {Command::SaveFactors, Plan, [](Bench& b) { b.parts_.addIn.LaunchSave(); }},
+        {Command::LoadFactors, Plan, [](Bench& b) { b.parts_.addIn.LaunchLoad(); }},
+        {Command::ImportTable, Plan, [](Bench& b) { ImportTableByDialog(b.parts_); }},
+        {Command::ExportTable, Plan, [](Bench& b) { ExportTableByDialog(b.parts_, b.document_); }},
+        {Command::FactorOptions, Plan, [](Bench& b) { b.parts_.addIn.LaunchOptions(); }},
+        {Command::ZoomIn, Plan, [](Bench& b) { b.view_->Zoom(1); }},
+        {Command::ZoomOut, Plan, [](Bench& b) { b.view_->Zoom(-1); }},
+        {Command::WholePlan, Plan, [](Bench& b) { b.view_->ShowWholePlan(); }},
+        {Command::GoToToday, Plan, [](Bench& b) { b.view_->GoTo(b.Now()); }},
+        {Command::GoToSelectedTask, SelectedTask, [](Bench& b) { b.view_->GoToSelectedTask(); }},
+        {Command::ExpandAll, Plan, [](Bench& b) { b.view_->SetAllExpanded(true); }},
+        {Command::CollapseAll, Plan, [](Bench& b) { b.view_->SetAllExpanded(false); }},
+        {Command::ShowKeys, Nothing, [](Bench& b) { b.Tell(kKeys); }},
+        {Command::About, Nothing, [](Bench& b) { b.Tell(kAbout); }},
+    };
+    const auto found =
+        std::find_if(std::begin(kFacts), std::end(kFacts),
+                     [command](const Facts& facts) { return facts.command == command; });
+    if (found == std::end(kFacts)) throw std::logic_error("a command without facts");
+    return *found;
+}
+
 bool Workbench::IsEnabled(Command command) const {
-    switch (command) {
-        case Command::Open:
-        case Command::Exit:
-        case Command::ShowKeys:
-        case Command::About:
-            return true;
-        case Command::ShowResults:
-            return results_.has_value();
-        case Command::AssignFactors:
-        case Command::GoToSelectedTask:
-            return view_ && view_->SelectedTask();
-        default:
+    switch (Facts::Of(command).needs) {
+        case Facts::Plan:
             return view_ != nullptr;
+        case Facts::SelectedTask:
+            return view_ && view_->SelectedTask();
+        case Facts::AnalysisResults:
+            return results_.has_value();
+        case Facts::Nothing:
+            break;
     }
+    return true;
 }
 
 void Workbench::Run(Command command) {
-    if (!IsEnabled(command)) return;
-    Guarded([&] {
-        if (!RunFileCommand(command) && !RunFactorCommand(command)) RunViewCommand(command);
-    });
-}
-
-bool Workbench::RunFileCommand(Command command) {
-    switch (command) {
-        case Command::Open:
-            if (document_.OpenByDialog()) PlanOpened();
-            return true;
-        case Command::Save:
-            document_.Save();
-            return true;
-        case Command::SaveAs:
-            document_.SaveAs();
-            return true;
-        case Command::Exit:
-            if (document_.MayClose()) parts_.window.Quit();
-            return true;
-        case Command::RunAnalysis:
-            RunAnalysisCommand();
-            return true;
-        case Command::ShowResults:
-            ShowResults();
-            return true;
-        case Command::WriteReport:
-            WriteReportByDialog(parts_, document_);
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool Workbench::RunFactorCommand(Command command) {
-    switch (command) {
-        case Command::EditFactors:
-            parts_.addIn.LaunchEdit();
-            return true;
-        case Command::AssignFactors:
-            parts_.addIn.LaunchAssign();
-            return true;
-        case Command::ShowDrivingRisks:
-            parts_.addIn.LaunchShow();
-            return true;
-        case Command::SaveFactors:
-            parts_.addIn.LaunchSave();
-            return true;
-        case Command::LoadFactors:
-            parts_.addIn.LaunchLoad();
-            return true;
-        case Command::ImportTable:
-            ImportTableByDialog(parts_);
-            return true;
-        case Command::ExportTable:
-            ExportTableByDialog(parts_, document_);
-            return true;
-        case Command::FactorOptions:
-            parts_.addIn.LaunchOptions();
-            return true;
-        default:
-            return false;
-    }
-}
-
-void Workbench::RunViewCommand(Command command) {
-    switch (command) {
-        case Command::ZoomIn:
-            return view_->Zoom(1);
-        case Command::ZoomOut:
-            return view_->Zoom(-1);
-        case Command::WholePlan:
-            return view_->ShowWholePlan();
-        case Command::GoToToday:
-            return view_->GoTo(parts_.window.Now());
-        case Command::GoToSelectedTask:
-            return view_->GoToSelectedTask();
-        case Command::ExpandAll:
-            return view_->SetAllExpanded(true);
-        case Command::CollapseAll:
-            return view_->SetAllExpanded(false);
-        case Command::ShowKeys:
-            return Tell(kKeys);
-        case Command::About:
-            return Tell(kAbout);
-        default:
-            return;
-    }
+    if (IsEnabled(command)) Guarded([&] { Facts::Of(command).run(*this); });
 }
 
 void Workbench::Open(const std::string& path) {
@@ -247,20 +167,14 @@ bool Workbench::MayClose() {
 bool Workbench::Sync() { return view_ && !analysing_ && view_->Sync(); }
 
 void Workbench::RunAnalysisCommand() {
-    HostPlan& plan = *parts_.host.OpenPlan();
-    frmRunAnalysis ask(parts_.desktop, plan.Live().Data().analysis);
+    frmRunAnalysis ask(parts_.desktop, parts_.host.OpenPlan()->Live().Data().analysis);
     parts_.runner.ShowModal(ask);
     if (!ask.Result()) return;
     parts_.addIn.LaunchStartSchedulon();
     PlanResults found;
-    found.plan = plan.Live().Snapshot();
-    found.settings = *ask.Result();
-    found.when = parts_.window.Now();
     {
         const Flag analysing(analysing_);
-        FollowedAnalysis watcher(parts_.window, found.settings.iterations, plan.Live());
-        found.results = refhost::RunAnalysis(parts_.host, found.settings, &watcher);
-        found.criticality = watcher.Criticality();
+        found = AnalyseOpenPlan(parts_, *ask.Result());
     }
     if (found.results.cancelled)
         return Tell("The analysis was cancelled after " +
@@ -269,7 +183,7 @@ void Workbench::RunAnalysisCommand() {
                     (results_ ? ", those of the one before are." : "."));
     results_ = std::move(found);
     view_->ShowCriticality(results_->criticality);
-    AnalyseWithout();
+    results_->without = AnalyseWithout(parts_, *results_);
     const Summary finish = Summarise(results_->results.finish);
     resultText_ = std::to_string(results_->settings.iterations) + " iterations, seed " +
                   std::to_string(results_->settings.seed) + ": P50 " +
@@ -280,35 +194,10 @@ void Workbench::RunAnalysisCommand() {
     ShowResults();
 }
 
-/// The same analysis in which no factor occurs; left out when the user cancels it.
-void Workbench::AnalyseWithout() {
-    const std::unique_ptr<kestrel::Desktop> mute = parts_.threadDesktops();  // all has been told
-    WorkProgress progress(parts_.window, "Risk Analysis");
-    StageWatcher watcher("Without risk factors", results_->settings.iterations, progress);
-    AnalysisResults without =
-        AnalyseWithoutFactors(results_->plan, results_->settings, *mute, &watcher);
-    if (!without.cancelled) results_->without = std::move(without);
-}
-
-std::optional<Priorities> Workbench::Calculate(Outcome outcome) {
-    PriorityQuestion question;
-    question.settings = results_->settings;
-    question.outcome = outcome;
-    question.threads = std::max(1u, std::thread::hardware_concurrency());
-    const std::unique_ptr<kestrel::Desktop> mute = parts_.threadDesktops();
-    WorkProgress progress(parts_.window, "Risk Factors");
-    Priorities found =
-        Prioritise(results_->plan, question, *mute, parts_.threadDesktops,
-                   [&](std::int32_t done, std::int32_t atMost) {
-                       return progress.Show("What each risk factor costs", done, atMost);
-                   });
-    if (found.cancelled) return std::nullopt;
-    return found;
-}
-
 void Workbench::ShowResults() {
-    frmResults form(parts_.desktop, *results_, parts_.host.OpenPlan()->Live().ResultsUpToDate(),
-                    [this](Outcome outcome) { return Calculate(outcome); });
+    frmResults form(
+        parts_.desktop, *results_, parts_.host.OpenPlan()->Live().ResultsUpToDate(),
+        [this](Outcome outcome) { return PrioritiseFactors(parts_, *results_, outcome); });
     parts_.runner.ShowModal(form);
 }
 

@@ -71,12 +71,9 @@ class Workbench {
     std::string CostText() const;
 
  private:
-    bool RunFileCommand(WorkbenchCommand command);
-    bool RunFactorCommand(WorkbenchCommand command);
-    void RunViewCommand(WorkbenchCommand command);
+    struct Facts;
+
     void RunAnalysisCommand();
-    void AnalyseWithout();
-    std::optional<Priorities> Calculate(Outcome outcome);
     void ShowResults();
     void PlanOpened();
     /// Runs a command and tells its failure.

@@ -1,0 +1,99 @@
+#include "refhost/workbench/FollowedAnalyses.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "refhost/engine/Criticality.h"
+#include "refhost/workbench/WorkProgress.h"
+
+namespace refhost {
+namespace {
+
+/// The open plan's analysis: its progress and the tasks that are critical.
+class PlanWatcher : public AnalysisWatcher {
+ public:
+    PlanWatcher(WorkbenchWindow& window, std::int32_t iterations, LivePlan& plan)
+        : progress_(window, "Risk Analysis"),
+          iterations_(iterations),
+          plan_(plan),
+          criticality_(plan.Data()) {
+        progress_.Show("Preparing", 0, iterations);
+    }
+
+    bool AfterIteration(std::int32_t number, std::span<const std::int32_t>,
+                        const AnalysisResults&) override {
+        criticality_.Note(plan_.Scheduled());
+        return progress_.ShowIteration(number, iterations_);
+    }
+
+    std::vector<double> Criticality() const {
+        std::vector<double> shares;
+        for (std::size_t task = 0; task < plan_.TaskCount(); ++task)
+            shares.push_back(criticality_.Of(task));
+        return shares;
+    }
+
+ private:
+    WorkProgress progress_;
+    std::int32_t iterations_;
+    LivePlan& plan_;
+    refhost::Criticality criticality_;
+};
+
+class StageWatcher : public AnalysisWatcher {
+ public:
+    StageWatcher(const char* what, std::int32_t iterations, WorkProgress& progress)
+        : what_(what), iterations_(iterations), progress_(progress) {}
+    bool AfterIteration(std::int32_t number, std::span<const std::int32_t>,
+                        const AnalysisResults&) override {
+        return progress_.Show(what_, number, iterations_);
+    }
+
+ private:
+    const char* what_;
+    std::int32_t iterations_;
+    WorkProgress& progress_;
+};
+
+}  // namespace
+
+PlanResults AnalyseOpenPlan(const Workbench::Parts& parts, const AnalysisSettings& settings) {
+    LivePlan& plan = parts.host.OpenPlan()->Live();
+    PlanResults found;
+    found.plan = plan.Snapshot();
+    found.settings = settings;
+    found.when = parts.window.Now();
+    PlanWatcher watcher(parts.window, settings.iterations, plan);
+    found.results = RunAnalysis(parts.host, settings, &watcher);
+    found.criticality = watcher.Criticality();
+    return found;
+}
+
+std::optional<AnalysisResults> AnalyseWithout(const Workbench::Parts& parts,
+                                              const PlanResults& with) {
+    const std::unique_ptr<kestrel::Desktop> mute = parts.threadDesktops();  // all has been told
+    WorkProgress progress(parts.window, "Risk Analysis");
+    StageWatcher watcher("Without risk factors", with.settings.iterations, progress);
+    AnalysisResults without = AnalyseWithoutFactors(with.plan, with.settings, *mute, &watcher);
+    if (without.cancelled) return std::nullopt;
+    return without;
+}
+
+std::optional<Priorities> PrioritiseFactors(const Workbench::Parts& parts,
+                                            const PlanResults& analysed, Outcome outcome) {
+    PriorityQuestion question;
+    question.settings = analysed.settings;
+    question.outcome = outcome;
+    question.threads = std::max(1u, std::thread::hardware_concurrency());
+    const std::unique_ptr<kestrel::Desktop> mute = parts.threadDesktops();
+    WorkProgress progress(parts.window, "Risk Factors");
+    Priorities found =
+        Prioritise(analysed.plan, question, *mute, parts.threadDesktops,
+                   [&](std::int32_t done, std::int32_t atMost) {
+                       return progress.Show("What each risk factor costs", done, atMost);
+                   });
+    if (found.cancelled) return std::nullopt;
+    return found;
+}
+
+}  // namespace refhost
