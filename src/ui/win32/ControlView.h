@@ -75,6 +75,9 @@ class ControlView {
     virtual void ScaleChanged() { InvalidateRect(Window(), nullptr, TRUE); }
 };
 
+/// The view for a control of any kind. Raises std::logic_error for a kind that has none.
+std::unique_ptr<ControlView> MakeView(ViewContext& context, Control& control);
+
 /// A view's window takes part in the form's tab order by the model, and hands keys that it has no
 /// use for to Form::KeyDown. `context` must outlive the view.
 std::unique_ptr<ControlView> MakeGridView(ViewContext& context, Grid& grid);

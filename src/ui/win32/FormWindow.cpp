@@ -12,7 +12,6 @@
 #include "ui/win32/FailureBox.h"
 #include "ui/win32/FormKeys.h"
 #include "ui/win32/FormPlacement.h"
-#include "ui/win32/MakeView.h"
 
 namespace kestrel::ui::win32 {
 namespace {

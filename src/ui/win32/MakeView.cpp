@@ -1,4 +1,4 @@
-#include "ui/win32/MakeView.h"
+#include "ui/win32/ControlView.h"
 
 #include <stdexcept>
 

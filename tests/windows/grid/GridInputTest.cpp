@@ -3,11 +3,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include <future>
 #include <random>
-#include <thread>
 
-#include "base/Errors.h"
 #include "platform/win32/Clipboard.h"
 #include "platform/win32/WideText.h"
 #include "support/ScriptedRunner.h"
@@ -271,28 +268,6 @@ TEST(GridInputTest, PastingPutsTheWholeTextIntoTheCell) {
         window.PressKey(key, held);
         EXPECT_EQ(form.grid.Text(1, SampleGrid::kName), "Größe 雨\U0001F600") << key;
     }
-}
-
-TEST(GridInputTest, AClipboardThatAnotherHoldsFailsThePasteAndNothingElse) {
-    SampleGrid form(2);
-    GridHost window(form, form.grid);
-    std::promise<void> held, enough;
-    std::thread other([&] {
-        const HWND holder = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                            nullptr, nullptr);
-        EXPECT_TRUE(OpenClipboard(holder));
-        held.set_value();
-        enough.get_future().wait();
-        CloseClipboard();
-        DestroyWindow(holder);
-    });
-    held.get_future().wait();
-    window.PressKey('V', {.ctrl = true});
-    enough.set_value();
-    other.join();
-    ASSERT_NE(window.failure, nullptr);
-    EXPECT_THROW(std::rethrow_exception(window.failure), DataError);
-    EXPECT_EQ(form.grid.Text(1, SampleGrid::kName), "Name 1");
 }
 
 TEST(GridInputTest, TheMouseShowsTextsThatAreTooLongForTheirCells) {
