@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "core/model/RiskElements.h"
 #include "refhost/files/Csv.h"
 
 namespace refhost {
@@ -15,19 +16,11 @@ namespace {
 
 using kestrel::clsRiskFactor;
 
-constexpr const char* kDescription = "Description";
-constexpr const char* kCorrelatedTo = "Likelihood Correlated to";
+using kestrel::ElementOfColumn;
+using kestrel::RiskElement;
 
-struct PercentColumn {
-    const char* heading;
-    double clsRiskFactor::*field;
-};
-constexpr PercentColumn kPercentages[] = {
-    {"Dur Min", &clsRiskFactor::dblMin},        {"Dur Likely", &clsRiskFactor::dblML},
-    {"Dur Max", &clsRiskFactor::dblMax},        {"Cost Min", &clsRiskFactor::dblCostMin},
-    {"Cost Likely", &clsRiskFactor::dblCostML}, {"Cost Max", &clsRiskFactor::dblCostMax},
-    {"Likelihood", &clsRiskFactor::dblProb},
-};
+const RiskElement& kDescription = ElementOfColumn(kestrel::kDescriptionColumn);
+const RiskElement& kCorrelatedTo = ElementOfColumn(kestrel::kCorrelatedToColumn);
 
 /// A heading without what spreadsheets and hands change in it: case, blanks, line breaks.
 std::string Bare(std::string_view heading) {
@@ -89,12 +82,10 @@ class Reader {
                 "Description, Dur Min, Dur Likely, Dur Max, Likelihood.");
     }
 
-    static const char* KnownHeading(const std::string& heading) {
+    static const RiskElement* KnownHeading(const std::string& heading) {
         const std::string bare = Bare(heading);
-        for (const PercentColumn& column : kPercentages)
-            if (bare == Bare(column.heading)) return column.heading;
-        for (const char* name : {kDescription, kCorrelatedTo})
-            if (bare == Bare(name)) return name;
+        for (const RiskElement& element : kestrel::kRiskElements)
+            if (element.heading && bare == Bare(element.heading)) return &element;
         return nullptr;
     }
 
@@ -114,7 +105,7 @@ class Reader {
                 Complain(row, std::to_string(i + 1).c_str(),
                          "'" + text + "' stands behind the last heading.");
             else if (columns_[i])
-                ReadCell(row, columns_[i], columns_[i] == kDescription ? row.cells[i] : text,
+                ReadCell(row, *columns_[i], columns_[i] == &kDescription ? row.cells[i] : text,
                          *factor);
         }
         if (factor->strDescription.empty())
@@ -124,50 +115,50 @@ class Reader {
         lines_.push_back(&row);
     }
 
-    void ReadCell(const CsvRow& row, const char* column, const std::string& text,
+    void ReadCell(const CsvRow& row, const RiskElement& column, const std::string& text,
                   clsRiskFactor& factor) {
-        if (column == kDescription) {
+        if (&column == &kDescription) {
             factor.strDescription = text;
             return;
         }
         const auto number = ReadPercentage(text, table_.separator);
-        if (column == kCorrelatedTo) {
+        if (&column == &kCorrelatedTo) {
             const auto id =
                 number && !text.ends_with('%') ? kestrel::ToInt32(*number) : std::nullopt;
             if (!id || *id != *number)
-                return Complain(row, column, "'" + text + "' is no number of a line.");
+                return Complain(row, column.heading, "'" + text + "' is no number of a line.");
             factor.CorrelatedTo = *id;
             return;
         }
-        if (!number) return Complain(row, column, "'" + text + "' is no percentage.");
-        for (const PercentColumn& percentage : kPercentages)
-            if (percentage.heading == column) factor.*percentage.field = *number;
+        if (!number) return Complain(row, column.heading, "'" + text + "' is no percentage.");
+        factor.*column.figure = *number;
     }
 
     void CheckRow(const CsvRow& row, const clsRiskFactor& factor) {
         const auto text = [](double value) { return "'" + kestrel::GeneralText(value) + "%' "; };
         if (!(factor.dblProb >= 0 && factor.dblProb <= 100))
             Complain(row, "Likelihood", text(factor.dblProb) + "is not between 0% and 100%.");
-        for (const std::size_t first : {0u, 3u})
-            for (std::size_t i = first; i < first + 2; ++i)
-                if (!(factor.*kPercentages[i].field <= factor.*kPercentages[i + 1].field))
-                    Complain(row, kPercentages[i + 1].heading,
-                             text(factor.*kPercentages[i + 1].field) + "is less than " +
-                                 kPercentages[i].heading + ".");
+        for (const int column : {kestrel::kDurLikelyColumn, kestrel::kDurMaxColumn,
+                                 kestrel::kCostLikelyColumn, kestrel::kCostMaxColumn}) {
+            const RiskElement &before = ElementOfColumn(column - 1), &at = ElementOfColumn(column);
+            if (!(factor.*before.figure <= factor.*at.figure))
+                Complain(row, at.heading,
+                         text(factor.*at.figure) + "is less than " + before.heading + ".");
+        }
     }
 
     void CheckLeader(std::size_t position) {
         const std::int32_t leader = reading_.factors[position]->CorrelatedTo;
         const auto held = static_cast<std::int32_t>(reading_.factors.size());
         if (leader < 0 || leader > held || leader == static_cast<std::int32_t>(position) + 1)
-            Complain(*lines_[position], kCorrelatedTo,
+            Complain(*lines_[position], kCorrelatedTo.heading,
                      "'" + std::to_string(leader) + "' is no other factor; the table has " +
                          std::to_string(held) + ".");
     }
 
     CsvTable table_;
-    std::vector<const char*> columns_;  ///< heading per column; nullptr for none known
-    std::vector<const CsvRow*> lines_;  ///< per factor
+    std::vector<const RiskElement*> columns_;  ///< nullptr for none known
+    std::vector<const CsvRow*> lines_;         ///< per factor
     int unnamed_ = 0;
     RegisterTableReading reading_;
 };
@@ -175,14 +166,14 @@ class Reader {
 }  // namespace
 
 std::string RegisterTableText(const FactorList& factors, char separator) {
-    std::vector<std::string> cells{kDescription};
-    for (const PercentColumn& column : kPercentages) cells.push_back(column.heading);
-    cells.push_back(kCorrelatedTo);
+    std::vector<std::string> cells{kDescription.heading};
+    for (const RiskElement& column : kestrel::kRiskPercentages) cells.push_back(column.heading);
+    cells.push_back(kCorrelatedTo.heading);
     std::string text = CsvLine(cells, separator);
     for (const auto& factor : factors) {
         cells = {factor->strDescription};
-        for (const PercentColumn& column : kPercentages)
-            cells.push_back(kestrel::GeneralText((*factor).*column.field) + "%");
+        for (const RiskElement& column : kestrel::kRiskPercentages)
+            cells.push_back(kestrel::GeneralText((*factor).*column.figure) + "%");
         cells.push_back(std::to_string(factor->CorrelatedTo));
         text += CsvLine(cells, separator);
     }

@@ -1,6 +1,7 @@
 #include "refhost/results/ReportAssumptionTables.h"
 
 #include "base/NumberText.h"
+#include "core/model/RiskElements.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/results/Html.h"
 #include "store/RiskList.h"
@@ -14,22 +15,18 @@ constexpr std::int64_t kHour = 60;
 std::string Percent(double value) { return kestrel::GeneralText(value) + "%"; }
 
 std::string Percentages(const FactorTracker::Factors& factors) {
-    HtmlTable table({{"ID", true},
-                     {"Risk factor", false},
-                     {"Dur Min", true},
-                     {"Dur Likely", true},
-                     {"Dur Max", true},
-                     {"Cost Min", true},
-                     {"Cost Likely", true},
-                     {"Cost Max", true},
-                     {"Likelihood", true},
-                     {"Correlated to", true}});
-    for (const auto& factor : factors)
-        table.Add({factor->strID, HtmlName(factor->strDescription), Percent(factor->dblMin),
-                   Percent(factor->dblML), Percent(factor->dblMax), Percent(factor->dblCostMin),
-                   Percent(factor->dblCostML), Percent(factor->dblCostMax),
-                   Percent(factor->dblProb),
-                   factor->CorrelatedTo == 0 ? "" : std::to_string(factor->CorrelatedTo)});
+    std::vector<HtmlColumn> columns{{"ID", true}, {"Risk factor", false}};
+    for (const kestrel::RiskElement& percentage : kestrel::kRiskPercentages)
+        columns.push_back({percentage.heading, true});
+    columns.push_back({"Correlated to", true});
+    HtmlTable table(std::move(columns));
+    for (const auto& factor : factors) {
+        std::vector<std::string> cells{factor->strID, HtmlName(factor->strDescription)};
+        for (const kestrel::RiskElement& percentage : kestrel::kRiskPercentages)
+            cells.push_back(Percent((*factor).*percentage.figure));
+        cells.push_back(factor->CorrelatedTo == 0 ? "" : std::to_string(factor->CorrelatedTo));
+        table.Add(std::move(cells));
+    }
     return "<h2>Risk factor percentages</h2>\n" +
            (factors.empty() ? "<p>The plan holds no risk factors.</p>\n" : table.Text());
 }

@@ -3,26 +3,13 @@
 #include <optional>
 #include <string>
 
+#include "core/model/RiskElements.h"
 #include "core/model/modGlobals.h"
 #include "util/GridTable.h"
 
 /// The editor's grid as the register: row 0 holds the headers, the last row is the entry row, and
 /// row r between them is risk factor number r.
 namespace kestrel {
-
-/// What the grid's columns hold. Columns 1 to 7 are percentages such as "100.00%".
-enum RiskColumn : int {
-    kDescriptionColumn = 0,
-    kDurMinColumn = 1,
-    kDurLikelyColumn = 2,
-    kDurMaxColumn = 3,
-    kCostMinColumn = 4,
-    kCostLikelyColumn = 5,
-    kCostMaxColumn = 6,
-    kLikelihoodColumn = 7,
-    kCorrelatedToColumn = 8,
-    kRiskColumns = 9,
-};
 
 /// Last of the rows that hold a factor; 0 when there is none.
 inline int LastRiskRow(const ui::GridTable& grid) { return grid.RowCount() - 2; }

@@ -9,17 +9,14 @@
 namespace kestrel::ui {
 namespace {
 
-struct ColumnLayout {
-    const char* header;
-    int width;
-};
+constexpr int kWidths[kRiskColumns] = {190, 68, 68, 68, 68, 72, 68, 72, 88};
 
-// Two lines each. Only the last caption starts on the first line.
-constexpr ColumnLayout kColumns[kRiskColumns] = {
-    {"\r\nDescription", 190}, {"\r\nDur Min", 68},    {"\r\nDur Likely", 68},
-    {"\r\nDur Max", 68},      {"\r\nCost Min", 68},   {"\r\nCost Likely", 72},
-    {"\r\nCost Max", 68},     {"\r\nLikelihood", 72}, {"Likelihood\r\nCorrelated to", 88},
-};
+/// Two lines. Only the last heading begins on the first one.
+std::string Header(int column) {
+    std::string text = ElementOfColumn(column).heading;
+    if (column != kCorrelatedToColumn) return "\r\n" + text;
+    return text.replace(text.find(' '), 1, "\r\n");
+}
 
 std::string RowNumber(int row) { return std::to_string(row) + "."; }
 
@@ -28,8 +25,8 @@ std::string RowNumber(int row) { return std::to_string(row) + "."; }
 void SetUpRiskGrid(Grid& grid) {
     grid.Clear(kRiskColumns, 1, true);
     for (int column = 0; column < kRiskColumns; ++column) {
-        grid.SetText(0, column, kColumns[column].header);
-        grid.Geometry().SetColumnWidth(column, kColumns[column].width);
+        grid.SetText(0, column, Header(column));
+        grid.Geometry().SetColumnWidth(column, kWidths[column]);
         if (column != kDescriptionColumn)
             grid.Geometry().SetColumnAlignment(column, Alignment::Right);
     }
@@ -55,11 +52,8 @@ void NumberRows(Grid& grid) {
 
 void FillRow(Grid& grid, int row, const clsRiskFactor& factor) {
     grid.SetText(row, kDescriptionColumn, factor.strDescription);
-    const double percentages[] = {factor.dblMin,     factor.dblML,     factor.dblMax,
-                                  factor.dblCostMin, factor.dblCostML, factor.dblCostMax,
-                                  factor.dblProb};
-    int column = kDurMinColumn;
-    for (const double value : percentages) grid.SetText(row, column++, FormatPercentCell(value));
+    for (int column = kDurMinColumn; column <= kLikelihoodColumn; ++column)
+        grid.SetText(row, column, FormatPercentCell(factor.*ElementOfColumn(column).figure));
     grid.SetText(row, kCorrelatedToColumn, std::to_string(factor.CorrelatedTo));
 }
 
