@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "core/model/RisksAssignedToTask.h"
 #include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
@@ -26,37 +27,44 @@ ui::frmBrowse Browse(modGlobals& globals, const char* title) {
     return browse;
 }
 
-void AppendAssignments(XmlNode& task, const RiskIDs& ids, const char* inSeries) {
-    for (const std::int32_t id : ids) {
-        XmlNode& assigned = task.Append(CreateXmlElement("AssignedRiskFactor", std::to_string(id)));
-        assigned.Append(CreateXmlElement("InSeries", inSeries));
-    }
-}
-
-/// The task with its assignments; without children beyond its ID when it has none.
-XmlNode TaskElement(modGlobals& globals, host::Task& task) {
-    XmlNode element = CreateXmlElement("Task");
-    element.Append(CreateXmlElement("ID", task.ID()));
+RisksAssignedToTask AssignedTo(modGlobals& globals, host::Task& task) {
+    RisksAssignedToTask risks{task.ID(), {}};
     for (const bool inSeries : {true, false}) {
         RiskIDs ids;
         GetTaskRiskFactors(globals, task, ids, inSeries);
-        AppendAssignments(element, ids, inSeries ? "1" : "0");
+        for (const std::int32_t id : ids) risks.Assigned.push_back({std::to_string(id), inSeries});
     }
+    return risks;
+}
+
+XmlNode TaskElement(const RisksAssignedToTask& risks) {
+    XmlNode element = CreateXmlElement("Task");
+    element.Append(CreateXmlElement("ID", risks.TaskID));
+    for (const AssignedRiskFactor& assigned : risks.Assigned)
+        element.Append(CreateXmlElement("AssignedRiskFactor", assigned.ID))
+            .Append(CreateXmlElement("InSeries", assigned.InSeries ? "1" : "0"));
     return element;
 }
 
-/// A `Task` element as the text of the task's field.
-std::string FieldText(const XmlNode& element) {
-    std::string parallel, series;
+RisksAssignedToTask ReadTask(const XmlNode& element) {
+    RisksAssignedToTask risks{GetChildText("ID", element), {}};
     for (const XmlNode& child : element.children) {
         if (child.name != "AssignedRiskFactor" || child.children.empty()) continue;
         const std::string text = child.children.front().TextContent();
         const std::string_view id = Trimmed(text);  // files laid out by hand hold line breaks
         if (id.empty()) continue;
         const bool inSeries = LeadingNumber(child.children.back().TextContent()) != 0;
-        std::string& list = inSeries ? series : parallel;
+        risks.Assigned.push_back({std::string(id), inSeries});
+    }
+    return risks;
+}
+
+std::string FieldText(const RisksAssignedToTask& risks) {
+    std::string parallel, series;
+    for (const AssignedRiskFactor& assigned : risks.Assigned) {
+        std::string& list = assigned.InSeries ? series : parallel;
         if (!list.empty()) list += ',';
-        list += id;
+        list += assigned.ID;
     }
     return MakeRiskFieldText(parallel, series);
 }
@@ -69,19 +77,6 @@ host::TaskPtr FindTask(host::TaskCollection& tasks, const std::string& id) {
     if (host::TaskPtr task = find(id)) return task;
     const std::string trimmed(Trimmed(id));
     return trimmed == id ? nullptr : find(trimmed);
-}
-
-/// What a file says of one task.
-struct Assignment {
-    std::string taskId;
-    std::string fieldText;
-};
-
-std::vector<Assignment> AssignmentsOf(const XmlDocument& document) {
-    std::vector<Assignment> assignments;
-    for (const XmlNode* element : SelectElements(document, "Task"))
-        assignments.push_back({GetChildText("ID", *element), FieldText(*element)});
-    return assignments;
 }
 
 }  // namespace
@@ -101,8 +96,8 @@ void SaveRiskFactorsToFile(modGlobals& globals) {
     // An earlier load leaves its tasks in the stored text.
     std::erase_if(document.root.children, [](const XmlNode& n) { return n.name == "Task"; });
     for (const host::TaskPtr& task : plan->Tasks()->Enumerate()) {
-        XmlNode element = TaskElement(globals, *task);
-        if (element.children.size() > 1) document.root.Append(std::move(element));
+        const RisksAssignedToTask risks = AssignedTo(globals, *task);
+        if (!risks.Assigned.empty()) document.root.Append(TaskElement(risks));
     }
     globals.desktop.WriteFile(browse.FileName, SerialiseXmlFile(document.root));
 }
@@ -132,14 +127,18 @@ void LoadRiskFactorsFromFile(modGlobals& globals) {
     Trapped([&] { EnsureTextField(*plan, kRiskFactorsField); });
     // All that can be refused is worked out before the first change.
     const std::string registerText = SerialiseXml(document.root);
-    const std::vector<Assignment> assignments = AssignmentsOf(document);
+    std::vector<std::pair<std::string, std::string>> fields;  // text by task
+    for (const XmlNode* element : SelectElements(document, "Task")) {
+        const RisksAssignedToTask risks = ReadTask(*element);
+        fields.emplace_back(risks.TaskID, FieldText(risks));
+    }
     const auto tasks = plan->Tasks();
     for (const host::TaskPtr& task : tasks->Enumerate())
         task->UserValues()->PutItem(kRiskFactorsField, "");
     plan->SetText(kRegisterText, registerText);
-    for (const Assignment& assignment : assignments)
-        if (const host::TaskPtr task = FindTask(*tasks, assignment.taskId))
-            task->UserValues()->PutItem(kRiskFactorsField, assignment.fieldText);
+    for (const auto& [taskId, text] : fields)
+        if (const host::TaskPtr task = FindTask(*tasks, taskId))
+            task->UserValues()->PutItem(kRiskFactorsField, text);
 }
 
 }  // namespace kestrel
