@@ -21,7 +21,7 @@ using kestrel::ui::frmEditRiskFactors;
 void RefuseUnreadable(CliDesktop& desktop, const std::string& path) {
     const std::string bytes = desktop.ReadFile(path);  // a failure names the path itself
     try {
-        kestrel::ui::ReadFactors(desktop.ParseXml(bytes));
+        kestrel::FactorsOf(desktop.ParseXml(bytes));
     } catch (const DataError& error) {
         throw DataError(InputName(path) + ": " + error.what());
     }

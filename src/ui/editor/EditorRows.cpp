@@ -1,119 +1,173 @@
+#include "ui/editor/EditorRows.h"
+
 #include "base/Text.h"
 #include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
-#include "ui/editor/frmEditRiskFactors.h"
 
-/// The editor's rules for rows and cells.
 namespace kestrel::ui {
 
-void frmEditRiskFactors::AddBlankRow(bool moveTo, bool force) {
-    if (!force && !RowHasContent(Tabulon1, LastRow(Tabulon1))) {
-        globals_.desktop.Beep();
-        Tabulon1.SelectRow(Tabulon1.CurrentRow());
-        return;
-    }
-    const int row = AppendNumberedRow(Tabulon1);
-    if (moveTo) GoTo(row, Tabulon1.CurrentColumn());
+void EditorRows::Fill(const RiskRegister& factors) {
+    const RedrawPause pause(grid_);
+    SetUpRiskGrid(grid_);
+    deletedNumbers_.clear();
+    for (const auto& factor : factors) FillRow(grid_, AppendNumberedRow(grid_), *factor);
+    AddBlankRow(false, true);
+    FillBlankCells(grid_);
+    RefreshCellLocks(grid_);
+    GoTo(1, kDescriptionColumn);
 }
 
-void frmEditRiskFactors::CompleteEntryRow() {
-    const int entry = LastRow(Tabulon1);
-    if (!RowHasContent(Tabulon1, entry)) return;
-    FillBlankFigures(Tabulon1, entry);
+void EditorRows::GoTo(int row, int column, bool extend) {
+    grid_.SetCurrentCell(row, column);
+    if (extend)
+        grid_.SelectTo(row);
+    else
+        grid_.SelectRow(row);
+}
+
+void EditorRows::AddBlankRow(bool moveTo, bool force) {
+    if (!force && !RowHasContent(grid_, LastRow(grid_))) {
+        desktop_.Beep();
+        grid_.SelectRow(grid_.CurrentRow());
+        return;
+    }
+    const int row = AppendNumberedRow(grid_);
+    if (moveTo) GoTo(row, grid_.CurrentColumn());
+}
+
+void EditorRows::CompleteEntryRow() {
+    const int entry = LastRow(grid_);
+    if (!RowHasContent(grid_, entry)) return;
+    FillBlankFigures(grid_, entry);
     AddBlankRow(false, false);
 }
 
-bool frmEditRiskFactors::NormaliseRow() {
-    const int row = Tabulon1.CurrentRow();
+bool EditorRows::NormaliseRow() {
+    const int row = grid_.CurrentRow();
     bool accepted = true;
-    if (IsDataRow(Tabulon1, row)) {
+    if (IsDataRow(grid_, row)) {
         for (int column = kDurMinColumn; column <= kLikelihoodColumn; ++column)
-            Tabulon1.SetText(row, column, NormalisedPercent(Tabulon1.Text(row, column)));
-        CopyLikelihoodToCorrelated(Tabulon1, row);
+            grid_.SetText(row, column, NormalisedPercent(grid_.Text(row, column)));
+        CopyLikelihoodToCorrelated(grid_, row);
         accepted = CheckCorrelationCell();
     }
-    RefreshCellLocks(Tabulon1);
+    RefreshCellLocks(grid_);
     return accepted;
 }
 
-bool frmEditRiskFactors::CheckCorrelationCell() {
-    const int row = Tabulon1.CurrentRow();
-    if (IsBlank(Tabulon1.Text(row, kDescriptionColumn))) return true;
-    const std::string text = Tabulon1.Text(row, kCorrelatedToColumn);
-    if (IsBlank(text)) Tabulon1.SetText(row, kCorrelatedToColumn, "0");
+bool EditorRows::CheckCorrelationCell() {
+    const int row = grid_.CurrentRow();
+    if (IsBlank(grid_.Text(row, kDescriptionColumn))) return true;
+    const std::string text = grid_.Text(row, kCorrelatedToColumn);
+    if (IsBlank(text)) grid_.SetText(row, kCorrelatedToColumn, "0");
     const auto target = IsBlank(text) ? 0 : WholeNumber(text);
     if (!target) return true;
     if (*target == 0) {
-        SetCellEditable(Tabulon1, row, kLikelihoodColumn, true);
+        SetCellEditable(grid_, row, kLikelihoodColumn, true);
     } else if (*target == row) {
         return RefuseCorrelation("A Risk Factor cannot be correlated to itself.");
-    } else if (!IsDataRow(Tabulon1, *target)) {
+    } else if (!IsDataRow(grid_, *target)) {
         return RefuseCorrelation(
             "Invalid entry. Please enter the number of the risk factor you wish to correlate this "
             "risk factor to, for example 12.  Enter 0 to remove correlation.");
     } else {
-        Tabulon1.SetText(row, kLikelihoodColumn, Tabulon1.Text(*target, kLikelihoodColumn));
-        SetCellEditable(Tabulon1, row, kLikelihoodColumn, false);
-        SetCellEditable(Tabulon1, *target, kCorrelatedToColumn, false);
-        CopyLikelihoodToCorrelated(Tabulon1, row);
+        grid_.SetText(row, kLikelihoodColumn, grid_.Text(*target, kLikelihoodColumn));
+        SetCellEditable(grid_, row, kLikelihoodColumn, false);
+        SetCellEditable(grid_, *target, kCorrelatedToColumn, false);
+        CopyLikelihoodToCorrelated(grid_, row);
     }
     return true;
 }
 
-bool frmEditRiskFactors::RefuseCorrelation(const char* message) {
-    globals_.desktop.ShowMessage(message);
-    const int row = Tabulon1.CurrentRow();
-    Tabulon1.SetText(row, kCorrelatedToColumn, "0");
+bool EditorRows::RefuseCorrelation(const char* message) {
+    desktop_.ShowMessage(message);
+    const int row = grid_.CurrentRow();
+    grid_.SetText(row, kCorrelatedToColumn, "0");
     GoTo(row, kCorrelatedToColumn);
     return false;
 }
 
-bool frmEditRiskFactors::CheckDescriptions() {
-    for (int row = 1; row <= LastRiskRow(Tabulon1); ++row) {
-        if (!IsBlank(Tabulon1.Text(row, kDescriptionColumn))) continue;
-        globals_.desktop.ShowMessage(
+bool EditorRows::CheckDescriptions() {
+    for (int row = 1; row <= LastRiskRow(grid_); ++row) {
+        if (!IsBlank(grid_.Text(row, kDescriptionColumn))) continue;
+        desktop_.ShowMessage(
             "A Risk Factor's description cannot be blank.  Please enter a valid description.");
         GoTo(row, kDescriptionColumn);
-        Tabulon1.BeginEdit();
-        Tabulon1.SetFocus();
+        grid_.BeginEdit();
+        grid_.SetFocus();
         return true;
     }
     return false;
 }
 
-bool frmEditRiskFactors::CheckNumbers() {
-    const int current = Tabulon1.CurrentRow();
-    for (int row = 1; row <= LastRow(Tabulon1); ++row) {
+bool EditorRows::CheckNumbers() {
+    const int current = grid_.CurrentRow();
+    for (int row = 1; row <= LastRow(grid_); ++row) {
         for (int column = kDurMinColumn; column <= kCorrelatedToColumn; ++column) {
-            const std::string& shown = Tabulon1.Text(row, column);
+            const std::string& shown = grid_.Text(row, column);
             if (IsBlank(shown)) continue;  // becomes its default
             const bool correlation = column == kCorrelatedToColumn;
-            const bool leaves = row == current && IsDataRow(Tabulon1, row);
+            const bool leaves = row == current && IsDataRow(grid_, row);
             if (correlation ? WholeNumber(shown).has_value()
                             : IsCellNumber(leaves ? NormalisedPercent(shown) : shown))
                 continue;
-            Refuse(NotANumber(Tabulon1, row, column));
+            Refuse(NotANumber(grid_, row, column));
             return true;
         }
     }
     return false;
 }
 
-void frmEditRiskFactors::Refuse(const RefusedCell& cell) {
-    globals_.desktop.ShowMessage(cell.message);
+void EditorRows::Refuse(const RefusedCell& cell) {
+    desktop_.ShowMessage(cell.message);
     GoTo(cell.row, cell.column);
-    Tabulon1.SetFocus();
+    grid_.SetFocus();
 }
 
-bool frmEditRiskFactors::InUnnamedEntryRow() const {
-    const int row = Tabulon1.CurrentRow();
-    return row == LastRow(Tabulon1) && IsBlank(Tabulon1.Text(row, kDescriptionColumn));
+bool EditorRows::InUnnamedEntryRow() const {
+    const int row = grid_.CurrentRow();
+    return row == LastRow(grid_) && IsBlank(grid_.Text(row, kDescriptionColumn));
 }
 
-bool frmEditRiskFactors::LeaveCell() {
+bool EditorRows::LeaveCell() {
     if (!NormaliseRow()) return false;
     CompleteEntryRow();
     return true;
+}
+
+void EditorRows::DeleteSelected() {
+    CompleteEntryRow();  // a factor that is still being entered counts as one
+    const bool finished = DeleteSelectedRows();
+    {
+        const RedrawPause pause(grid_);
+        NumberRows(grid_);
+    }
+    if (!finished) return;
+    if (grid_.CurrentRow() < 1) {
+        grid_.SetCurrentCell(LastRow(grid_), 0);
+        grid_.SetFocus();
+    }
+    AddBlankRow(false, false);
+}
+
+bool EditorRows::DeleteSelectedRows() {
+    const std::vector<int> selected = grid_.SelectedRows();
+    if (selected.size() == 1 && IsBlank(grid_.Text(selected[0], kDescriptionColumn))) {
+        desktop_.ShowMessage("Cannot Delete Selected Risk as Row Empty");
+        grid_.SetFocus();
+        GoTo(selected[0], grid_.CurrentColumn());
+        return false;
+    }
+    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
+        if (IsDataRow(grid_, *row)) DeleteRow(*row);  // the entry row is no factor
+    return true;
+}
+
+void EditorRows::DeleteRow(int row) {
+    deletedNumbers_.push_back(row);
+    grid_.RemoveRow(row);
+    RenumberCorrelations(grid_, row);
+    NormaliseRow();
 }
 
 }  // namespace kestrel::ui

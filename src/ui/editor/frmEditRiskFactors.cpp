@@ -2,7 +2,6 @@
 
 #include "store/OpenPlan.h"
 #include "store/TaskField.h"
-#include "ui/editor/CellRules.h"
 #include "ui/editor/RiskGrid.h"
 #include "util/Trapped.h"
 #include "util/modeHelp.h"
@@ -11,13 +10,21 @@ namespace kestrel::ui {
 namespace {
 
 constexpr int kWidth = 860, kHeight = 440, kMargin = 10, kButtonWidth = 104, kButtonHeight = 26;
+constexpr const char* kNotLoaded =
+    "The risk factors file could not be loaded; the rows in this window are as they were.";
+constexpr const char* kNotSaved =
+    "The risk factors could not be saved to a file; they are still in this window.";
 constexpr const char* kNotStored =
     "The risk factors could not be stored in the plan; they are still in this window.";
 
 }  // namespace
 
 frmEditRiskFactors::frmEditRiskFactors(modGlobals& globals)
-    : Form("Edit Risk Factors", kWidth, kHeight), globals_(globals) {
+    : Form("Edit Risk Factors", kWidth, kHeight),
+      globals_(globals),
+      files_(globals),
+      rows_(Tabulon1, globals.desktop),
+      keys_(Tabulon1, rows_, globals.desktop) {
     PlaceControls();
     ConnectHandlers();
     SetUpRiskGrid(Tabulon1);
@@ -51,7 +58,9 @@ void frmEditRiskFactors::ConnectHandlers() {
     Tabulon1.OnKeyDown = [this](const KeyEvent& event) { return Tabulon1_KeyDown(event); };
     Tabulon1.OnKeyPress = [this](char32_t code) { return Tabulon1_KeyPress(code); };
     Tabulon1.OnPaste = [this](const std::string& text) { return Tabulon1_Paste(text); };
-    Tabulon1.BeforeLeaveCell = [this] { return LeaveCell(); };
+    Tabulon1.BeforeLeaveCell = [this] { return rows_.LeaveCell(); };
+    keys_.Delete = [this] { cmdDeleteRisk_Click(); };
+    keys_.Cancel = [this] { cmdCancelRisk_Click(); };
 }
 
 void frmEditRiskFactors::Form_Load() {
@@ -59,8 +68,14 @@ void frmEditRiskFactors::Form_Load() {
     bool loaded = false;
     TrappedAndTold(globals_.desktop, "The risk factors could not be shown.",
                    [&] { loaded = LoadData(); });
-    deletedNumbers_.clear();
     if (!loaded) Close();
+}
+
+bool frmEditRiskFactors::LoadData() { return Show(files_.ToStartWith()); }
+
+bool frmEditRiskFactors::Show(const std::optional<RiskRegister>& factors) {
+    if (factors) rows_.Fill(*factors);
+    return factors.has_value();
 }
 
 bool frmEditRiskFactors::StoreDefaultFactors() {
@@ -76,15 +91,61 @@ void frmEditRiskFactors::cmdHelp_Click() {
 
 void frmEditRiskFactors::cmdCancelRisk_Click() { Close(); }
 
+bool frmEditRiskFactors::Tabulon1_KeyDown(const KeyEvent& event) { return keys_.KeyDown(event); }
+
+bool frmEditRiskFactors::Tabulon1_KeyPress(char32_t code) { return keys_.KeyPress(code); }
+
+bool frmEditRiskFactors::Tabulon1_Paste(const std::string& text) { return keys_.Paste(text); }
+
+void frmEditRiskFactors::cmdDeleteRisk_Click() {
+    if (globals_.desktop.ShowMessage("Do you want to delete the selected Risk?",
+                                     MessageButtons::YesNo, "") == MessageAnswer::Yes)
+        rows_.DeleteSelected();
+}
+
+void frmEditRiskFactors::cmdLoadFile_Click() {
+    TrappedAndTold(globals_.desktop, kNotLoaded, [this] {
+        EnsureTextField(*OpenPlan(globals_), kRiskFactorsField);
+        const int row = Tabulon1.CurrentRow(), column = Tabulon1.CurrentColumn();
+        if (FactorsAreAssigned()) {
+            globals_.desktop.ShowMessage(
+                "This file cannot be used to replace the existing risk Risk Factors as some of the "
+                "existing risk Risk Factors have been assigned to tasks");
+            return;
+        }
+        if (Show(files_.Chosen()) && Tabulon1.IsDataCell(row, column)) rows_.GoTo(row, column);
+    });
+}
+
+bool frmEditRiskFactors::FactorsAreAssigned() {
+    for (const host::TaskPtr& task : OpenPlan(globals_)->Tasks()->Enumerate())
+        if (!task->UserValues()->Item(kRiskFactorsField).empty()) return true;
+    return false;
+}
+
+bool frmEditRiskFactors::RowsAreComplete() {
+    return !rows_.CheckDescriptions() && !rows_.CheckNumbers();
+}
+
+void frmEditRiskFactors::cmdSave_Click() {
+    TrappedAndTold(globals_.desktop, kNotSaved, [this] {
+        if (!RowsAreComplete()) return;
+        rows_.NormaliseRow();
+        rows_.CompleteEntryRow();
+        files_.SaveTemplate(Tabulon1);
+    });
+}
+
 void frmEditRiskFactors::cmdOKRisk_Click() {
     TrappedAndTold(globals_.desktop, kNotStored, [this] {
-        if (CheckDescriptions() || CheckNumbers()) return;
+        if (!RowsAreComplete()) return;
         // Ahead of the checks below: after their refusal the tasks are renumbered all the same,
         // and a second OK hands over the same numbers again.
-        RenumberTaskRiskFactors(globals_, deletedNumbers_);
-        NormaliseRow();
-        CompleteEntryRow();
-        if (const auto refused = StoreGridAsRegister(globals_, Tabulon1)) return Refuse(*refused);
+        RenumberTaskRiskFactors(globals_, rows_.DeletedNumbers());
+        rows_.NormaliseRow();
+        rows_.CompleteEntryRow();
+        if (const auto refused = StoreGridAsRegister(globals_, Tabulon1))
+            return rows_.Refuse(*refused);
         registerChanged_ = true;
         Close();
     });

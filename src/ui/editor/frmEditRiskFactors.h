@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "core/model/modGlobals.h"
-#include "store/GridRegister.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"
+#include "ui/editor/EditorKeys.h"
+#include "ui/editor/EditorRows.h"
 #include "ui/editor/FactorFiles.h"
 
 namespace kestrel::ui {
@@ -22,9 +22,8 @@ class frmEditRiskFactors : public Form {
     explicit frmEditRiskFactors(modGlobals& globals);
 
     /// Fills the grid from the plan's register; when that holds no factors, as the option
-    /// "OptionSetting" says; after cmdLoadFile from the chosen file. False when the file was
-    /// refused (the user has been told) or none was chosen in place of the grid's factors; the
-    /// grid is then as it was.
+    /// "OptionSetting" says. False when that was refused (the user has been told); the grid is
+    /// then as it was.
     bool LoadData();
 
     /// Loads the default factors and stores them in the plan, without showing the form.
@@ -59,65 +58,16 @@ class frmEditRiskFactors : public Form {
  private:
     void PlaceControls();
     void ConnectHandlers();
-
-    /// @name Filling
-    ///@{
-    std::optional<Factors> FactorsToStartWith();
-    /// Whether new factors may take the place of a register that cannot be read.
-    bool UserReplaces(const std::string& fault);
-    std::optional<Factors> FactorsOfFile(const std::string& path);
-    std::string DefaultFile();
-    std::string ExistingFile(const std::string& path);
-    std::string BrowseForFactors(const std::string& filter, const std::string& folder);
-    std::string SamplesFolder();
-    std::string PlanFolder();
+    /// False when there are none to show.
+    bool Show(const std::optional<RiskRegister>& factors);
     bool FactorsAreAssigned();
-    void Fill(const Factors& factors);
-    ///@}
-
-    /// @name Rows and cells
-    ///@{
-    void AddBlankRow(bool moveTo, bool force);
-    void CompleteEntryRow();
-    /// False when the row's correlation was refused: told, and its cell is current.
-    bool NormaliseRow();
-    bool CheckCorrelationCell();
-    bool RefuseCorrelation(const char* message);
-    /// @name Checks ahead of storing; true when a cell is refused: told, and it is current
-    ///@{
-    bool CheckDescriptions();
-    bool CheckNumbers();
-    void Refuse(const RefusedCell& cell);
-    ///@}
-    bool InUnnamedEntryRow() const;
-    /// What leaving a cell by other means than the keys of Tabulon1_KeyDown does; false: stays.
-    bool LeaveCell();
-    ///@}
-
-    /// @name Keys
-    ///@{
-    /// Makes the cell current and selects its row or, with `extend`, the rows up to it.
-    void GoTo(int row, int column, bool extend = false);
-    void GoDown();
-    void GoUp();
-    /// Shift and an arrow: one row up (-1) or down.
-    void ExtendRows(int step);
-    void CopyRows();
-    void EnterPressed(bool shift);
-    void TabPressed(bool shift);
-    void StartEditing();
-    void EscapePressed();
-    ///@}
-
-    /// @name Deletion
-    ///@{
-    bool DeleteSelectedRows();
-    void DeleteRow(int row);
-    ///@}
+    /// False when a cell keeps the rows from being stored: told.
+    bool RowsAreComplete();
 
     modGlobals& globals_;
-    std::optional<std::string> chosenFile_;     ///< of cmdLoadFile
-    std::vector<std::int32_t> deletedNumbers_;  ///< each as it was when its row was removed
+    FactorFiles files_;
+    EditorRows rows_;
+    EditorKeys keys_;
     bool registerChanged_ = false;
     std::uint16_t userLanguage_ = 0;
 };
