@@ -1,36 +1,66 @@
 #include "platform/XmlOutline.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <string>
 
 #include "base/Text.h"
 #include "platform/XmlCharacters.h"
 #include "platform/XmlErrors.h"
-#include "platform/XmlMarkupText.h"
+#include "platform/XmlMarkup.h"
 
 namespace kestrel {
 namespace {
-
-constexpr std::string_view kTagEnds = "/><";  // of a tag that is complete or broken off
 
 std::string_view PrefixOf(std::string_view name) {
     const auto colon = name.find(':');
     return colon == name.npos ? std::string_view() : name.substr(0, colon);
 }
 
+/// The character that a reference ("amp", "#233", "#xE9") stands for; 0 for none.
+char32_t ReferredCharacter(std::string_view reference) {
+    constexpr std::pair<std::string_view, char> kNamed[] = {
+        {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+    for (const auto& [name, character] : kNamed)
+        if (reference == name) return static_cast<unsigned char>(character);
+    if (!reference.starts_with('#')) return 0;
+    const bool hexadecimal = reference.starts_with("#x");
+    reference.remove_prefix(hexadecimal ? 2 : 1);
+    std::uint32_t character = 0;
+    std::from_chars(reference.data(), reference.data() + reference.size(), character,
+                    hexadecimal ? 16 : 10);
+    return IsXmlCharacter(character) ? character : 0;
+}
+
+/// An attribute's value as it is meant. What refers to nothing stays: the parser refuses it.
+std::string Resolved(std::string_view written) {
+    std::string value;
+    while (!written.empty()) {
+        const std::size_t end = written.front() == '&' ? written.find(';') : written.npos;
+        const char32_t referred =
+            end == written.npos ? 0 : ReferredCharacter(written.substr(1, end - 1));
+        if (referred != 0)
+            AppendUtf8(value, referred);
+        else
+            value += kBlanks.find(written.front()) == kBlanks.npos ? written.front() : ' ';
+        written.remove_prefix(referred != 0 ? end + 1 : 1);
+    }
+    return value;
+}
+
 class Outliner {
  public:
-    explicit Outliner(const XmlMarkupText& markup) : text_(markup.Text()) {
-        CheckCharacters(markup.IsUtf8());
-    }
-
-    XmlOutline Outline() {
-        while (at_ < text_.size()) {
-            ReadText(std::min(text_.find('<', at_), text_.size()));
-            if (at_ < text_.size()) ReadMarkup();
+    XmlOutline Outline(std::string_view text) {
+        XmlMarkupReader reader(text);
+        for (XmlMarkup piece = reader.Next(); !piece.text.empty(); piece = reader.Next()) {
+            if (!piece.closed) Fail("what begins with \"" + Shown(piece.text) + "\" is not closed");
+            if (piece.kind == XmlMarkup::Kind::StartTag) ReadStartTag(piece.text);
+            if (piece.kind == XmlMarkup::Kind::EndTag) ReadEndTag(piece.text);
+            line_ += static_cast<int>(std::ranges::count(piece.text, '\n'));
         }
         if (!open_.empty())
-            Fail("the document ends before <" + std::string(open_.back().name) + "> of line " +
+            Fail("the document ends before <" + Shown(open_.back().name) + "> of line " +
                  std::to_string(open_.back().line) + " is closed");
         if (outline_.lines.empty()) throw XmlEmpty();
         return std::move(outline_);
@@ -47,118 +77,31 @@ class Outliner {
         throw XmlErrorAtLine(line_, message);
     }
 
-    /// Bytes above 0x7F mean characters of their own in encodings other than UTF-8.
-    void CheckCharacters(bool isUtf8) {
-        for (std::size_t at = 0; at < text_.size();) {
-            const auto byte = static_cast<unsigned char>(text_[at]);
-            const bool plain = byte < 0x80 ? IsXmlCharacter(byte) : !isUtf8;
-            const std::size_t length = plain ? 1 : XmlCharacterLength(text_.substr(at, 4));
-            if (length == 0) {
-                MoveTo(at);
-                Fail("a character is ill-formed or one that XML cannot hold");
-            }
-            at += length;
-        }
+    static std::string Shown(std::string_view text) {
+        const std::string_view firstLine = text.substr(0, text.find_first_of("\r\n"));
+        return std::string(firstLine.substr(0, WholeCharacterAt(firstLine, 40)));
     }
 
-    void MoveTo(std::size_t position) {
-        line_ += static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(at_),
-                                             text_.begin() + static_cast<std::ptrdiff_t>(position),
-                                             '\n'));
-        at_ = position;
+    void ReadStartTag(std::string_view tag) {
+        if (open_.size() == static_cast<std::size_t>(kXmlMaximumDepth))
+            throw XmlTooDeepAtLine(line_);
+        outline_.lines.push_back(line_);
+        const bool empty = tag.ends_with("/>");
+        const std::string_view inside = tag.substr(1, tag.size() - (empty ? 3 : 2));
+        const std::string_view name = inside.substr(0, inside.find_first_of(kBlanks));
+        open_.push_back({name, line_, prefixes_.size()});
+        used_.assign({name});
+        ReadAttributes(inside.substr(name.size()));
+        for (const std::string_view used : used_) CheckPrefix(used);
+        if (empty) CloseElement();
     }
 
-    bool IsAt(std::string_view markup) const { return text_.substr(at_).starts_with(markup); }
-
-    /// Moves past the next `end`; fails, naming what is not closed, when there is none.
-    void MovePast(std::string_view end, const char* what) {
-        const std::size_t found = text_.find(end, at_);
-        if (found == text_.npos) Fail(std::string(what) + " is not closed");
-        MoveTo(found + end.size());
-    }
-
-    void SkipBlanks() { MoveTo(std::min(text_.find_first_not_of(kBlanks, at_), text_.size())); }
-
-    /// The text up to `end`, its references resolved. The position stays at the faulty one.
-    std::string ReadReferences(std::size_t end) {
-        std::string resolved;
-        // Searches end here: each to the end of the document would take quadratic time.
-        const std::string_view text = text_.substr(0, end);
-        for (;;) {
-            const std::size_t mark = std::min(text.find('&', at_), end);
-            resolved += text.substr(at_, mark - at_);
-            MoveTo(mark);
-            if (mark == end) return resolved;
-            const std::size_t close = std::min(text.find(';', mark), end);
-            const std::string_view reference = text.substr(mark + 1, close - mark - 1);
-            const std::uint32_t character =
-                close < end ? XmlReferredCharacter(reference) : kNoXmlCharacter;
-            if (character == kNoXmlCharacter)
-                Fail("\"&" + std::string(reference.substr(0, 20)) +
-                     "\" refers to nothing; write \"&amp;\" for an ampersand");
-            AppendUtf8(resolved, character);
-            MoveTo(close + 1);
-        }
-    }
-
-    void ReadText(std::size_t end) {
-        if (open_.empty()) {
-            SkipBlanks();
-            if (at_ < end) Fail("text stands outside the root element");
-        } else {
-            const std::size_t sectionEnd = text_.substr(0, end).find("]]>", at_);
-            static_cast<void>(ReadReferences(std::min(sectionEnd, end)));  // for its faults only
-            if (at_ < end) Fail("\"]]>\" stands outside a CDATA section; write \"]]&gt;\"");
-        }
-    }
-
-    void ReadMarkup() {
-        if (IsAt("<!--"))
-            ReadComment();
-        else if (IsAt("<![CDATA["))
-            MovePast("]]>", "a CDATA section");
-        else if (IsAt("<!"))
-            throw XmlTypeDeclaredAtLine(line_);
-        else if (IsAt("<?xml") && at_ > 0 && IsBlankAt(at_ + 5))
-            Fail("the XML declaration must be the very first thing in the document");
-        else if (IsAt("<?"))
-            MovePast("?>", "a processing instruction");
-        else if (IsAt("</"))
-            ReadEndTag();
-        else
-            ReadStartTag();
-    }
-
-    void ReadComment() {
-        MoveTo(at_ + 4);
-        MovePast("--", "a comment");
-        if (!IsAt(">")) Fail("\"--\" stands within a comment");
-        MoveTo(at_ + 1);
-    }
-
-    bool IsBlankAt(std::size_t position) const {
-        return position < text_.size() && kBlanks.find(text_[position]) != kBlanks.npos;
-    }
-
-    std::string_view ReadName() {
-        const std::size_t end = std::min(text_.find_first_of(" \t\r\n=/<>'\"", at_), text_.size());
-        const std::string_view name = text_.substr(at_, end - at_);
-        if (name.empty()) Fail("a name is missing in a tag");
-        if (!IsXmlName(name)) Fail("\"" + std::string(name.substr(0, 40)) + "\" is no name");
-        MoveTo(end);
-        return name;
-    }
-
-    void ReadEndTag() {
-        MoveTo(at_ + 2);
-        const std::string name(ReadName());
-        SkipBlanks();
-        if (open_.empty()) Fail("</" + name + "> closes nothing");
+    void ReadEndTag(std::string_view tag) {
+        const std::string_view name = Trimmed(tag.substr(2, tag.size() - 3));
+        if (open_.empty()) Fail("</" + Shown(name) + "> closes nothing");
         if (open_.back().name != name)
-            Fail("</" + name + "> stands where <" + std::string(open_.back().name) + "> of line " +
+            Fail("</" + Shown(name) + "> stands where <" + Shown(open_.back().name) + "> of line " +
                  std::to_string(open_.back().line) + " should be closed");
-        if (!IsAt(">")) Fail("the end tag </" + name + "> is not closed");
-        MoveTo(at_ + 1);
         CloseElement();
     }
 
@@ -167,65 +110,26 @@ class Outliner {
         open_.pop_back();
     }
 
-    void ReadStartTag() {
-        if (open_.empty() && !outline_.lines.empty()) Fail("there is a second root element");
-        if (open_.size() == static_cast<std::size_t>(kXmlMaximumDepth))
-            throw XmlTooDeepAtLine(line_);
-        OpenElement element{{}, line_, prefixes_.size()};
-        outline_.lines.push_back(line_);
-        MoveTo(at_ + 1);
-        element.name = ReadName();
-        open_.push_back(element);
-        ReadAttributes();
-        CheckPrefixes();
-        const bool empty = IsAt("/");
-        if (empty) MoveTo(at_ + 1);
-        if (!IsAt(">"))
-            Fail("the tag <" + std::string(element.name) + "> of line " +
-                 std::to_string(element.line) + " is not closed");
-        MoveTo(at_ + 1);
-        if (empty) CloseElement();
-    }
-
-    void ReadAttributes() {
-        attributeNames_.clear();
+    /// Ends at the first that is malformed: the parser refuses it.
+    void ReadAttributes(std::string_view text) {
         for (;;) {
-            const bool separated = IsBlankAt(at_);
-            SkipBlanks();
-            if (at_ == text_.size() || kTagEnds.find(text_[at_]) != kTagEnds.npos) return;
-            if (!separated) Fail("a blank is missing before an attribute");
-            const std::string_view name = ReadName();
-            std::string value = ReadValue(name);
-            attributeNames_.push_back(name);
-            if (name == "xmlns" || PrefixOf(name) == "xmlns") Declare(name, std::move(value));
+            const std::size_t equals = text.find('=');
+            const std::size_t quote = text.find_first_of("'\"");
+            if (quote == text.npos || equals > quote) return;
+            const std::size_t end = text.find(text[quote], quote + 1);
+            if (end == text.npos) return;
+            const std::string_view name = Trimmed(text.substr(0, equals));
+            if (name == "xmlns" || PrefixOf(name) == "xmlns")
+                Declare(name, Resolved(text.substr(quote + 1, end - quote - 1)));
+            else
+                used_.push_back(name);
+            text.remove_prefix(end + 1);
         }
     }
 
-    std::string ReadValue(std::string_view name) {
-        const auto fail = [&](const char* what) {
-            Fail("the attribute \"" + std::string(name.substr(0, 40)) + "\" " + what);
-        };
-        SkipBlanks();
-        const bool assigned = IsAt("=");
-        if (assigned) MoveTo(at_ + 1);
-        SkipBlanks();
-        const std::size_t end =
-            assigned && (IsAt("'") || IsAt("\"")) ? text_.find(text_[at_], at_ + 1) : text_.npos;
-        if (end == text_.npos) fail("has no value in quotes");
-        MoveTo(at_ + 1);
-        if (text_.substr(at_, end - at_).find('<') != text_.npos)
-            fail("has a \"<\" in its value, or no quote at its end; write \"&lt;\"");
-        std::string value = ReadReferences(end);
-        MoveTo(end + 1);
-        return value;
-    }
-
     void Declare(std::string_view name, std::string value) {
-        for (char& c : value)
-            if (kBlanks.find(c) != kBlanks.npos) c = ' ';  // as in every attribute
         if (name != "xmlns") {
-            if (value.empty())
-                Fail("the prefix of \"" + std::string(name) + "\" gets no namespace");
+            if (value.empty()) Fail("the prefix of \"" + Shown(name) + "\" gets no namespace");
             if (prefixes_.size() == kXmlMaximumPrefixes) throw XmlTooManyPrefixesAtLine(line_);
             prefixes_.push_back(name.substr(6));
         }
@@ -233,38 +137,24 @@ class Outliner {
             {outline_.lines.size() - 1, {std::string(name), std::move(value)}});
     }
 
-    /// Of the innermost element and its attributes.
-    void CheckPrefixes() {
-        CheckPrefix(open_.back().name);
-        for (const std::string_view name : attributeNames_)
-            if (PrefixOf(name) != "xmlns") CheckPrefix(name);
-        std::sort(attributeNames_.begin(), attributeNames_.end());
-        const auto twice = std::adjacent_find(attributeNames_.begin(), attributeNames_.end());
-        if (twice != attributeNames_.end())
-            Fail("the attribute \"" + std::string(*twice) + "\" stands twice in a tag");
-    }
-
     void CheckPrefix(std::string_view name) const {
         const std::string_view prefix = PrefixOf(name);
         if (prefix.empty() || prefix == "xml") return;
-        if (std::find(prefixes_.begin(), prefixes_.end(), prefix) == prefixes_.end())
-            Fail("the prefix of \"" + std::string(name) + "\" is not declared");
+        if (std::ranges::find(prefixes_, prefix) == prefixes_.end())
+            Fail("the prefix of \"" + Shown(name) + "\" is not declared");
     }
 
-    const std::string_view text_;
-    std::size_t at_ = 0;
     int line_ = 1;
     std::vector<OpenElement> open_;
     std::vector<std::string_view> prefixes_;  ///< declared and in scope, innermost last
-    std::vector<std::string_view> attributeNames_;
+    std::vector<std::string_view> used_;      ///< the names in a tag
     XmlOutline outline_;
 };
 
 }  // namespace
 
 XmlOutline OutlineXml(std::string_view bytes) {
-    const XmlMarkupText markup(bytes);
-    return Outliner(markup).Outline();
+    return Outliner().Outline(XmlMarkupText(bytes).Text());
 }
 
 }  // namespace kestrel

@@ -17,10 +17,10 @@ struct XmlOutline {
 };
 
 /// Walks the markup of a document in UTF-8, UTF-16, UTF-32 or any encoding that extends ASCII.
-/// Raises DataError with the line for what parsers are shy to place or do not notice: tags that do
-/// not match, characters and references that mean nothing, prefixes that are not declared, document
-/// types, elements deeper than kXmlMaximumDepth, more than kXmlMaximumPrefixes. What it lets pass
-/// may still be malformed.
+/// Raises DataError with the line for what parsers take too long over (elements deeper than
+/// kXmlMaximumDepth, more than kXmlMaximumPrefixes), what some do not notice (prefixes that are
+/// not declared) and what leaves the walk without an end: markup that is not closed, tags that do
+/// not match. What else may be malformed is the parser's to tell.
 XmlOutline OutlineXml(std::string_view bytes);
 
 }  // namespace kestrel

@@ -103,42 +103,6 @@ TEST(XmlParser, PutsNamespacesBeforeOtherAttributesAndKeepsTheOrderOfEach) {
         "<q:b xmlns:q=\"v\" xmlns:n=\"n\" x=\"3\"/></a>");
 }
 
-TEST(XmlParser, NamesTheLineOfAFaultAndPrintsNothing) {
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(MessageOf("<a>\n<b>\n</a>").find("line 3: "), 0u);
-    const struct {
-        const char* name;
-        std::string bytes;
-    } rows[] = {
-        {"empty", ""},
-        {"blank", "  \n"},
-        {"unfinished", "<a><b/>"},
-        {"unknown entity", "<a>&e;</a>"},
-        {"unknown prefix", "<p:a/>"},
-        {"second root", "<a/><b/>"},
-        {"bad UTF-8", "<a>\xFF\xFE</a>"},
-        {"bad EUC-JP",
-         "<?xml version='1.0' encoding='EUC-JP'?>\n<a>" + std::string(9000, 'x') + "\xFF\xFF</a>"},
-        {"unknown encoding", "<?xml version='1.0' encoding='nope'?><a/>"},
-        {"control character", "<a>\x01</a>"},
-        {"zero byte", "<a>\0</a>"s},
-        {"zero byte behind the end", "<a/>\0<b/>"s},
-        {"attribute twice", "<a b='1' b='2'/>"},
-        {"namespace on no prefix", "<a xmlns:p=''/>"},
-        {"tag in a value", "<a b='<c/>'/>"},
-        {"end of a section", "<a>]]></a>"},
-        {"name of digits", "<1/>"},
-        {"two hyphens", "<a><!-- -- --></a>"},
-        {"late declaration", " <?xml version='1.0'?><a/>"},
-    };
-    for (const auto& row : rows) {
-        const std::string message = MessageOf(row.bytes);
-        EXPECT_EQ(message.find("line "), 0u) << row.name << ": " << message;
-        EXPECT_EQ(message.find("line 0"), std::string::npos) << row.name << ": " << message;
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-}
-
 TEST(XmlParser, RefusesDocumentTypesInEveryEncoding) {
     const std::string bomb =
         "<?xml version='1.0'?>\n<!-- > -->\n<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>";

@@ -90,13 +90,6 @@ class TreeBuilder {
 
     int CurrentLine() const { return parser_.input ? parser_.input->line : 0; }
 
-    /// The parser takes a zero byte behind the root element for the end of the document.
-    void ExpectEnd() noexcept {
-        const xmlParserInput* input = parser_.input;
-        if (!input || input->cur >= input->end) return;
-        Handle([&] { throw XmlErrorAtLine(input->line, "a zero byte stands behind the root"); });
-    }
-
     XmlDocument Finish() {
         if (failure_) std::rethrow_exception(failure_);
         // Some allocations of the parser fail without an error event.
@@ -234,7 +227,6 @@ XmlDocument ParseXmlBytes(std::string_view bytes) {
     parser->userData = &builder;
     threadErrors.GoTo(builder);
     xmlParseDocument(parser.get());
-    builder.ExpectEnd();
     return builder.Finish();
 }
 

@@ -74,9 +74,11 @@ void Load(IXMLDOMDocument2& document, std::string_view bytes) {
     CheckDom(error->get_line(&line));
     CheckDom(error->get_reason(reason.Out()));
     const std::string message = reason.Utf8();
-    // Some versions tell neither line nor reason. What the outline lets pass is mostly a matter of
-    // the encoding, which the first line declares.
-    if (line <= 0) throw XmlErrorAtLine(1, "the document or its encoding cannot be read");
+    // Some versions tell neither line nor reason.
+    if (line <= 0)
+        throw DataError(
+            "the document is malformed, or in an encoding that this system does not know; correct "
+            "it or save it as UTF-8.");
     throw XmlErrorAtLine(static_cast<int>(line), std::string(TrimmedEnd(message, kSentenceEnd)));
 }
 
