@@ -4,7 +4,7 @@
 
 #include "host/clsKestrelDll.h"
 #include "refhost/cli/AddIn.h"
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 
 namespace refhost {
 

@@ -8,7 +8,7 @@
 #include "refhost/engine/ReferenceHost.h"
 #include "refhost/workbench/DocumentState.h"
 #include "refhost/workbench/RecentFiles.h"
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 
 namespace refhost {
 

@@ -7,7 +7,7 @@
 #include "core/model/modGlobals.h"
 #include "host/clsSchedulon.h"
 #include "host/modMain.h"
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 
 namespace kestrel {
 

@@ -2,7 +2,6 @@
 
 #include "base/Errors.h"
 #include "core/analysis/modAnalysis.h"
-#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
 #include "store/modSettings.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/SaveLoadCommands.h"
 #include "store/modSettings.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/model/modGlobals.h"
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 
 /// The dispatcher: what each command word runs, and under which preconditions.
 namespace kestrel {

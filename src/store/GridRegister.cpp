@@ -6,7 +6,6 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
-#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 
 namespace kestrel {

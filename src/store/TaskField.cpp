@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "store/RiskList.h"
-#include "util/HostLookup.h"
+#include "util/Trapped.h"
 
 namespace kestrel {
 namespace {

@@ -10,7 +10,9 @@
 /// whether it came to its end. Programming faults and the lack of memory go on to the caller.
 namespace kestrel {
 
-void TellUndone(Desktop& desktop, const std::string& undone, const std::string& reason);
+inline void TellUndone(Desktop& desktop, const std::string& undone, const std::string& reason) {
+    desktop.ShowMessage(reason.empty() ? undone : undone + "\r\n\r\n" + reason);
+}
 
 /// For what the user has asked for: a failure is told in one message box, `undone` first, the
 /// error's own sentence below it. `undone` says what has not been done and, where work could seem
@@ -39,6 +41,17 @@ bool Trapped(Handler&& handler) {
     } catch (const DataError&) {
     }
     return false;
+}
+
+/// What the look-up finds in one of the host's collections. Some hosts raise an error for what is
+/// absent instead of answering nothing: it counts as nothing too.
+template <class LookUp>
+auto FoundOrNothing(LookUp lookUp) -> decltype(lookUp()) {
+    try {
+        return lookUp();
+    } catch (const HostError&) {
+        return nullptr;
+    }
 }
 
 }  // namespace kestrel

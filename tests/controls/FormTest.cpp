@@ -116,12 +116,12 @@ TEST(FormTest, AccessKeysLeadToTheirControls) {
 
 TEST(FormTest, LayoutGrowsControlsByTheirAnchorsAndNeverShrinksThem) {
     SampleForm form;
-    form.Layout(300, 250);
+    form.LayOut(300, 250);
     EXPECT_EQ(form.label.Bounds(), (Rect{0, 0, 50, 20}));
     EXPECT_EQ(form.text.Bounds(), (Rect{50, 0, 250, 20}));
     EXPECT_EQ(form.grid.Bounds(), (Rect{0, 60, 300, 170}));
     EXPECT_EQ(form.ok.Bounds(), (Rect{200, 230, 50, 20}));
-    form.Layout(10, 10);
+    form.LayOut(10, 10);
     EXPECT_EQ(form.grid.Bounds(), (Rect{0, 60, 200, 20}));
 }
 

@@ -214,7 +214,7 @@ TEST(GridTest, ColumnsThatTheUserSizesStayWithinTheGrid) {
         for (int column = 0; column < 3; ++column)
             EXPECT_EQ(geometry.ColumnWidth(column), c.expected[column]) << column;
         EXPECT_GT(form.grid.Changes(), before);
-        form.Layout(300, 240);
+        form.LayOut(300, 240);
         EXPECT_LE(geometry.CellBounds(0, 2)->x + geometry.ColumnWidth(2), 300 - 2 - 17);
     }
 }

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 #include "ui/controls/Grid.h"
 
 namespace kestrel::test {

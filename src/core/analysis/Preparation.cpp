@@ -4,10 +4,9 @@
 #include "base/Checked.h"
 #include "base/Errors.h"
 #include "core/analysis/modAnalysis.h"
-#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/TaskField.h"
-#include "util/HostLookup.h"
+#include "util/Trapped.h"
 
 namespace kestrel {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "base/Errors.h"
 #include "core/model/AnalysisState.h"
 #include "core/model/clsRiskFactor.h"
 #include "host/HostModel.h"
@@ -27,5 +28,12 @@ struct modGlobals {
     /// Whether the editor was opened by the "edit" command, as against "assign".
     bool openedFromHost = true;
 };
+
+/// The host's active plan. Raises HostError when none is open.
+inline host::PlanPtr OpenPlan(const modGlobals& globals) {
+    if (host::PlanPtr plan = globals.application ? globals.application->ActivePlan() : nullptr)
+        return plan;
+    throw HostError("No plan is open in the host; open one and try again.");
+}
 
 }  // namespace kestrel

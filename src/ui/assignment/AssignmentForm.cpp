@@ -3,7 +3,6 @@
 #include <string>
 
 #include "base/NumberText.h"
-#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/modSettings.h"
 #include "util/Trapped.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ui/assignment/AssignmentForm.h"
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 #include "ui/controls/SelectionListView.h"
 
 namespace kestrel::ui {

@@ -27,7 +27,7 @@ void Form::Add(Control& control, const Rect& design, unsigned anchors) {
 
 void Form::Open() {
     open_ = true;
-    Layout(designWidth_, designHeight_);
+    LayOut(designWidth_, designHeight_);
     FocusFirst();
     Form_Load();
     if (focus_ && !focus_->IsTabStop()) MoveFocus(1);
@@ -46,7 +46,7 @@ void Form::CloseByUser() {
         Close();
 }
 
-void Form::Layout(int width, int height) {
+void Form::LayOut(int width, int height) {
     const int growX = std::max(0, width - designWidth_);
     const int growY = std::max(0, height - designHeight_);
     for (std::size_t i = 0; i < controls_.size(); ++i) {

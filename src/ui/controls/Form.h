@@ -48,7 +48,7 @@ class Form {
     int DesignHeight() const { return designHeight_; }
     /// Gives every control its bounds in a window with this inner size; one smaller than the
     /// design counts as the design.
-    void Layout(int width, int height);
+    void LayOut(int width, int height);
     /// The height that a window takes which is meant to be `height` high inside.
     virtual int AdjustedHeight(int height) { return height; }
     /// Nothing leaves the place to whoever shows the form. A form may ask for one while it
@@ -113,6 +113,16 @@ class Form {
     Control* focusBefore_ = nullptr;
     Button* defaultButton_ = nullptr;
     Button* cancelButton_ = nullptr;
+};
+
+/// Shows forms: the system's windows in the add-in, a script in tests.
+class FormRunner {
+ public:
+    virtual ~FormRunner() = default;
+
+    /// Opens the form and, unless it closed itself while it loaded, works it until it closes.
+    /// Comes back at once where there is nobody to work it.
+    virtual void ShowModal(Form& form) = 0;
 };
 
 }  // namespace kestrel::ui

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "base/NumberText.h"
-#include "store/OpenPlan.h"
 #include "store/modSettings.h"
 #include "util/Trapped.h"
 #include "util/modGridCopy.h"

@@ -2,7 +2,6 @@
 
 #include "base/Text.h"
 #include "store/GridRegister.h"
-#include "store/OpenPlan.h"
 #include "store/RegisterDocument.h"
 #include "store/modRegistry.h"
 #include "store/modSettings.h"

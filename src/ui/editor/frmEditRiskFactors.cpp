@@ -1,6 +1,5 @@
 #include "ui/editor/frmEditRiskFactors.h"
 
-#include "store/OpenPlan.h"
 #include "store/TaskField.h"
 #include "ui/editor/RiskGrid.h"
 #include "util/Trapped.h"

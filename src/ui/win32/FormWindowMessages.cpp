@@ -153,7 +153,7 @@ void FormWindow::MarkDefaultButton() {
 void FormWindow::LayOut() {
     RECT inner{};
     GetClientRect(Handle(), &inner);
-    context_.form->Layout(context_.Units(inner.right), context_.Units(inner.bottom));
+    context_.form->LayOut(context_.Units(inner.right), context_.Units(inner.bottom));
     HDWP places = BeginDeferWindowPos(static_cast<int>(children_.size()));
     for (const auto& child : children_) {
         const Rect& bounds = child->control.Bounds();

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "ui/controls/FormRunner.h"
+#include "ui/controls/Form.h"
 
 namespace kestrel::ui::win32 {
 

@@ -111,7 +111,7 @@ TEST(AllFormsTest, NothingIsClippedOverlappingOutOfTheWindowOrOutOfTabOrderAtAny
             }
         for (const int larger : {0, 251}) {
             const SIZE size{form->DesignWidth() + larger, form->DesignHeight() + larger};
-            form->Layout(static_cast<int>(size.cx), static_cast<int>(size.cy));
+            form->LayOut(static_cast<int>(size.cx), static_cast<int>(size.cy));
             ExpectTabOrder(*form);
             for (const int dpi : {96, 120, 144, 192})
                 for (const ui::Control* control : form->Controls()) {
