@@ -133,20 +133,6 @@ TEST_F(AdvancedAssignmentTest, ASummarySaysWhereTheTasksBelowDiffer) {
     EXPECT_EQ(Field(fourth), "(1)");
 }
 
-TEST_F(AdvancedAssignmentTest, WithoutATaskTheListsAreOff) {
-    AddTask("1");
-    host.plan->currentRow = 0;
-    Assign([&](User& user) {
-        EXPECT_EQ(Caption(user), "No task is selected.");
-        EXPECT_FALSE(Risks(user).Enabled());
-        user.PressCtrl(Key::Right);
-        EXPECT_EQ(Choices(user).Count(), 0);
-        user.Click("cmdNext");
-        EXPECT_TRUE(Risks(user).Enabled()) << "Next has come to the first task";
-    });
-    EXPECT_EQ(Writes(), 0u);
-}
-
 TEST_F(AdvancedAssignmentTest, ALongListFollowsItsSelection) {
     StoreFactors(50);
     auto task = AddTask("1");

@@ -112,11 +112,10 @@ TEST_F(AssignmentTest, InAnotherViewNextSavesAndDoesNothingElse) {
         EXPECT_EQ(Caption(user), "1 - T1");
         EXPECT_EQ(Rows(user), "xs .- .-");
         EXPECT_EQ(host.plan->currentRow, 1);
-        EXPECT_TRUE(host.plan->autoCalculate);
     });
 }
 
-TEST_F(AssignmentTest, WithoutATaskThatCanCarryFactorsEveryRowIsOff) {
+TEST_F(AssignmentTest, WithoutATaskThatCanCarryFactorsBothViewsAreOff) {
     auto task = AddTask("1", "(1)");
     const struct {
         const char* view;
@@ -134,6 +133,7 @@ TEST_F(AssignmentTest, WithoutATaskThatCanCarryFactorsEveryRowIsOff) {
         host.plan->viewType = c.view;
         host.plan->currentRow = c.row;
         task->type = c.type;
+        Option("AssignView", "1");
         Assign([&](User& user) {
             EXPECT_EQ(Caption(user), c.label);
             ClickCells(user, "A1 S1 A2");
@@ -141,6 +141,17 @@ TEST_F(AssignmentTest, WithoutATaskThatCanCarryFactorsEveryRowIsOff) {
             EXPECT_EQ(Rows(user), ".- .- .-");
             user.Click("cmdOk");
             EXPECT_FALSE(user.TheForm().IsOpen());
+        });
+        Option("AssignView", "2");
+        Assign([&](User& user) {
+            EXPECT_EQ(Caption(user), c.label);
+            EXPECT_FALSE(user.Get<Control>("lvwRisks").Enabled());
+            user.PressCtrl(Key::Right);
+            host.plan->viewType = "GanttChart";
+            task->type = 0;
+            host.plan->currentRow = 0;
+            user.Click("cmdNext");
+            EXPECT_TRUE(user.Get<Control>("lvwRisks").Enabled()) << "Next has come to a task";
         });
     }
     EXPECT_EQ(Writes(), 0u);

@@ -38,14 +38,6 @@ TEST(CellRulesTest, EachColumnAcceptsItsCharacters) {
         EXPECT_FALSE(AcceptsCharacter(column, true, U'1')) << column;
 }
 
-TEST(CellRulesTest, WholeNumbersAreReadAndOtherTextsAreNot) {
-    EXPECT_EQ(WholeNumber("012"), 12);
-    EXPECT_EQ(WholeNumber("0"), 0);
-    for (const std::string& text : {std::string("9999999999"), std::string(400, '9')})
-        EXPECT_EQ(WholeNumber(text), INT32_MAX) << "out of range, but a number";
-    for (const char* text : {"", "1:", "5%"}) EXPECT_EQ(WholeNumber(text), std::nullopt) << text;
-}
-
 TEST(RiskGridTest, BlankCellsGetDefaultsAndUnnamedFactorsARunningNumber) {
     Grid grid("Tabulon1");
     SetUpRiskGrid(grid);

@@ -50,6 +50,7 @@ TEST_F(EditorTest, CorrelationsThatCannotBeAreRefused) {
         {"99", kInvalid, "0"}, {"11", "", "11"},
         {"1:", "", "1:"},      {"00", "", "00"},
         {"5%", "", "5%"},      {"9999999999", kInvalid, "0"},
+        {"011", "", "011"},
     };
     Edit([&](User& user) {
         for (const auto& c : cases) {
@@ -69,13 +70,19 @@ TEST_F(EditorTest, CorrelationsThatCannotBeAreRefused) {
 }
 
 TEST_F(EditorTest, LocksShowTheCorrelationsThatWereStored) {
-    StoreFactors(4, [](int i, clsRiskFactor& f) { f.CorrelatedTo = i == 4 ? 1 : 0; });
-    Edit([&](User&) {
-        for (int row = 1; row <= 4; ++row) {
-            EXPECT_EQ(grid->Editable(row, kLike), row != 4) << row;
-            EXPECT_EQ(grid->Editable(row, kCorr), row != 1) << row;
-        }
-    });
+    for (const auto& [follower, leader] : {std::pair{4, 1}, {1, 4}}) {
+        StoreFactors(4,
+                     [&](int i, clsRiskFactor& f) { f.CorrelatedTo = i == follower ? leader : 0; });
+        Edit([&](User& user) {
+            for (int i = 0; i < 2; ++i) {
+                for (int row = 1; row <= 4; ++row) {
+                    EXPECT_EQ(grid->Editable(row, kLike), row != follower) << row;
+                    EXPECT_EQ(grid->Editable(row, kCorr), row != leader) << row;
+                }
+                user.Press(Key::Down);
+            }
+        });
+    }
 }
 
 TEST_F(EditorTest, DeletingARowClosesUpNumbersAndCorrelations) {
@@ -169,11 +176,13 @@ TEST_F(EditorTest, DeletionTakesWhatIsSelectedAndStopsAtABlankRow) {
         Edit([&](User& user) {
             c.select(user);
             desktop.answers = {MessageAnswer::Yes};
+            desktop.beeps = 0;
             if (c.byKey)
                 user.Press(Key::Delete);
             else
                 user.Click("cmdDeleteRisk");
             EXPECT_EQ(Column(0), c.left);
+            EXPECT_EQ(desktop.beeps, c.toldOfBlank ? 0 : 1) << "no new row is needed";
             EXPECT_EQ(user.TheForm().Focus() == grid, c.byKey || c.toldOfBlank);
             EXPECT_TRUE(!c.toldOfBlank || grid->CurrentRow() == 2) << "the blank one";
             EXPECT_EQ(grid->Editable(1, kCorr), std::string(c.left).substr(0, 5) != "F1 F2")

@@ -116,14 +116,9 @@ TEST_F(EditorTest, KeysWorkOnTheTextWhileACellIsEdited) {
     const std::string before = host.plan->texts["RiskFactors"];
     Edit([&](User& user) {
         user.Type("ac|");
-        user.Press(Key::Left);
-        user.Type("b");
-        user.Press(Key::Right);
-        user.Press(Key::Back);
-        EXPECT_EQ(Cell(1, 0), "ab");
-        user.Press(Key::Home);
-        user.Press(Key::Delete);
-        EXPECT_EQ(Cell(1, 0), "b") << "Delete deletes a character, not the factor";
+        for (const Key key : {Key::Left, Key::Right, Key::Home, Key::Delete}) user.Press(key);
+        EXPECT_EQ(Cell(1, 0), "c") << "Delete deletes a character, not the factor";
+        EXPECT_EQ(Current(), "1,0");
         user.Press(Key::Escape);
         EXPECT_EQ(Cell(1, 0), "F1") << "Esc gives the text back first";
         user.TheForm().KeyDown({.key = Key::Escape, .repeated = true});
@@ -175,7 +170,8 @@ TEST_F(EditorTest, CopiesTheSelectedRowsAsText) {
     StoreFactors(2);
     Edit([&](User& user) {
         user.Press(Key::Down);
-        user.PressLetter('C', true, false);
+        EXPECT_TRUE(user.TheForm().KeyDown({.ctrl = true, .letter = U'C'}));
+        EXPECT_FALSE(user.TheForm().KeyDown({.letter = U'C'})) << "typed, not copied";
         desktop.clipboardFails = true;
         user.PressLetter('C', true, false);
         EXPECT_EQ(desktop.MessageText(),

@@ -169,11 +169,5 @@ TEST_F(RegisterDocument, AFailedLoadLeavesAnEmptyDocument) {
     EXPECT_EQ(document.root.children.size(), 1u);
 }
 
-TEST_F(RegisterDocument, AnElementIsMadeWithWhatIsNotEmpty) {
-    EXPECT_EQ(SerialiseXml(CreateXmlElement("a", "t", "n", "v")), "<a n=\"v\">t</a>");
-    EXPECT_EQ(SerialiseXml(CreateXmlElement("a", "", "n", "")), "<a/>");
-    EXPECT_EQ(SerialiseXml(CreateXmlElement("a", "", "", "v")), "<a/>");
-}
-
 }  // namespace
 }  // namespace kestrel
