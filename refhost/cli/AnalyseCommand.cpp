@@ -107,7 +107,7 @@ struct Analysed {
 /// kestrel::DataError when the user cancels.
 Analysed AnalyseSession(Session& session, const AnalysisSettings& settings, FactorTracker& factors,
                         TraceWriter* trace, bool withCriticality) {
-    LivePlan& plan = session.Plan().Live();
+    LivePlan& plan = session.Plan();
     std::optional<Criticality> criticality;
     if (withCriticality) criticality.emplace(plan.Data());
     Analysed analysed;
@@ -136,7 +136,7 @@ void Analyse(const Arguments& arguments, Outputs& outputs) {
     RefuseImportOptions(arguments, session.Imported());
     FactorTracker factors(session.Host(), session.Desktop());
     const AnalysisSettings settings =
-        SettingsOf(arguments, session.Plan().Live().Data(), factors.Register().size());
+        SettingsOf(arguments, session.Plan().Data(), factors.Register().size());
     std::optional<TraceWriter> trace;
     if (auto* file = outputs.Find("--trace")) trace.emplace(session.Host(), factors, *file);
 

@@ -265,7 +265,7 @@ void ListTasks(const Arguments& arguments, Outputs& outputs) {
         throw UsageError("--list writes every task; leave out '" + *words + "'");
     Session session(arguments.Word("PLAN"), outputs);
     outputs.Find("--list")->Write(
-        TaskListText(session.Plan().Live().Data(), SeparatorFor(arguments.Word("--list"))));
+        TaskListText(session.Plan().Data(), SeparatorFor(arguments.Word("--list"))));
 }
 
 }  // namespace

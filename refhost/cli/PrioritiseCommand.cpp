@@ -114,7 +114,7 @@ Priorities RunPrioritise(const PlanData& plan, const PriorityQuestion& question,
 PriorityQuestion QuestionOf(const Arguments& arguments, Session& session) {
     PriorityQuestion question;
     question.settings =
-        SettingsOf(arguments, session.Plan().Live().Data(),
+        SettingsOf(arguments, session.Plan().Data(),
                    FactorTracker::ReadRegister(session.Host(), session.Desktop()).size());
     question.outcome = arguments.Has("--cost") ? Outcome::Cost : Outcome::Finish;
     question.percentile = PercentileOf(arguments);
@@ -125,7 +125,7 @@ PriorityQuestion QuestionOf(const Arguments& arguments, Session& session) {
 
 void PrioritiseFactors(const Arguments& arguments, Outputs& outputs) {
     Session session(arguments.Word("PLAN"), outputs);
-    const PlanData plan = session.Plan().Live().Snapshot();
+    const PlanData plan = session.Plan().Snapshot();
     const Priorities found = RunPrioritise(plan, QuestionOf(arguments, session), session.Desktop());
     if (auto* json = outputs.Find("--json")) json->Write(PrioritiesJson(found));
     if (auto* chart = outputs.Find("--chart"))

@@ -37,7 +37,7 @@ ReportAssumptions AssumptionsOf(const Arguments& arguments) {
 void WriteReport(const Arguments& arguments, Outputs& outputs) {
     const ReportAssumptions assumptions = AssumptionsOf(arguments);
     Session session(arguments.Word("PLAN"), outputs);
-    const PlanData plan = session.Plan().Live().Snapshot();
+    const PlanData plan = session.Plan().Snapshot();
     const PriorityQuestion question = QuestionOf(arguments, session);
 
     std::optional<Progress> progress;

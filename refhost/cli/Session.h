@@ -42,7 +42,7 @@ class Session {
     const std::optional<ImportReport>& Imported() const { return imported_; }
 
     /// The plan as it is now.
-    void SavePlan(Outputs::File& file) { file.Write(WritePlan(Plan().Live().Snapshot())); }
+    void SavePlan(Outputs::File& file) { file.Write(WritePlan(Plan().Snapshot())); }
 
  private:
     std::string planName_;

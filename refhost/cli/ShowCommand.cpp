@@ -47,7 +47,7 @@ void Show(const Arguments& arguments, Outputs& outputs) {
     const int count =
         top ? std::min(static_cast<int>(*top), held) : std::min(kDefaultTopRisks, held);
     const Measure measure = arguments.Has("--cost") ? Measure::Cost : Measure::Duration;
-    if (!session.Plan().Live().ResultsUpToDate())
+    if (!session.Plan().ResultsUpToDate())
         TellError(
             "The risk analysis is out of date; run 'kestrel analyse' with --save to update it.");
     if (auto* chart = outputs.Find("--chart"))

@@ -44,7 +44,7 @@ std::vector<std::size_t> SelectedTasks(HostPlan& plan, const std::string& words)
         const auto range = RangeOf(plan, word);
         if (!range) return false;
         for (std::size_t task = range->first; task <= range->second; ++task)
-            AddWithAllBelow(plan.Live(), task, selected);
+            AddWithAllBelow(plan, task, selected);
         return true;
     };
     if (!add(words))

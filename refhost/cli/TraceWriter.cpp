@@ -6,7 +6,7 @@ namespace refhost {
 
 void TraceWriter::Write(std::int32_t iteration, std::span<const std::int32_t> drawn, double finish,
                         double cost) {
-    LivePlan& plan = application_.OpenPlan()->Live();
+    LivePlan& plan = *application_.OpenPlan();
     json_.Clear();
     json_.BeginObject().Key("iteration").Whole(std::int64_t{iteration});
     WriteFactors();

@@ -27,15 +27,15 @@ class BaseKeeper {
 void RunIterations(ReferenceHost& application, std::int32_t iterations, AnalysisWatcher* watcher,
                    AnalysisResults& results) {
     HostPlan& plan = *application.OpenPlan();
-    DurationSampler sampler(plan.Live());
+    DurationSampler sampler(plan);
     for (std::int32_t number = 1; number <= iterations && !results.cancelled; ++number) {
         plan.NumbersHandedOut().clear();
         const std::span<const std::int32_t> drawn = sampler.Draw(plan.Stream());
-        plan.Live().BeginIteration(drawn);
+        plan.BeginIteration(drawn);
         plan.GroupList().Sample(plan.Stream());
         application.RaiseAfterRiskIteration();
-        results.finish.push_back(DateSerial(plan.Live().FinishDate()));
-        results.cost.push_back(plan.Live().TotalCost());
+        results.finish.push_back(DateSerial(plan.FinishDate()));
+        results.cost.push_back(plan.TotalCost());
         if (watcher && !watcher->AfterIteration(number, drawn, results)) results.cancelled = true;
     }
 }
@@ -48,20 +48,20 @@ AnalysisResults RunAnalysis(ReferenceHost& application, const AnalysisSettings& 
     HostPlan& plan = *application.OpenPlan();
     AnalysisSettings kept = settings;
     kept.upToDate = false;
-    plan.Live().SetAnalysis(kept);
+    plan.SetAnalysis(kept);
     plan.Stream().Seed(settings.seed);
 
     AnalysisResults results;
-    results.deterministicFinish = plan.Live().FinishDate();
-    results.deterministicCost = plan.Live().TotalCost();
-    BaseKeeper base(plan.Live());
+    results.deterministicFinish = plan.FinishDate();
+    results.deterministicCost = plan.TotalCost();
+    BaseKeeper base(plan);
     application.RaiseBeforeRiskAnalysis();
     RunIterations(application, settings.iterations, watcher, results);
     base.Restore();
     application.RaiseAfterRiskAnalysis();
     if (!results.cancelled) {
         kept.upToDate = true;
-        plan.Live().SetAnalysis(kept);
+        plan.SetAnalysis(kept);
     }
     return results;
 }

@@ -10,7 +10,7 @@ class HostTasks final : public host::TaskCollection {
  public:
     explicit HostTasks(std::shared_ptr<HostPlan> plan) : plan_(std::move(plan)) {}
 
-    std::int32_t Count() override { return static_cast<std::int32_t>(plan_->Live().TaskCount()); }
+    std::int32_t Count() override { return static_cast<std::int32_t>(plan_->TaskCount()); }
     host::TaskPtr Item(std::int32_t position) override {
         if (position < 1 || position > Count())
             throw kestrel::HostError("The plan has no task number " + std::to_string(position) +
@@ -23,9 +23,8 @@ class HostTasks final : public host::TaskCollection {
     }
     std::vector<host::TaskPtr> Enumerate() override {
         std::vector<host::TaskPtr> tasks;
-        tasks.reserve(plan_->Live().TaskCount());
-        for (std::size_t i = 0; i < plan_->Live().TaskCount(); ++i)
-            tasks.push_back(plan_->TaskAt(i));
+        tasks.reserve(plan_->TaskCount());
+        for (std::size_t i = 0; i < plan_->TaskCount(); ++i) tasks.push_back(plan_->TaskAt(i));
         return tasks;
     }
 
@@ -37,8 +36,8 @@ class HostSummary final : public host::SummaryTask {
  public:
     explicit HostSummary(std::shared_ptr<HostPlan> plan) : plan_(std::move(plan)) {}
 
-    host::Date Finish() override { return DateSerial(plan_->Live().FinishDate()); }
-    double Cost() override { return plan_->Live().TotalCost(); }
+    host::Date Finish() override { return DateSerial(plan_->FinishDate()); }
+    double Cost() override { return plan_->TotalCost(); }
 
  private:
     std::shared_ptr<HostPlan> plan_;
@@ -47,7 +46,7 @@ class HostSummary final : public host::SummaryTask {
 class HostOptions final : public host::AnalysisOptions {
  public:
     explicit HostOptions(std::shared_ptr<HostPlan> plan) : plan_(std::move(plan)) {}
-    bool RecalculateAll() override { return plan_->Live().Data().analysis.recalculateAll; }
+    bool RecalculateAll() override { return plan_->Data().analysis.recalculateAll; }
 
  private:
     std::shared_ptr<HostPlan> plan_;
@@ -58,7 +57,7 @@ class HostAnalysis final : public host::RiskAnalysis {
     explicit HostAnalysis(std::shared_ptr<HostPlan> plan) : plan_(std::move(plan)) {}
 
     double NextRandom() override { return plan_->NextRandom(); }
-    bool IsUpToDate() override { return plan_->Live().ResultsUpToDate(); }
+    bool IsUpToDate() override { return plan_->ResultsUpToDate(); }
     std::shared_ptr<host::AnalysisOptions> Options() override {
         return std::make_shared<HostOptions>(plan_);
     }
@@ -81,14 +80,14 @@ class HostUserFields final : public host::UserFieldDefinitions {
     explicit HostUserFields(std::shared_ptr<HostPlan> plan) : plan_(std::move(plan)) {}
 
     std::shared_ptr<host::UserFieldDefinition> Item(const std::string& name) override {
-        for (const UserField& field : plan_->Live().Data().userFields)
+        for (const UserField& field : plan_->Data().userFields)
             if (field.name == name) return std::make_shared<HostUserField>(name);
         return nullptr;
     }
     void Add(const std::string& name, std::int16_t type) override {
         if (Item(name))
             throw kestrel::HostError("The plan already defines the user field '" + name + "'.");
-        plan_->Live().AddUserField(name, type);
+        plan_->AddUserField(name, type);
     }
 
  private:
@@ -108,9 +107,8 @@ class HostView final : public host::View {
 
 }  // namespace
 
-HostPlan::HostPlan(PlanData data) : live_(std::move(data)) {
-    for (std::size_t i = 0; i < live_.TaskCount(); ++i)
-        taskByID_.emplace(live_.Data().tasks[i].id, i);
+HostPlan::HostPlan(PlanData data) : LivePlan(std::move(data)) {
+    for (std::size_t i = 0; i < TaskCount(); ++i) taskByID_.emplace(Data().tasks[i].id, i);
 }
 
 host::TaskPtr HostPlan::TaskAt(std::size_t index) {
@@ -124,12 +122,12 @@ std::optional<std::size_t> HostPlan::Find(const std::string& id) const {
 }
 
 std::string HostPlan::GetText(const std::string& name) {
-    const std::string* text = FindText(live_.Data().texts, name);
+    const std::string* text = FindText(Data().texts, name);
     return text ? *text : std::string();
 }
 
 void HostPlan::SetText(const std::string& name, const std::string& text) {
-    live_.SetText(name, text);
+    LivePlan::SetText(name, text);
 }
 
 std::shared_ptr<host::TaskCollection> HostPlan::Tasks() {

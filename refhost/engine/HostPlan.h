@@ -12,13 +12,14 @@
 
 namespace refhost {
 
-/// The reference host's plan as the add-in sees it. The smaller objects (tasks, cost items, the
+/// A plan at work, as the add-in sees it. The smaller objects (tasks, cost items, the
 /// summary, the analysis engine) are views that keep the plan alive.
-class HostPlan final : public host::Plan, public std::enable_shared_from_this<HostPlan> {
+class HostPlan final : public LivePlan,
+                       public host::Plan,
+                       public std::enable_shared_from_this<HostPlan> {
  public:
     explicit HostPlan(PlanData data);
 
-    LivePlan& Live() { return live_; }
     HostGroupCollection& GroupList() { return *groups_; }
     RandomStream& Stream() { return stream_; }
     host::TaskPtr TaskAt(std::size_t index);
@@ -37,14 +38,14 @@ class HostPlan final : public host::Plan, public std::enable_shared_from_this<Ho
     void SelectRow(std::int32_t row) { currentRow_ = row; }
     std::int32_t SelectedRow() const { return currentRow_; }
 
-    std::string Name() override { return live_.Data().name; }
+    std::string Name() override { return Data().name; }
     std::shared_ptr<host::TaskCollection> Tasks() override;
     std::string GetText(const std::string& name) override;
     void SetText(const std::string& name, const std::string& text) override;
-    void PutAutoCalculate(bool automatic) override { live_.PutAutoCalculate(automatic); }
-    void Recalculate() override { live_.Recalculate(); }
+    void PutAutoCalculate(bool automatic) override { LivePlan::PutAutoCalculate(automatic); }
+    void Recalculate() override { LivePlan::Recalculate(); }
     /// The forward pass is always a full one.
-    void RecalculateAll() override { live_.Recalculate(); }
+    void RecalculateAll() override { LivePlan::Recalculate(); }
     std::shared_ptr<host::SummaryTask> SummaryTask() override;
     std::shared_ptr<host::RiskAnalysis> RiskAnalysis() override;
     std::shared_ptr<host::GroupCollection> Groups() override { return groups_; }
@@ -52,7 +53,6 @@ class HostPlan final : public host::Plan, public std::enable_shared_from_this<Ho
     std::shared_ptr<host::View> CurrentView() override;
 
  private:
-    LivePlan live_;
     std::unordered_map<std::string, std::size_t> taskByID_;
     std::shared_ptr<HostGroupCollection> groups_ = std::make_shared<HostGroupCollection>();
     RandomStream stream_;

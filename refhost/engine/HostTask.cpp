@@ -9,11 +9,11 @@ class HostUserValues final : public host::UserValues {
         : plan_(std::move(plan)), task_(task) {}
 
     std::string Item(const std::string& name) override {
-        const std::string* text = FindText(plan_->Live().Data().tasks[task_].userValues, name);
+        const std::string* text = FindText(plan_->Data().tasks[task_].userValues, name);
         return text ? *text : std::string();
     }
     void PutItem(const std::string& name, const std::string& text) override {
-        plan_->Live().SetUserValue(task_, name, text);
+        plan_->SetUserValue(task_, name, text);
     }
 
  private:
@@ -24,10 +24,10 @@ class HostUserValues final : public host::UserValues {
 class HostCostItem final : public host::CostItem {
  public:
     HostCostItem(std::shared_ptr<HostPlan> plan, std::size_t item)
-        : plan_(std::move(plan)), cost_(plan_->Live().CostOf(item)) {}
+        : plan_(std::move(plan)), cost_(plan_->CostOf(item)) {}
 
     double Cost() override { return *cost_; }
-    void PutCost(double cost) override { plan_->Live().Put(*cost_, cost); }
+    void PutCost(double cost) override { plan_->Put(*cost_, cost); }
 
  private:
     std::shared_ptr<HostPlan> plan_;
@@ -38,7 +38,7 @@ class HostCostItem final : public host::CostItem {
 
 std::vector<host::TaskPtr> HostTask::ChildTasks() {
     std::vector<host::TaskPtr> children;
-    for (const std::size_t child : plan_->Live().Children(index_))
+    for (const std::size_t child : plan_->Children(index_))
         children.push_back(std::make_shared<HostTask>(plan_, child));
     return children;
 }
@@ -49,7 +49,7 @@ std::shared_ptr<host::UserValues> HostTask::UserValues() {
 
 std::vector<std::shared_ptr<host::CostItem>> HostTask::CostItems() {
     std::vector<std::shared_ptr<host::CostItem>> items;
-    const LivePlan& live = plan_->Live();
+    const LivePlan& live = *plan_;
     for (std::size_t item = live.FirstCost(index_); item < live.FirstCost(index_ + 1); ++item)
         items.push_back(std::make_shared<HostCostItem>(plan_, item));
     return items;

@@ -15,15 +15,13 @@ class HostTask final : public host::Task {
     HostTask(std::shared_ptr<HostPlan> plan, std::size_t index)
         : plan_(std::move(plan)),
           index_(index),
-          duration_(plan_->Live().IsSummary(index) ? nullptr : plan_->Live().DurationOf(index)) {}
+          duration_(plan_->IsSummary(index) ? nullptr : plan_->DurationOf(index)) {}
 
     std::string ID() override { return Data().id; }
     std::string Name() override { return Data().name; }
-    std::int32_t Duration() override {
-        return duration_ ? *duration_ : plan_->Live().Duration(index_);
-    }
+    std::int32_t Duration() override { return duration_ ? *duration_ : plan_->Duration(index_); }
     void PutDuration(std::int32_t duration) override {
-        if (duration_) plan_->Live().Put(*duration_, duration);
+        if (duration_) plan_->Put(*duration_, duration);
     }
     std::int16_t TaskType() override { return Data().type; }
     std::vector<host::TaskPtr> ChildTasks() override;
@@ -31,7 +29,7 @@ class HostTask final : public host::Task {
     std::vector<std::shared_ptr<host::CostItem>> CostItems() override;
 
  private:
-    const TaskData& Data() const { return plan_->Live().Data().tasks[index_]; }
+    const TaskData& Data() const { return plan_->Data().tasks[index_]; }
 
     std::shared_ptr<HostPlan> plan_;
     std::size_t index_;

@@ -15,20 +15,20 @@ constexpr int kLeastPane = 80;      ///< of table and chart, where the splitter 
 
 PlanView::PlanView(std::shared_ptr<HostPlan> plan)
     : plan_(std::move(plan)),
-      outline_(plan_->Live().Data().tasks),
-      figures_(plan_->Live()),
+      outline_(plan_->Data().tasks),
+      figures_(*plan_),
       links_(LinksOf(*plan_)),
       scale_(StartOfUnit(CalendarUnit::Day, figures_.Start())),
-      planChanges_(plan_->Live().Changes()) {
+      planChanges_(plan_->Changes()) {
     if (!SelectedTask() && outline_.TaskCount() > 0) plan_->SelectRow(1);
     shownRow_ = plan_->SelectedRow();
 }
 
 bool PlanView::Sync() {
     const std::uint64_t before = changes_;
-    if (planChanges_ != plan_->Live().Changes()) {
-        planChanges_ = plan_->Live().Changes();
-        figures_ = PlanFigures(plan_->Live());
+    if (planChanges_ != plan_->Changes()) {
+        planChanges_ = plan_->Changes();
+        figures_ = PlanFigures(*plan_);
         figures_.SetCriticality(criticality_);
         Changed();
     }
@@ -74,7 +74,7 @@ int PlanView::ChartWidth() const { return std::max(1, width_ - ChartLeft()); }
 
 GanttDrawing PlanView::Drawing() const {
     const GanttPart part{firstRow_, WholeRows() + 1, timeLeft_, static_cast<double>(ChartWidth())};
-    return LayOutGantt(outline_, plan_->Live().Data(), figures_, links_, scale_, part);
+    return LayOutGantt(outline_, plan_->Data(), figures_, links_, scale_, part);
 }
 
 std::size_t PlanView::WholeRows() const {

@@ -93,7 +93,7 @@ void PlanView::FitColumn(int column) {
     for (std::size_t row = 0; row < outline_.RowCount(); ++row) {
         const std::size_t task = outline_.TaskAt(row);
         const int indent = which == TaskColumn::Name ? NameIndent(task) + kIndent : 0;
-        const std::string text = TaskTable::Text(plan_->Live(), figures_, task, which);
+        const std::string text = TaskTable::Text(*plan_, figures_, task, which);
         widest = std::max(
             widest, indent + kestrel::ui::TextWidth(text, kTextSize, outline_.HasChildren(task)));
     }

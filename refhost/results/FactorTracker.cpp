@@ -32,7 +32,7 @@ FactorTracker::FactorTracker(ReferenceHost& application, kestrel::Desktop& deskt
 }
 
 void FactorTracker::FindCarryingTasks() {
-    const PlanData& plan = application_.OpenPlan()->Live().Data();
+    const PlanData& plan = application_.OpenPlan()->Data();
     for (std::size_t i = 0; i < plan.tasks.size(); ++i) {
         const std::string* field = FindText(plan.tasks[i].userValues, kestrel::kRiskFactorsField);
         if (!field) continue;

@@ -55,7 +55,7 @@ struct Followed {
 std::optional<Followed> AnalyseFollowed(const PlanData& plan, const AnalysisSettings& settings,
                                         kestrel::Desktop& desktop, const ReportProgress& progress) {
     Laboratory laboratory(plan, desktop);
-    LivePlan& live = laboratory.Host().OpenPlan()->Live();
+    LivePlan& live = *laboratory.Host().OpenPlan();
     FactorTracker factors(laboratory.Host(), desktop);
     Criticality criticality(live.Data());
     FollowedStage stage("With every risk factor", settings.iterations, progress, live, factors,

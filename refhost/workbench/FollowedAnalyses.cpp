@@ -58,7 +58,7 @@ class StageWatcher : public AnalysisWatcher {
 }  // namespace
 
 PlanResults AnalyseOpenPlan(const Workbench::Parts& parts, const AnalysisSettings& settings) {
-    LivePlan& plan = parts.host.OpenPlan()->Live();
+    LivePlan& plan = *parts.host.OpenPlan();
     PlanResults found;
     found.plan = plan.Snapshot();
     found.settings = settings;

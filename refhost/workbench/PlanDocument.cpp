@@ -58,7 +58,7 @@ std::string ImportText(const ImportReport& report) {
 }  // namespace
 
 bool PlanDocument::HasChanges() {
-    return IsOpen() && state_ && state_->HasChanges(host_.OpenPlan()->Live());
+    return IsOpen() && state_ && state_->HasChanges(*host_.OpenPlan());
 }
 
 std::string PlanDocument::Title() {
@@ -93,7 +93,7 @@ bool PlanDocument::Load(const std::string& path) {
         loaded = ParsePlan(desktop_, bytes, path);
         try {
             plan = std::make_shared<HostPlan>(std::move(loaded.plan));
-            const PlanFigures datable(plan->Live());
+            const PlanFigures datable(*plan);
             static_cast<void>(datable);  // a plan that cannot be shown is not opened
         } catch (const kestrel::DataError& error) {
             throw kestrel::DataError(path + ": " + error.what());
@@ -107,7 +107,7 @@ bool PlanDocument::Load(const std::string& path) {
     source_ = path;
     fileHash_ = hash;
     path_ = IsPlanFile(path) ? path : std::string();
-    state_.emplace(plan->Live());
+    state_.emplace(*plan);
     TellsFailures(desktop_, [&] { recent_.Add(path); });
     if (!loaded.imported) return true;
     if (const std::string text = ImportText(*loaded.imported); !text.empty()) Tell(text);
@@ -150,7 +150,7 @@ bool PlanDocument::MayReplace(const std::string& path) {
 
 bool PlanDocument::Write(const std::string& path) {
     if (!IsOpen() || !MayReplace(path)) return false;
-    const LivePlan& plan = host_.OpenPlan()->Live();
+    const LivePlan& plan = *host_.OpenPlan();
     const std::string bytes = WritePlan(plan.Snapshot());
     if (!TellsFailures(desktop_, [&] { desktop_.WriteFile(path, bytes); })) return false;
     path_ = source_ = path;

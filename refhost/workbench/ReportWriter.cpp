@@ -22,7 +22,7 @@ std::string AskForFile(kestrel::Desktop& desktop, const PlanDocument& document) 
 
 std::optional<std::string> MakePage(const Workbench::Parts& parts,
                                     const ReportAssumptions& assumptions) {
-    const PlanData plan = parts.host.OpenPlan()->Live().Snapshot();
+    const PlanData plan = parts.host.OpenPlan()->Snapshot();
     PriorityQuestion question;
     question.settings = plan.analysis;
     question.threads = std::max(1u, std::thread::hardware_concurrency());

@@ -167,7 +167,7 @@ bool Workbench::MayClose() {
 bool Workbench::Sync() { return view_ && !analysing_ && view_->Sync(); }
 
 void Workbench::RunAnalysisCommand() {
-    frmRunAnalysis ask(parts_.desktop, parts_.host.OpenPlan()->Live().Data().analysis);
+    frmRunAnalysis ask(parts_.desktop, parts_.host.OpenPlan()->Data().analysis);
     parts_.runner.ShowModal(ask);
     if (!ask.Result()) return;
     parts_.addIn.LaunchStartSchedulon();
@@ -196,7 +196,7 @@ void Workbench::RunAnalysisCommand() {
 
 void Workbench::ShowResults() {
     frmResults form(
-        parts_.desktop, *results_, parts_.host.OpenPlan()->Live().ResultsUpToDate(),
+        parts_.desktop, *results_, parts_.host.OpenPlan()->ResultsUpToDate(),
         [this](Outcome outcome) { return PrioritiseFactors(parts_, *results_, outcome); });
     parts_.runner.ShowModal(form);
 }
@@ -205,7 +205,7 @@ std::string Workbench::StatusText() {
     if (parts_.host.Busy()) return parts_.host.StatusText();
     if (!view_) return "Open a plan or a project file: Ctrl+O";
     if (!results_) return std::to_string(view_->Outline().TaskCount()) + " tasks";
-    return resultText_ + (parts_.host.OpenPlan()->Live().ResultsUpToDate() ? "" : " (out of date)");
+    return resultText_ + (parts_.host.OpenPlan()->ResultsUpToDate() ? "" : " (out of date)");
 }
 
 std::string Workbench::FinishText() const {

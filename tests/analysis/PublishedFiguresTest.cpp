@@ -171,8 +171,8 @@ TEST(Analysis, CancelledLeavesDurationsAndCostsAsTheyWereAndNoResults) {
     const AnalysisResults results = RunAnalysis(application, {}, &after);
     EXPECT_TRUE(results.cancelled);
     EXPECT_EQ(results.finish.size(), 3u);
-    EXPECT_EQ(application.OpenPlan()->Live().Snapshot().tasks, plan.tasks);
-    EXPECT_FALSE(application.OpenPlan()->Live().ResultsUpToDate());
+    EXPECT_EQ(application.OpenPlan()->Snapshot().tasks, plan.tasks);
+    EXPECT_FALSE(application.OpenPlan()->ResultsUpToDate());
 }
 
 }  // namespace

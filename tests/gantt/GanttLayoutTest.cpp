@@ -163,8 +163,8 @@ TEST(GanttShadesTest, ShadesAreTheTimeThatIsNotWorked) {
 
 TEST(GanttLayoutTest, PartsOfALargePlanShowItWholeAndOnlyThemselves) {
     auto plan = std::make_shared<HostPlan>(GeneratedPlan({.tasks = 2000}));
-    const PlanFigures figures(plan->Live());
-    const Outline outline(plan->Live().Data().tasks);
+    const PlanFigures figures(*plan);
+    const Outline outline(plan->Data().tasks);
     const auto links = LinksOf(*plan);
     TimeScale scale(figures.Start());
     std::set<std::size_t> seen;
@@ -172,8 +172,8 @@ TEST(GanttLayoutTest, PartsOfALargePlanShowItWholeAndOnlyThemselves) {
     const double end = scale.X(figures.Finish());
     for (std::size_t row = 0; row < outline.RowCount(); row += 40)
         for (double left = 0; left < end; left += 800) {
-            const GanttDrawing part = LayOutGantt(outline, plan->Live().Data(), figures, links,
-                                                  scale, {row, 40, left, 800});
+            const GanttDrawing part =
+                LayOutGantt(outline, plan->Data(), figures, links, scale, {row, 40, left, 800});
             ASSERT_LE(part.bars.size(), 40u);
             for (const GanttBar& bar : part.bars) {
                 seen.insert(bar.task);

@@ -26,12 +26,12 @@ class PlanViewTest : public testing::Test {
 
     std::string Selected() const {
         const auto task = view.SelectedTask();
-        return task ? plan->Live().Data().tasks[*task].id : "";
+        return task ? plan->Data().tasks[*task].id : "";
     }
     std::string Shown() const {
         std::string ids;
         for (std::size_t row = 0; row < view.Outline().RowCount(); ++row)
-            ids += plan->Live().Data().tasks[view.Outline().TaskAt(row)].id;
+            ids += plan->Data().tasks[view.Outline().TaskAt(row)].id;
         return ids;
     }
     void Press(Key key, bool ctrl = false) {

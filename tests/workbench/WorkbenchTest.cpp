@@ -128,7 +128,7 @@ TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
     EXPECT_EQ(bench.FinishText(), "Finish 2027-08-11 16:00") << "durations are put back";
     EXPECT_EQ(window.progress, nullptr);
     const auto critical = [&](std::size_t task) {
-        return TaskTable::Text(host.OpenPlan()->Live(), bench.View()->Figures(), task,
+        return TaskTable::Text(*host.OpenPlan(), bench.View()->Figures(), task,
                                TaskColumn::Critical);
     };
     // As 'analyse --criticality' tells; a summary is critical with any task below it.

@@ -53,7 +53,7 @@ class RiskAnalysisObject final : public PlanPart {
             {ID_RISKANALYSIS_NEXTRANDOM, kGet, 0, 0,
              [](auto& o, auto& c) { c.Answer(o.Plan().NextRandom()); }},
             {ID_RISKANALYSIS_ISUPTODATE, kGet, 0, 0,
-             [](auto& o, auto& c) { c.Answer(o.Plan().Live().ResultsUpToDate()); }},
+             [](auto& o, auto& c) { c.Answer(o.Plan().ResultsUpToDate()); }},
             {ID_RISKANALYSIS_OPTIONS, kGet, 0, 0,
              [](auto& o, auto& c) {
                  c.Answer(
@@ -65,7 +65,7 @@ class RiskAnalysisObject final : public PlanPart {
     }
 
     void Analyse(const Invocation& call) {
-        AnalysisSettings settings = Plan().Live().Data().analysis;
+        AnalysisSettings settings = Plan().Data().analysis;
         if (call.Has(0)) settings.iterations = call.Whole(0);
         if (call.Has(1)) settings.seed = call.Seed(1);
         if (settings.iterations < 1)
@@ -99,7 +99,7 @@ class ViewObject final : public PlanPart {
     }
 
     void PutCurrentRow(std::int32_t row) {
-        const auto count = static_cast<std::int32_t>(Plan().Live().TaskCount());
+        const auto count = static_cast<std::int32_t>(Plan().TaskCount());
         if (row < 1 || row > count)
             throw kestrel::HostError("The view has no row number " + std::to_string(row) +
                                      "; its rows are the plan's " + std::to_string(count) +

@@ -42,7 +42,7 @@ class CostItemsObject final : public PlanPart {
 
     std::int32_t Count() const { return static_cast<std::int32_t>(items_.size()); }
     Object At(std::size_t index) const {
-        const std::size_t item = Plan().Live().FirstCost(Position()) + index;
+        const std::size_t item = Plan().FirstCost(Position()) + index;
         return Owner().Offer<CostItemObject>({&DIID__CostItem, item}, items_[index]);
     }
     Object Item(std::int32_t position) const {

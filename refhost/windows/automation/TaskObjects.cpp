@@ -81,7 +81,7 @@ class TaskObject final : public PlanPart {
     Object Children() const {
         // 0 is the collection of all tasks.
         return Owner().Offer<TasksObject>({&DIID__Tasks, Position() + 1},
-                                          Plan().Live().Children(Position()));
+                                          Plan().Children(Position()));
     }
 
     const host::TaskPtr task_;
@@ -109,7 +109,7 @@ class UserValuesObject final : public PlanPart {
 }  // namespace
 
 Object OfferTasks(OfferedPlan& plan) {
-    std::vector<std::size_t> all(plan.Plan().Live().TaskCount());
+    std::vector<std::size_t> all(plan.Plan().TaskCount());
     for (std::size_t i = 0; i < all.size(); ++i) all[i] = i;
     return plan.Offer<TasksObject>({&DIID__Tasks, 0}, std::move(all));
 }

@@ -16,9 +16,7 @@ class UserFieldObject final : public PlanPart {
     void Run(DISPID id, WORD kinds, Invocation& call) override {
         static constexpr Member<UserFieldObject> kMembers[] = {
             {ID_USERFIELDDEFINITION_NAME, kGet, 0, 0,
-             [](auto& o, auto& c) {
-                 c.Answer(o.Plan().Live().Data().userFields[o.Position()].name);
-             }},
+             [](auto& o, auto& c) { c.Answer(o.Plan().Data().userFields[o.Position()].name); }},
         };
         RunMember<UserFieldObject>(kMembers, *this, id, kinds, call);
     }
@@ -44,7 +42,7 @@ class UserFieldsObject final : public PlanPart {
         RunMember<UserFieldsObject>(kMembers, *this, id, kinds, call);
     }
 
-    const std::vector<UserField>& Fields() const { return Plan().Live().Data().userFields; }
+    const std::vector<UserField>& Fields() const { return Plan().Data().userFields; }
     Object At(std::size_t index) const {
         return Owner().Offer<UserFieldObject>({&DIID__UserFieldDefinition, index});
     }

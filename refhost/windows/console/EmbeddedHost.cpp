@@ -33,20 +33,18 @@ class EmbeddedHost : public automation::HostProgram {
         host_.Open(plan);
         // A project file holds more than a plan, and is not to be overwritten by one.
         path_ = loaded.imported ? std::string() : path;
-        saved_ = plan->Live().Changes();
+        saved_ = plan->Changes();
     }
     void SavePlan(HostPlan& plan, const std::string& path) override {
         if (path.empty() && path_.empty())
             throw kestrel::HostError("The plan '" + plan.Name() +
                                      "' has no file yet; name one to save it.");
         const std::string target = path.empty() ? path_ : path;
-        kestrel::ReplaceWholeFile(target, WritePlan(plan.Live().Snapshot()));
+        kestrel::ReplaceWholeFile(target, WritePlan(plan.Snapshot()));
         path_ = target;
-        saved_ = plan.Live().Changes();
+        saved_ = plan.Changes();
     }
-    bool IsSaved(HostPlan& plan) override {
-        return !path_.empty() && plan.Live().Changes() == saved_;
-    }
+    bool IsSaved(HostPlan& plan) override { return !path_.empty() && plan.Changes() == saved_; }
     void Analyse(const AnalysisSettings& settings) override { RunAnalysis(host_, settings); }
     bool Visible() override { return false; }
     void PutVisible(bool visible) override {

@@ -107,8 +107,8 @@ class GanttPainter {
     }
 
     void PaintBar(const GanttBar& bar) const {
-        const std::string factors = TaskTable::Text(view_.Plan().Live(), view_.Figures(), bar.task,
-                                                    TaskColumn::RiskFactors);
+        const std::string factors =
+            TaskTable::Text(view_.Plan(), view_.Figures(), bar.task, TaskColumn::RiskFactors);
         double end = bar.right;
         switch (bar.kind) {
             case BarKind::Milestone:

@@ -29,7 +29,7 @@ long PlanParts::IdOf(std::size_t row, int place) const {
 }
 
 std::string PlanParts::Text(std::size_t task, int place) const {
-    return TaskTable::Text(View().Plan().Live(), View().Figures(), task, ColumnOf(place));
+    return TaskTable::Text(View().Plan(), View().Figures(), task, ColumnOf(place));
 }
 
 std::string PlanParts::Dates(std::size_t task) const {

@@ -89,7 +89,7 @@ class TablePainter {
             colour = colours_.riskText;
         }
         const bool bold = view_.Outline().HasChildren(task) && column != TaskColumn::Id;
-        tools_.Text(TaskTable::Text(view_.Plan().Live(), view_.Figures(), task, column),
+        tools_.Text(TaskTable::Text(view_.Plan(), view_.Figures(), task, column),
                     tools_.Area(left, top, Left(number + 1) - kPadding, top + kRowHeight - 1),
                     bold ? tools_.Fonts().bold.Get() : tools_.Fonts().usual.Get(), colour,
                     TaskTable::IsFigure(column) ? DT_RIGHT : DT_LEFT);

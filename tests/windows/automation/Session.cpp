@@ -89,7 +89,7 @@ void Session::RunThrough(const std::shared_ptr<Interception>& between) {
 }
 
 std::string Session::Outcome() {
-    std::string all = refhost::WritePlan(offered.Plan().Live().Snapshot());
+    std::string all = refhost::WritePlan(offered.Plan().Snapshot());
     for (const auto& [key, value] : offered.settings.values)
         all += "\nsetting " + key + "=" + value;
     for (const auto& message : desktop.messages) all += "\nmessage " + message.text;

@@ -76,7 +76,7 @@ class EndToEndTest : public testing::Test {
     void SelectTask(WindowUser& user, const std::string& task) {
         stage.WaitForTitle(user, title);
         user.Press(VK_HOME);
-        const auto& tasks = stage.host.OpenPlan()->Live().Data().tasks;
+        const auto& tasks = stage.host.OpenPlan()->Data().tasks;
         std::size_t index = 0;
         for (; tasks.at(index).name != task; ++index) user.Press(VK_DOWN);
         user.WaitUntil("the task is selected",
@@ -130,14 +130,14 @@ TEST_F(EndToEndTest, FromAProjectFileToTheDrivingRisks) {
     const std::string saved = stage.Path("boathouse.kplan");
     ASSERT_TRUE(std::filesystem::exists(saved));
     HostPlan plan(ReadPlan(stage.desktop, saved).plan);
-    EXPECT_EQ(plan.Live().Data().analysis,
+    EXPECT_EQ(plan.Data().analysis,
               (AnalysisSettings{.iterations = 1000, .seed = 7, .upToDate = true}));
     EXPECT_EQ(RegisterText(plan), AnalysedRegister(stage, saved));
     EXPECT_NE(RegisterText(plan).find("<CorrelatedTo>2</CorrelatedTo>"), std::string::npos);
     EXPECT_EQ(copied.rfind("ID\tDescription\tImportance\t\r\n", 0), 0u) << copied;
     EXPECT_EQ(std::count(copied.begin(), copied.end(), '\n'), 7) << copied;
     int carrying = 0;
-    for (const TaskData& task : plan.Live().Data().tasks) carrying += !task.userValues.empty();
+    for (const TaskData& task : plan.Data().tasks) carrying += !task.userValues.empty();
     EXPECT_EQ(carrying, 2 + 7) << "a summary's factor goes to the tasks below it";
 }
 

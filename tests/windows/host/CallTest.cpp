@@ -188,7 +188,7 @@ TEST(Call, RunsAnAnalysisThatAListenerCannotNest) {
     const auto analysis = Follow(offered.PlanObject(), {L"RiskAnalysis"});
     EXPECT_EQ(Get(*analysis, L"IsUpToDate").Number(), VARIANT_FALSE);
     EXPECT_EQ(Get(*analysis, L"Run", {std::int32_t{5}, "18446744073709551615"}).code, S_OK);
-    const AnalysisSettings ran = offered.Plan().Live().Data().analysis;
+    const AnalysisSettings ran = offered.Plan().Data().analysis;
     EXPECT_EQ(ran.iterations, 5);
     EXPECT_EQ(ran.seed, 18446744073709551615u);
     EXPECT_EQ(Get(*analysis, L"IsUpToDate").Number(), VARIANT_TRUE);
