@@ -99,7 +99,7 @@ TEST(HostileFiles, AreReadOrRefusedWithinBounds) {
         {"forged message",
          Plan("<Tasks>" + Task("1", "<Link From='&#10;&#x9B;2J all is well'/>") + "</Tasks>"), 1,
          "all is well"},
-        {"junk", Junk(1 << 20), 1, "p: line 1"},
+        {"junk", Junk(1 << 20), 1, "p: line "},
         {"UTF-16", Wide(Plan("<Tasks/>")), 0, ""},
         {"UTF-7",
          "<?xml version='1.0' encoding='utf-7'?>+ADwAIQ-DOCTYPE r [+ADwAIQ-ENTITY e 'x'+AD4AXQA+-"
