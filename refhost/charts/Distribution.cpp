@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/NumberText.h"
 #include "refhost/engine/Statistics.h"
 #include "ui/controls/ChartScale.h"
 #include "ui/controls/ChartText.h"
@@ -81,9 +82,7 @@ class Layout {
     void PlaceMarks(int firstBaseline) {
         int overhang = 0;
         for (const auto& [name, share] : kMarks) AddMark(name, Percentile(values_, share));
-        if (context_.planned && *context_.planned >= histogram_.first &&
-            *context_.planned <= histogram_.End())
-            AddMark("Planned", *context_.planned);
+        if (context_.planned) AddMark("Planned", *context_.planned);
         std::stable_sort(marks_.begin(), marks_.end(),
                          [](const Mark& a, const Mark& b) { return a.value < b.value; });
         for (const Mark& mark : marks_) {
@@ -103,7 +102,10 @@ class Layout {
     }
 
     void AddMark(const char* name, double value) {
-        marks_.push_back({std::string(name) + " " + texts_.value(value), value});
+        std::string label = std::string(name) + " " + texts_.value(value);
+        if (value < histogram_.first) label += ", further left";
+        if (value > histogram_.End()) label += ", further right";
+        marks_.push_back({std::move(label), std::clamp(value, histogram_.first, histogram_.End())});
     }
 
     int LabelEnd(const Mark& mark) const {
@@ -125,12 +127,12 @@ class Layout {
     }
 
     void DrawShares() {
-        const std::vector<ChartTick> ticks = PercentTicks(0, Tallest(), 5);
-        const double step = ticks.size() > 1 ? ticks[1].position : Tallest();
-        scale_ = std::ceil(Tallest() / step - 1e-9) * step;
-        for (const ChartTick& tick : PercentTicks(0, scale_, 5))
-            AddText(tick.label, left_ - kGap, Whole(Up(tick.position / scale_)) + 4, kSmallSize,
-                    ChartAlign::Right, kChartInk);
+        const double step = std::max(0.01, RoundStep(Tallest() / 5));  // whole percents
+        const double steps = std::ceil(Tallest() / step - 1e-9);
+        scale_ = steps * step;
+        for (double n = 0; n <= steps; ++n)
+            AddText(kestrel::FixedText(n * step * 100, 0) + "%", left_ - kGap,
+                    Whole(Up(n / steps)) + 4, kSmallSize, ChartAlign::Right, kChartInk);
         for (const ChartTick& tick : PercentTicks(0, 1, 5)) {
             const int y = Whole(Up(tick.position));
             drawing_.grid.push_back({left_, y, right_, y, kChartHairline});

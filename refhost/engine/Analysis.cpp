@@ -62,6 +62,7 @@ AnalysisResults RunAnalysis(ReferenceHost& application, const AnalysisSettings& 
     if (!results.cancelled) {
         kept.upToDate = true;
         plan.SetAnalysis(kept);
+        plan.SetResults(nullptr);  // those of an earlier analysis
     }
     return results;
 }

@@ -95,6 +95,12 @@ class LivePlan {
         data_.analysis = settings;
     }
     bool ResultsUpToDate() const { return data_.analysis.upToDate; }
+    /// What the plan is saved with; nothing for none.
+    void SetResults(std::shared_ptr<const StoredResults> results) {
+        noted_ = false;
+        changes_ += data_.results != results;
+        data_.results = std::move(results);
+    }
     ///@}
 
  private:

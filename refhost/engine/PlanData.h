@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -107,6 +108,8 @@ struct UserField {
     bool operator==(const UserField&) const = default;
 };
 
+struct StoredResults;
+
 struct PlanData {
     std::string name;
     Minute start = 0;
@@ -115,6 +118,9 @@ struct PlanData {
     std::vector<UserField> userFields;
     AnalysisSettings analysis;
     std::vector<TaskData> tasks;  ///< in plan order, a summary before its children
+    /// Of the last analysis, where they are kept (StoredResults.h). Plans are equal when they share
+    /// them: nobody changes them in place.
+    std::shared_ptr<const StoredResults> results;
     bool operator==(const PlanData&) const = default;
 };
 

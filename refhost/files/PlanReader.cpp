@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "refhost/files/ResultsElement.h"
 #include "refhost/files/ValueText.h"
 
 namespace refhost {
@@ -188,7 +189,7 @@ PlanData ReadPlanElement(const kestrel::XmlNode& root, const std::string& path) 
         element.Fail("the plan file has version " + Quoted(version) +
                      ", but only version 1 is known; save it as version 1 or use a newer program.");
     element.Allow({"Version", "Name", "Start"},
-                  {"Calendar", "Texts", "UserFields", "Analysis", "Tasks"});
+                  {"Calendar", "Texts", "UserFields", "Analysis", "Tasks", "Results"});
 
     PlanData plan;
     plan.name = element.Required("Name");
@@ -206,6 +207,8 @@ PlanData ReadPlanElement(const kestrel::XmlNode& root, const std::string& path) 
     const auto tasks = element.OnlyChild("Tasks");
     if (!tasks) element.Fail("element 'Tasks' in Plan is missing; add it.");
     plan.tasks = TaskReader().Read(*tasks);
+    if (const auto results = element.OnlyChild("Results"))
+        plan.results = ReadResultsElement(*results, plan);
     return plan;
 }
 

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "refhost/files/PlanFile.h"
+#include "refhost/files/ResultsElement.h"
 #include "refhost/files/ValueText.h"
 
 namespace refhost {
@@ -121,6 +122,7 @@ std::string WritePlan(const PlanData& plan) {
     }
     root.Append(AnalysisElement(plan.analysis));
     root.Append(TasksElement(plan.tasks));
+    if (plan.results) root.Append(ResultsElement(*plan.results));
     Indent(root, "\n");
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + kestrel::SerialiseXml(root) + "\n";
 }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <thread>
+#include <tuple>
 
 #include "refhost/engine/Criticality.h"
+#include "refhost/results/TaskFinishes.h"
 #include "refhost/workbench/WorkProgress.h"
 
 namespace refhost {
@@ -16,28 +18,37 @@ class PlanWatcher : public AnalysisWatcher {
         : progress_(window, "Risk Analysis"),
           iterations_(iterations),
           plan_(plan),
-          criticality_(plan.Data()) {
+          criticality_(plan.Data()),
+          finishes_(plan.Data(), iterations) {
         progress_.Show("Preparing", 0, iterations);
     }
 
     bool AfterIteration(std::int32_t number, std::span<const std::int32_t>,
                         const AnalysisResults&) override {
-        criticality_.Note(plan_.Scheduled());
+        const Network& network = plan_.Scheduled();
+        criticality_.Note(network);
+        finishes_.Note(number, network);
         return progress_.ShowIteration(number, iterations_);
     }
 
-    std::vector<double> Criticality() const {
-        std::vector<double> shares;
-        for (std::size_t task = 0; task < plan_.TaskCount(); ++task)
-            shares.push_back(criticality_.Of(task));
-        return shares;
+    /// Once all iterations are done.
+    void TellTasks(StoredResults& found) const {
+        found.tasksEvery = finishes_.Every();
+        const auto percentiles = finishes_.Percentiles(plan_.WorkingTime());
+        auto next = percentiles.begin();
+        for (std::size_t task = 0; task < plan_.TaskCount(); ++task) {
+            TaskResult figures{plan_.Data().tasks[task].id, criticality_.Of(task), {}, {}};
+            if (!plan_.IsSummary(task)) std::tie(figures.p50, figures.p80) = *next++;
+            found.tasks.push_back(std::move(figures));
+        }
     }
 
  private:
     WorkProgress progress_;
     std::int32_t iterations_;
     LivePlan& plan_;
-    refhost::Criticality criticality_;
+    Criticality criticality_;
+    TaskFinishes finishes_;
 };
 
 class StageWatcher : public AnalysisWatcher {
@@ -65,7 +76,7 @@ PlanResults AnalyseOpenPlan(const Workbench::Parts& parts, const AnalysisSetting
     found.when = parts.window.Now();
     PlanWatcher watcher(parts.window, settings.iterations, plan);
     found.results = RunAnalysis(parts.host, settings, &watcher);
-    found.criticality = watcher.Criticality();
+    if (!found.results.cancelled) watcher.TellTasks(found);
     return found;
 }
 

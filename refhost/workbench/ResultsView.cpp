@@ -1,8 +1,10 @@
 #include "refhost/workbench/ResultsView.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "base/NumberText.h"
+#include "refhost/charts/Cloud.h"
 #include "refhost/charts/FigureText.h"
 #include "refhost/charts/FinishDistribution.h"
 #include "refhost/engine/Statistics.h"
@@ -40,7 +42,47 @@ class FigureRows {
     ResultTable& table_;
 };
 
+std::string DayText(double serial) { return SerialText(serial).substr(0, 10); }
+
+std::string ChartTitle(const PlanResults& results) {
+    return results.plan.name + ": " + std::to_string(results.settings.iterations) + " iterations";
+}
+
 }  // namespace
+
+std::optional<PlanResults> ResultsOf(const LivePlan& plan) {
+    if (!plan.Data().results) return std::nullopt;
+    return PlanResults{*plan.Data().results, plan.Snapshot(), plan.ResultsUpToDate()};
+}
+
+std::string ShortText(const PlanResults& results) {
+    const Summary finish = Summarise(results.results.finish);
+    return std::to_string(results.settings.iterations) + " iterations, seed " +
+           std::to_string(results.settings.seed) + ": P50 " + SerialText(finish.p50).substr(0, 10) +
+           ", P80 " + SerialText(finish.p80).substr(0, 10);
+}
+
+std::string OriginText(const PlanResults& results, bool upToDate) {
+    std::string text = std::to_string(results.settings.iterations) + " iterations, seed " +
+                       std::to_string(results.settings.seed) + ", " + DateAndTimeText(results.when);
+    if (results.settings.iterations > kMostStoredIterations)
+        text += ", too many to be saved with the plan";
+    if (results.tasksEvery > 1)
+        text += "; tasks: one iteration of " + std::to_string(results.tasksEvery);
+    if (!upToDate) text += ". The plan has changed since.";
+    return text;
+}
+
+std::vector<double> CriticalityOf(const StoredResults& results, const PlanData& plan) {
+    std::unordered_map<std::string, double> shares;
+    for (const TaskResult& task : results.tasks) shares.emplace(task.id, task.criticality);
+    std::vector<double> all;
+    for (const TaskData& task : plan.tasks) {
+        const auto found = shares.find(task.id);
+        all.push_back(found == shares.end() ? 0 : found->second);
+    }
+    return all;
+}
 
 ResultTable DistributionTable(const AnalysisResults& results) {
     const std::vector<double> finish = Ascending(results.finish), cost = Ascending(results.cost);
@@ -68,6 +110,26 @@ ResultTable DistributionTable(const AnalysisResults& results) {
     return table;
 }
 
+ResultTable JointTable(const AnalysisResults& results) {
+    const std::vector<double> finish = Ascending(results.finish), cost = Ascending(results.cost);
+    ResultTable table{
+        {{"Result", 128}, {"Finish", 130, true}, {"Cost", 124, true}, {"Both kept", 130, true}},
+        {}};
+    const auto add = [&](const std::string& name, double serial, double amount) {
+        std::size_t both = 0;
+        for (std::size_t i = 0; i < finish.size(); ++i)
+            both += results.finish[i] <= serial && results.cost[i] <= amount;
+        table.rows.push_back(
+            {name, SerialText(serial), MoneyText(amount),
+             kestrel::PercentText(static_cast<double>(both) / static_cast<double>(finish.size()))});
+    };
+    add("As planned", DateSerial(results.deterministicFinish), results.deterministicCost);
+    for (const int percent : kPercentiles)
+        add("P" + std::to_string(percent), Percentile(finish, percent / 100.0),
+            Percentile(cost, percent / 100.0));
+    return table;
+}
+
 ResultTable FactorTable(const Priorities& priorities) {
     const Outcome outcome = priorities.question.outcome;
     const std::string percentile = PercentileName(priorities.question.percentile);
@@ -87,24 +149,32 @@ ResultTable FactorTable(const Priorities& priorities) {
 }
 
 ResultTable CriticalTaskTable(const PlanResults& results) {
-    ResultTable table{{{"ID", 90}, {"Task", 700}, {"Critical", 90, true}}, {}};
-    const std::vector<TaskData>& tasks = results.plan.tasks;
-    std::vector<std::size_t> ranked;
-    for (std::size_t task = 0; task < tasks.size(); ++task)
-        if (tasks[task].type == kOrdinary && results.criticality[task] > 0) ranked.push_back(task);
-    std::stable_sort(ranked.begin(), ranked.end(), [&](std::size_t a, std::size_t b) {
-        return results.criticality[a] > results.criticality[b];
+    ResultTable table{{{"ID", 90},
+                       {"Task", 560},
+                       {"Critical", 90, true},
+                       {"P50 finish", 130, true},
+                       {"P80 finish", 130, true}},
+                      {}};
+    std::unordered_map<std::string, const std::string*> names;
+    for (const TaskData& task : results.plan.tasks) names.emplace(task.id, &task.name);
+    std::vector<const TaskResult*> ranked;
+    for (const TaskResult& task : results.tasks)
+        if (task.p50 && task.p80) ranked.push_back(&task);
+    std::stable_sort(ranked.begin(), ranked.end(), [](const TaskResult* a, const TaskResult* b) {
+        return a->criticality > b->criticality;
     });
-    for (const std::size_t task : ranked)
-        table.rows.push_back(
-            {tasks[task].id, tasks[task].name, kestrel::PercentText(results.criticality[task])});
+    for (const TaskResult* task : ranked) {
+        const auto name = names.find(task->id);
+        table.rows.push_back({task->id, name == names.end() ? "" : *name->second,
+                              kestrel::PercentText(task->criticality), DateAndTimeText(*task->p50),
+                              DateAndTimeText(*task->p80)});
+    }
     return table;
 }
 
 kestrel::ui::ChartDrawing ResultDrawing(const PlanResults& results, Outcome measure, int width,
                                         int height) {
-    const std::string title =
-        results.plan.name + ": " + std::to_string(results.settings.iterations) + " iterations";
+    const std::string title = ChartTitle(results);
     const AnalysisResults& found = results.results;
     DistributionContext context;
     if (measure == Outcome::Cost) {
@@ -114,8 +184,17 @@ kestrel::ui::ChartDrawing ResultDrawing(const PlanResults& results, Outcome meas
     }
     context.planned = DateSerial(found.deterministicFinish);
     if (results.without) context.without = Ascending(results.without->finish);
-    const auto date = [](double serial) { return SerialText(serial).substr(0, 10); };
-    return FinishDistribution(found.finish, title, date, width, height, context);
+    return FinishDistribution(found.finish, title, DayText, width, height, context);
+}
+
+kestrel::ui::ChartDrawing JointDrawing(const PlanResults& results, const std::string& finish,
+                                       const std::string& cost, int width, int height) {
+    const auto date = ReadTargetDate(finish);
+    const auto amount = ReadNumber(cost);
+    std::optional<CloudTarget> target;
+    if (date && amount) target = {DateSerial(*date), *amount};
+    return DrawCloud(results.results.finish, results.results.cost, target, ChartTitle(results),
+                     DayText, width, height);
 }
 
 kestrel::ui::ChartDrawing FactorDrawing(const Priorities& priorities, int width, int height) {

@@ -152,8 +152,8 @@ void Workbench::Open(const std::string& path) {
 }
 
 void Workbench::PlanOpened() {
-    results_.reset();
     view_ = std::make_unique<PlanView>(parts_.host.OpenPlan());
+    TakeResults(ResultsOf(*parts_.host.OpenPlan()));
     view_->OnOpenTask = [this] { Run(Command::AssignFactors); };
     parts_.window.Refresh();
 }
@@ -181,24 +181,40 @@ void Workbench::RunAnalysisCommand() {
                     std::to_string(found.results.finish.size()) +
                     " iterations; its results are not kept" +
                     (results_ ? ", those of the one before are." : "."));
-    results_ = std::move(found);
-    view_->ShowCriticality(results_->criticality);
+    TakeResults(std::move(found));
     results_->without = AnalyseWithout(parts_, *results_);
-    const Summary finish = Summarise(results_->results.finish);
-    resultText_ = std::to_string(results_->settings.iterations) + " iterations, seed " +
-                  std::to_string(results_->settings.seed) + ": P50 " +
-                  SerialText(finish.p50).substr(0, 10) + ", P80 " +
-                  SerialText(finish.p80).substr(0, 10);
+    KeepResults();
     Sync();
     parts_.window.Refresh();
     ShowResults();
 }
 
+void Workbench::TakeResults(std::optional<PlanResults> results) {
+    results_ = std::move(results);
+    if (!results_) return;
+    resultText_ = ShortText(*results_);
+    view_->ShowCriticality(CriticalityOf(*results_, results_->plan));
+}
+
+/// Has them saved with the plan.
+void Workbench::KeepResults() {
+    const bool fit = results_->settings.iterations <= kMostStoredIterations;
+    parts_.host.OpenPlan()->SetResults(fit ? std::make_shared<StoredResults>(*results_) : nullptr);
+}
+
 void Workbench::ShowResults() {
-    frmResults form(
-        parts_.desktop, *results_, parts_.host.OpenPlan()->ResultsUpToDate(),
-        [this](Outcome outcome) { return PrioritiseFactors(parts_, *results_, outcome); });
+    bool calculated = false;
+    frmResults::Calculator calculator;
+    if (results_->planIsAnalysed)
+        calculator = [&](Outcome outcome) {
+            auto found = PrioritiseFactors(parts_, *results_, outcome);
+            calculated |= found.has_value();
+            return found;
+        };
+    frmResults form(parts_.desktop, *results_, parts_.host.OpenPlan()->ResultsUpToDate(),
+                    calculator);
     parts_.runner.ShowModal(form);
+    if (calculated) KeepResults();
 }
 
 std::string Workbench::StatusText() {

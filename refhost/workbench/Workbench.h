@@ -74,6 +74,8 @@ class Workbench {
     struct Facts;
 
     void RunAnalysisCommand();
+    void TakeResults(std::optional<PlanResults> results);
+    void KeepResults();
     void ShowResults();
     void PlanOpened();
     /// Runs a command and tells its failure.

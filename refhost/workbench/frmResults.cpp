@@ -13,6 +13,10 @@ using namespace kestrel::ui;
 constexpr int kWidth = 1180, kHeight = 580, kMargin = 10, kGap = 6;
 constexpr int kGridWidth = 532, kRowHeight = 24, kButtonHeight = 26;
 
+constexpr const char* kMayCalculate = "Calculate analyses the plan again without each risk factor.";
+constexpr const char* kMayNotCalculate =
+    "The plan has changed since; run the analysis again to see what each factor costs.";
+
 void Fill(Grid& grid, const ResultTable& table) {
     const RedrawPause pause(grid);
     const int columns = static_cast<int>(table.columns.size());
@@ -53,10 +57,7 @@ frmResults::frmResults(kestrel::Desktop& desktop, PlanResults& results, bool upT
       results_(results),
       calculator_(std::move(calculator)) {
     PlaceControls();
-    lblAnalysis.SetCaption(std::to_string(results.settings.iterations) + " iterations, seed " +
-                           std::to_string(results.settings.seed) + ", " +
-                           DateAndTimeText(results.when) +
-                           (upToDate ? "" : ". The plan has changed since."));
+    lblAnalysis.SetCaption(OriginText(results, upToDate));
     plotResult.Attributes().Set("PrintDocumentName", results.plan.name);
     Fill(gridTasks, CriticalTaskTable(results));
     gridTasks.Geometry().SetStretchColumn(1);
@@ -77,11 +78,12 @@ void frmResults::PlaceControls() {
     const int bodyTop = kMargin + kRowHeight + kGap;
     const int bodyHeight = targetsTop - kMargin - bodyTop;
     const int gridLeft = kWidth - kMargin - kGridWidth;
-    Add(OptionDistribution, {kMargin, kMargin, 110, kRowHeight});
-    Add(OptionFactors, {124, kMargin, 110, kRowHeight});
-    Add(OptionTasks, {238, kMargin, 80, kRowHeight});
-    Add(OptionFinish, {370, kMargin, 80, kRowHeight});
-    Add(OptionCost, {454, kMargin, 80, kRowHeight});
+    Add(OptionDistribution, {kMargin, kMargin, 104, kRowHeight});
+    Add(OptionFactors, {118, kMargin, 104, kRowHeight});
+    Add(OptionTasks, {226, kMargin, 70, kRowHeight});
+    Add(OptionJoint, {300, kMargin, 126, kRowHeight});
+    Add(OptionFinish, {466, kMargin, 76, kRowHeight});
+    Add(OptionCost, {546, kMargin, 76, kRowHeight});
     Add(lblAnalysis, {gridLeft, kMargin + 4, kGridWidth, kRowHeight - 4},
         kAnchorTop | kAnchorRight);
     Add(plotResult, {kMargin, bodyTop, gridLeft - 2 * kMargin, bodyHeight}, kAnchorAll);
@@ -103,8 +105,8 @@ void frmResults::PlaceControls() {
 }
 
 void frmResults::ConnectHandlers() {
-    for (OptionButton* choice :
-         {&OptionDistribution, &OptionFactors, &OptionTasks, &OptionFinish, &OptionCost})
+    for (OptionButton* choice : {&OptionDistribution, &OptionFactors, &OptionTasks, &OptionJoint,
+                                 &OptionFinish, &OptionCost})
         choice->Click = [this] { ShowPage(); };
     txtTargetFinish.OnChange = txtTargetCost.OnChange = [this] { ShowChances(); };
     cmdCopyToClip.Click = [this] { CopyToClip(); };
@@ -117,11 +119,13 @@ void frmResults::ShowPage() {
     plotResult.SetVisible(!tasks);
     gridResults.SetVisible(!tasks);
     gridTasks.SetVisible(tasks);
-    OptionFinish.SetEnabled(!tasks);
-    OptionCost.SetEnabled(!tasks);
-    cmdCalculate.SetVisible(OptionFactors.Selected() && !Costs());
+    const bool either = OptionDistribution.Selected() || OptionFactors.Selected();
+    OptionFinish.SetEnabled(either);
+    OptionCost.SetEnabled(either);
+    cmdCalculate.SetVisible(OptionFactors.Selected() && !Costs() && calculator_);
     if (OptionDistribution.Selected()) ShowDistribution();
     if (OptionFactors.Selected()) ShowFactors();
+    if (OptionJoint.Selected()) ShowJoint();
 }
 
 void frmResults::ShowDistribution() {
@@ -136,16 +140,23 @@ void frmResults::ShowFactors() {
     Priorities none;
     none.question.outcome = Measure();
     Fill(gridResults, FactorTable(costs ? *costs : none));
-    plotResult.SetPainter([&costs](int width, int height) {
+    plotResult.SetPainter([this, &costs](int width, int height) {
         return costs ? FactorDrawing(*costs, width, height)
-                     : Sentence("Calculate analyses the plan again without each risk factor.",
-                                width, height);
+                     : Sentence(calculator_ ? kMayCalculate : kMayNotCalculate, width, height);
+    });
+}
+
+void frmResults::ShowJoint() {
+    Fill(gridResults, JointTable(results_.results));
+    plotResult.SetPainter([this](int width, int height) {
+        return JointDrawing(results_, txtTargetFinish.Text(), txtTargetCost.Text(), width, height);
     });
 }
 
 void frmResults::ShowChances() {
     lblChances.SetCaption(
         TargetText(results_.results, txtTargetFinish.Text(), txtTargetCost.Text()));
+    if (OptionJoint.Selected()) plotResult.Repaint();
 }
 
 void frmResults::CopyToClip() {

@@ -22,8 +22,10 @@ class DrawnChart : public kestrel::ui::Chart {
 
     void SetPainter(Painter painter) {
         painter_ = std::move(painter);
-        Changed();
+        Repaint();
     }
+    /// What the painter draws has changed.
+    void Repaint() { Changed(); }
     kestrel::ui::ChartDrawing Draw(int width, int height,
                                    const kestrel::ui::TextMeasure& measure) const override {
         return painter_ ? painter_(width, height) : Chart::Draw(width, height, measure);
@@ -46,12 +48,13 @@ class HeardTextBox : public kestrel::ui::TextBox {
     }
 };
 
-/// What an analysis found, on three pages: the distribution of finish or cost with a table of
+/// What an analysis found, on four pages: the distribution of finish or cost with a table of
 /// percentiles; what each risk factor costs, calculated when asked for; the tasks by how often
-/// they are critical. Below them the chances of a target that can be typed.
+/// they are critical; finish against cost. Below them the chances of a target that can be typed.
 class frmResults : public kestrel::ui::Form {
  public:
-    /// Finds out what each factor costs; nothing when the user cancels.
+    /// Finds out what each factor costs; nothing when the user cancels. Empty where the plan that
+    /// was analysed is not known any more.
     using Calculator = std::function<std::optional<Priorities>(Outcome)>;
 
     /// `results` must outlive the form, which adds to them what it has calculated.
@@ -65,6 +68,7 @@ class frmResults : public kestrel::ui::Form {
     kestrel::ui::OptionButton OptionDistribution{pages_, "OptionDistribution", "&Distribution"};
     kestrel::ui::OptionButton OptionFactors{pages_, "OptionFactors", "&Risk factors"};
     kestrel::ui::OptionButton OptionTasks{pages_, "OptionTasks", "&Tasks"};
+    kestrel::ui::OptionButton OptionJoint{pages_, "OptionJoint", "Finish &and cost"};
     kestrel::ui::OptionButton OptionFinish{measures_, "OptionFinish", "&Finish"};
     kestrel::ui::OptionButton OptionCost{measures_, "OptionCost", "C&ost"};
     kestrel::ui::Label lblAnalysis{"lblAnalysis"};
@@ -86,6 +90,7 @@ class frmResults : public kestrel::ui::Form {
     void ShowPage();
     void ShowDistribution();
     void ShowFactors();
+    void ShowJoint();
     void ShowChances();
     void CopyToClip();
     void Calculate();

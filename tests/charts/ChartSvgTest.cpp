@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <stdexcept>
@@ -53,8 +54,8 @@ class FinishDistributionTest : public testing::Test {
     static std::string Date(double serial) {
         return "day " + std::to_string(static_cast<int>(std::floor(serial)));
     }
-    static ChartDrawing Draw(std::vector<double> finish) {
-        return FinishDistribution(std::move(finish), "Finish", Date, 800, 440);
+    static ChartDrawing Draw(std::vector<double> finish, const DistributionContext& context = {}) {
+        return FinishDistribution(std::move(finish), "Finish", Date, 800, 440, context);
     }
 };
 
@@ -95,7 +96,10 @@ TEST_F(FinishDistributionTest, EveryIterationIsInABarAndNothingIsClipped) {
                 {"a single iteration", {46000.0}, 1}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const ChartDrawing drawing = Draw(row.finish);
+        const ChartDrawing drawing = Draw(row.finish, {.planned = 9000, .without = {}});
+        EXPECT_TRUE(std::any_of(drawing.texts.begin(), drawing.texts.end(), [](const auto& text) {
+            return text.text == "Planned day 9000, further left";
+        }));
         std::size_t counted = 0;
         for (const ChartBar& bar : drawing.bars)
             counted += std::stoul(bar.hint.substr(bar.hint.find(": ") + 2));

@@ -93,6 +93,13 @@ TEST(PlanFile, NamesFileLinePlaceAndRemedyOfWhatIsWrong) {
         {WithCalendar("<Holiday Date='2026-13-25'/>"), "crane.kplan:3: attribute 'Date' of Holida"},
         {WithCalendar("<Holiday Date='2026-12-25'><Shift From='08:00' To='12:00'/></Holiday>"),
          "crane.kplan:3: unknown element 'Shift' in Holiday"},
+        {WithResults("<Finish>1 2</Finish><Cost>1</Cost>"),
+         "crane.kplan:3: element 'Cost' holds 1 numbers, but needs one per iteration"},
+        {WithResults("<Finish>1 2 </Finish>\n<Cost>1 x</Cost>"),
+         "crane.kplan:4: 'x' in Cost is no number; remove the element Results"},
+        {WithResults("<Cost>1</Cost>"), "crane.kplan:2: element 'Finish' in Results is missing"},
+        {WithResults("<Finish>1</Finish><Cost>1</Cost>\n<FactorCosts Measure='days'/>"),
+         "crane.kplan:4: attribute 'Measure' of FactorCosts is 'days'; write finish or cost"},
         {"<Plan", "crane.kplan: "},
     };
     for (const auto& c : cases) {

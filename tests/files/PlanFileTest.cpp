@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Errors.h"
+#include "refhost/engine/StoredResults.h"
 #include "tests/files/PlanText.h"
 
 namespace refhost {
@@ -38,6 +39,20 @@ constexpr const char* kEverything = R"(<?xml version="1.0" encoding="UTF-8"?>
     </Task>
     <Task ID="30" Name="Ground" Type="0" Duration="0"/>
   </Tasks>
+  <Results When="2026-01-04T20:00:00" Seed="7" PlannedFinish="2026-02-02T17:00:00" PlannedCost="0.1">
+    <Finish>0 -480 20161</Finish>
+    <Cost>0.1 0.30000000000000004 -1e+30</Cost>
+    <FinishWithoutFactors>0 0 1</FinishWithoutFactors>
+    <CostWithoutFactors>1 2 3</CostWithoutFactors>
+    <TaskResults Every="2">
+      <TaskResult ID="10" Criticality="1"/>
+      <TaskResult ID="20" Criticality="0.3333333333333333" P50="2026-02-01T16:59:00" P80="2026-02-02T00:00:00"/>
+    </TaskResults>
+    <FactorCosts Measure="cost" Percentile="80" Planned="0.1" All="3" None="1">
+      <Factor ID="3" Name="Wind &lt;gusts&gt;" Without="2" Saved="1"/>
+      <Step ID="3" After="2" Saved="1"/>
+    </FactorCosts>
+  </Results>
 </Plan>
 )";
 
@@ -69,6 +84,11 @@ TEST(PlanFile, HoldsEveryPartOfAPlan) {
     EXPECT_EQ(task.userValues, (NamedTexts{{"RiskFactors", "(1,3(P));(2,5)"}}));
     EXPECT_EQ(plan.tasks[2].parent, 0);
     EXPECT_EQ(plan.tasks[3].parent, -1);
+
+    ASSERT_TRUE(plan.results);
+    EXPECT_EQ(plan.results->settings.iterations, 3);
+    EXPECT_EQ(plan.results->results.finish[1], DateSerial(46055 * kMinutesPerDay + 1020 - 480));
+    EXPECT_EQ(plan.results->costCosts->planName, "Harbour crane");
 
     EXPECT_EQ(WritePlan(plan), kEverything);
 }

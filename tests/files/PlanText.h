@@ -23,6 +23,13 @@ inline std::string WithCalendar(const std::string& days) {
     return PlanText("<Calendar>\n" + days + "\n</Calendar><Tasks/>");
 }
 
+inline std::string WithResults(const std::string& inside) {
+    return PlanText(
+        "<Tasks/><Results When=\"2026-01-04T20:00:00\" Seed=\"1\" PlannedCost=\"1\" "
+        "PlannedFinish=\"2026-01-05T08:00:00\">\n" +
+        inside + "\n</Results>");
+}
+
 /// A plan with an ordinary task that holds `inside` on line 3.
 inline std::string WithTask(const std::string& inside) {
     return PlanText("<Tasks><Task ID=\"1\" Name=\"A\" Type=\"0\" Duration=\"60\">\n" + inside +

@@ -59,7 +59,7 @@ class BlindWindow : public WorkbenchWindow {
     }
     void HideProgress() noexcept override { progress = nullptr; }
     void Quit() override { quit = true; }
-    Minute Now() override { return 0; }
+    Minute Now() override { return 46000 * kMinutesPerDay; }
 
     int refreshed = 0;
     bool cancels = false;
@@ -153,8 +153,28 @@ TEST_F(WorkbenchTest, AnAnalysisGivesTheFiguresOfTheCommandLine) {
 
     bench.Run(Command::Save);
     EXPECT_EQ(bench.Document().Title(), "Eastmere ferry terminal - Kestrel");
+    const std::string saved = kestrel::ReadWholeFile(bench.Document().Path());
+    const auto tasks = CriticalTaskTable(*bench.Results()).rows;
+    const auto last = std::find_if(tasks.begin(), tasks.end(), [&](const auto& task) {
+        return task[3] == rows[10][1] && task[4] == rows[13][1];
+    });
+    ASSERT_NE(last, tasks.end()) << "some task always ends the plan, so has its P50 and P80";
+    EXPECT_EQ((*last)[2], "100.0%");
     bench.Open(bench.Document().Path());
-    EXPECT_EQ(bench.Results(), nullptr);
+    ASSERT_NE(bench.Results(), nullptr) << desktop.MessageText();
+    EXPECT_EQ(DistributionTable(bench.Results()->results).rows, rows);
+    EXPECT_EQ(CriticalTaskTable(*bench.Results()).rows, tasks);
+    EXPECT_EQ(critical(0), "92.1%");
+    EXPECT_NE(bench.StatusText().find("P80 2027-11-01 (out of date)"), std::string::npos);
+    onForm = [&](User& user) {
+        auto& form = dynamic_cast<frmResults&>(user.TheForm());
+        EXPECT_NE(form.lblAnalysis.Caption().find("The plan has changed"), std::string::npos);
+        user.Click("OptionFactors");
+        EXPECT_FALSE(form.cmdCalculate.Visible()) << "the plan that was analysed is gone";
+    };
+    bench.Run(Command::ShowResults);
+    bench.Run(Command::Save);
+    EXPECT_EQ(kestrel::ReadWholeFile(bench.Document().Path()), saved);
 }
 
 TEST_F(WorkbenchTest, ACancelledOrFailedAnalysisKeepsNoResults) {
@@ -429,6 +449,19 @@ TEST_F(WorkbenchTest, ResultsShowEitherMeasureAndCopyTheTable) {
         form.txtTargetCost.SetText(row.cost);
         EXPECT_NE(form.lblChances.Caption().find(row.said), std::string::npos)
             << form.lblChances.Caption();
+    }
+
+    user.Click("OptionJoint");
+    EXPECT_EQ(form.gridResults.Text(1, 3), "0.0%") << "as planned";
+    for (const auto& row : targets) {
+        form.txtTargetFinish.SetText(row.finish);
+        form.txtTargetCost.SetText(row.cost);
+        const std::string said = row.said;
+        const auto share = said.rfind("both ");
+        const std::string corner =
+            share == std::string::npos ? "" : "Both kept " + said.substr(share + 5) + "|";
+        EXPECT_EQ(drawn().find("Both kept"), drawn().find(corner.empty() ? "Both kept" : corner));
+        EXPECT_EQ(drawn().find("Both kept") == std::string::npos, corner.empty());
     }
 
     user.Click("OptionFactors");
