@@ -23,7 +23,7 @@ struct StoredResults {
     Minute when = 0;                         ///< the user's date and time
     AnalysisResults results;                 ///< at least one iteration
     std::optional<AnalysisResults> without;  ///< any risk factor
-    std::vector<TaskResult> tasks;          ///< in plan order
+    std::vector<TaskResult> tasks;           ///< in plan order
     std::int32_t tasksEvery = 1;             ///< P50 and P80 are of each tasksEvery-th iteration
     /// What each factor costs, once that has been asked for.
     std::optional<Priorities> finishCosts, costCosts;
