@@ -85,6 +85,18 @@ class SpareBlocks {
 
 SpareBlocks spare;  // zero before anything runs, as it has no constructor
 
+#ifndef __SEH__
+// In 32 bits the unwinder makes its lock with the first exception, and ends the process when there
+// is no memory for it: the first one is thrown while the DLL is being loaded.
+[[maybe_unused]] const bool unwinderHasItsLock = [] {
+    try {
+        throw 0;
+    } catch (int) {
+        return true;
+    }
+}();
+#endif
+
 /// The run-time library's own record stands directly before what is thrown. This is more than it
 /// takes with any way of unwinding, and keeps what is thrown aligned.
 constexpr std::size_t kRecordSize = 256;
