@@ -27,6 +27,7 @@ tr{break-inside:avoid}thead{display:table-header-group}
 @media print{body{padding:0;max-width:none;font-size:10.5pt}.wide{overflow:visible}
  .pair{gap:10px 18px}.pair>*{flex:1 1 45%}th,td{padding-right:9px}}
 @media (max-width:600px){body{font-size:15px}table{font-size:.8em}th,td{padding-right:6px;min-width:0}}
+@media (max-width:420px){body{padding:10px}table{font-size:.73em}th,td{padding-right:5px}}
 )";
 
 }  // namespace refhost
