@@ -83,6 +83,23 @@ TEST_F(EditorTest, OkRefusesFiguresThatCannotBe) {
     }
 }
 
+TEST_F(EditorTest, ARefusalElsewhereStillLooksAtTheRowThatItLeaves) {
+    const std::pair<int, const char*> refused[] = {{kDescriptionColumn, " "},
+                                                   {kDurMinColumn, "2:"}};
+    for (const auto& [column, typed] : refused)
+        for (const char* button : {"cmdOKRisk", "cmdSave"}) {
+            SCOPED_TRACE(std::to_string(column) + button);
+            StoreFactors(2);
+            Edit([&](User& user) {
+                TypeInto(user, 2, column, typed);
+                TypeInto(user, 1, kCorrelatedToColumn, "999999");
+                user.Click(button);
+                EXPECT_EQ(Current(), "2," + std::to_string(column));
+                EXPECT_EQ(grid->Text(1, kCorrelatedToColumn), "0");
+            });
+        }
+}
+
 TEST_F(EditorTest, TheLikelihoodIsReportedBeforeTheOrder) {
     StoreFactors(1);
     Edit([&](User& user) {

@@ -92,7 +92,7 @@ bool EditorRows::CheckDescriptions() {
         if (!IsBlank(grid_.Text(row, kDescriptionColumn))) continue;
         desktop_.ShowMessage(
             "A Risk Factor's description cannot be blank.  Please enter a valid description.");
-        GoTo(row, kDescriptionColumn);
+        LeaveFor(row, kDescriptionColumn);
         grid_.BeginEdit();
         grid_.SetFocus();
         return true;
@@ -120,8 +120,13 @@ bool EditorRows::CheckNumbers() {
 
 void EditorRows::Refuse(const RefusedCell& cell) {
     desktop_.ShowMessage(cell.message);
-    GoTo(cell.row, cell.column);
+    LeaveFor(cell.row, cell.column);
     grid_.SetFocus();
+}
+
+void EditorRows::LeaveFor(int row, int column) {
+    if (row != grid_.CurrentRow()) NormaliseRow();
+    GoTo(row, column);
 }
 
 bool EditorRows::InUnnamedEntryRow() const {

@@ -46,6 +46,9 @@ class EditorRows {
     const std::vector<std::int32_t>& DeletedNumbers() const { return deletedNumbers_; }
 
  private:
+    /// To a refused cell. The row that is left may hold what has just been typed: it is looked at
+    /// as whenever it is left, for nothing looks at it later.
+    void LeaveFor(int row, int column);
     bool CheckCorrelationCell();
     bool RefuseCorrelation(const char* message);
     bool DeleteSelectedRows();
