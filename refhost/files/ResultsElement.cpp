@@ -25,6 +25,12 @@ double Number(const StrictElement& element, std::string_view attribute) {
     return element.Value(attribute, ReadNumber, kNumberWanted);
 }
 
+/// Whether the instant is one that a file can tell, as dates that are read are.
+bool IsFileDate(Minute instant) {
+    return instant >= kFirstFileDay * Minute{kMinutesPerDay} &&
+           instant < (kLastFileDay + 1) * Minute{kMinutesPerDay};
+}
+
 /// A finish is a whole minute; it is written as minutes behind the planned one.
 std::string MinutesText(double serial, Minute planned) {
     return std::to_string(std::llround(serial * kMinutesPerDay) - planned);
@@ -61,8 +67,9 @@ std::vector<double> ReadSeries(const StrictElement& parent, std::string_view nam
         const std::string_view word = std::string_view(text).substr(at, end - at);
         const auto value = read(word);
         if (!value)
-            element->Fail(Quoted(word) + " in " + std::string(name) +
-                          " is no number; remove the element Results and analyse the plan again.");
+            element->Fail(
+                Quoted(word) + " in " + std::string(name) +
+                " cannot be used; remove the element Results and analyse the plan again.");
         values.push_back(static_cast<double>(*value));
         at = end + 1;
     }
@@ -81,7 +88,9 @@ AnalysisResults ReadIterations(const StrictElement& parent, std::string_view fin
     found.deterministicCost = plannedCost;
     found.finish = ReadSeries(parent, finish, most, [plannedFinish](std::string_view text) {
         const auto minutes = ReadInteger<std::int32_t>(text);
-        return minutes ? std::optional(DateSerial(plannedFinish + *minutes)) : std::nullopt;
+        return minutes && IsFileDate(plannedFinish + *minutes)
+                   ? std::optional(DateSerial(plannedFinish + *minutes))
+                   : std::nullopt;
     });
     found.cost = ReadSeries(parent, cost, found.finish.size(), ReadNumber);
     return found;
