@@ -1,6 +1,7 @@
 #include "refhost/results/FactorFigures.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <span>
 
@@ -61,13 +62,24 @@ std::vector<std::size_t> RankedBy(const std::vector<FactorFigures>& figures,
     return order;
 }
 
+namespace {
+
+/// Where nothing moves the result, its deviation and so the correlation is what rounding leaves; a
+/// chart, which scales to the largest bar, would show that at full length.
+double WithoutRounding(double correlation) {
+    constexpr double kRounding = 1e-9;
+    return std::abs(correlation) < kRounding ? 0 : correlation;
+}
+
+}  // namespace
+
 FactorTracker::Factors WithAlignedSensitivities(const FactorTracker::Factors& factors,
                                                 const std::vector<FactorFigures>& figures) {
     FactorTracker::Factors aligned;
     for (std::size_t i = 0; i < factors.size(); ++i) {
         aligned.push_back(std::make_shared<kestrel::clsRiskFactor>(*factors[i]));
-        aligned.back()->dblDurSens = figures.at(i).alignedDurSens;
-        aligned.back()->m_dCostSens = figures.at(i).alignedCostSens;
+        aligned.back()->dblDurSens = WithoutRounding(figures.at(i).alignedDurSens);
+        aligned.back()->m_dCostSens = WithoutRounding(figures.at(i).alignedCostSens);
     }
     return aligned;
 }

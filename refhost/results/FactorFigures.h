@@ -26,7 +26,8 @@ std::vector<FactorFigures> FiguresOf(const FactorTracker& factors, const Analysi
 std::vector<std::size_t> RankedBy(const std::vector<FactorFigures>& figures,
                                   double FactorFigures::*correlation);
 
-/// Copies of the factors whose sensitivities are the correlations of one impact per iteration.
+/// Copies of the factors whose sensitivities are the correlations of one impact per iteration, for
+/// charts: what only rounding has left is 0.
 FactorTracker::Factors WithAlignedSensitivities(const FactorTracker::Factors& factors,
                                                 const std::vector<FactorFigures>& figures);
 
