@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <stdexcept>
 #include <utility>
 
@@ -124,15 +123,20 @@ class Layout {
         struct Cell {
             int kept = 0, missed = 0;
         };
-        std::map<std::pair<int, int>, Cell> cells;
+        const int columns = right_ / kCell + 1, rows = bottom_ / kCell + 1;
+        std::vector<Cell> cells(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
         for (std::size_t i = 0; i < finish_.size(); ++i) {
-            Cell& cell = cells[{X(finish_[i]) / kCell, Y(cost_[i]) / kCell}];
+            const int place = X(finish_[i]) / kCell * rows + Y(cost_[i]) / kCell;
+            Cell& cell = cells[static_cast<std::size_t>(place)];
             ++(InTime(i) && Within(i) ? cell.kept : cell.missed);
         }
-        for (const auto& [place, cell] : cells) {
-            ChartBar bar;
-            bar.bounds = {place.first * kCell, place.second * kCell, kCell, kCell};
+        for (std::size_t place = 0; place < cells.size(); ++place) {
+            const Cell& cell = cells[place];
             const int count = cell.kept + cell.missed;
+            if (count == 0) continue;
+            const int column = static_cast<int>(place) / rows, row = static_cast<int>(place) % rows;
+            ChartBar bar;
+            bar.bounds = {column * kCell, row * kCell, kCell, kCell};
             const int shade = count < 2 ? 0 : count < 4 ? 1 : count < 8 ? 2 : 3;
             bar.brush = (cell.kept >= cell.missed ? kKept : kMissed)[shade];
             bar.hasPen = false;
